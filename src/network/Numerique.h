@@ -1,0 +1,20 @@
+// Angles, inverse trigonometry and the checked arithmetic of the computations.
+#pragma once
+
+#include <string>
+
+namespace tournesol {
+
+// The value of pi used by every computation of the system.
+inline constexpr double PI = 3.14159265358979;
+
+double DegToRad(double degres);
+double RadToDeg(double radians);
+
+// Raise error 9 when x * x exceeds 1.
+double ArcSinus(double x);
+double ArcCosinus(double x);
+
+inline double Carre(double x) { return x * x; }
+
+} // namespace tournesol
