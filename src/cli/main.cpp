@@ -34,8 +34,7 @@ int Calc(const std::string& chemin) {
 
 int main(int argc, char** argv) {
     const std::vector<std::string> args(argv + 1, argv + argc);
-    if (args.size() == 2 && args[0] == "calc")
-        return Calc(args[1]);
+    if (args.size() == 2 && args[0] == "calc") return Calc(args[1]);
     if (args.size() == 1 && (args[0] == "--help" || args[0] == "-h")) {
         std::cout << USAGE;
         return 0;

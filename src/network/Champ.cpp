@@ -34,13 +34,10 @@ void ChampEcrire(Champ& champ, std::string_view valeur) {
 
 double ChampLire(Champ& champ) {
     const std::size_t virgule = champ.Texte.find(',');
-    if (virgule != std::string::npos)
-        champ.Texte[virgule] = SeparateurDecimal();
-    if (champ.Texte == "0" || champ.Texte == "," || champ.Texte.empty())
-        return 0.0;
+    if (virgule != std::string::npos) champ.Texte[virgule] = SeparateurDecimal();
+    if (champ.Texte == "0" || champ.Texte == "," || champ.Texte.empty()) return 0.0;
     const auto nombre = LireNombre(champ.Texte);
-    if (!nombre)
-        return 0.0;
+    if (!nombre) return 0.0;
     return ArrondirSelonFormat(*nombre, champ.Format);
 }
 
@@ -52,8 +49,7 @@ void ChampSelection(Champ& champ) {
 std::string Remplacer(std::string_view texte, std::string_view cherche,
                       std::string_view remplacement) {
     std::string resultat(texte);
-    if (cherche.empty())
-        return resultat;
+    if (cherche.empty()) return resultat;
     std::size_t position = resultat.find(cherche);
     while (position != std::string::npos) {
         resultat.replace(position, cherche.size(), remplacement);

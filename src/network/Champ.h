@@ -17,7 +17,7 @@ struct Champ {
     std::string Legende; // caption
     bool Actif = true;   // enabled
     bool Visible = true;
-    int SelDebut = 0;    // selection, in characters
+    int SelDebut = 0; // selection, in characters
     int SelLongueur = 0;
 };
 

@@ -8,7 +8,9 @@
 namespace tournesol {
 
 namespace {
-double Limiter(double v) { return std::clamp(v, -LIMITE_PLAN, LIMITE_PLAN); }
+double Limiter(double v) {
+    return std::clamp(v, -LIMITE_PLAN, LIMITE_PLAN);
+}
 } // namespace
 
 void CplxCart(Complexe& c, double re, double im) {
@@ -33,10 +35,8 @@ void CplxToPolar(Complexe& c) {
     c.Module = std::sqrt(std::fabs(c.Re * c.Re + c.Im * c.Im));
     if (c.Re != 0.0) {
         c.Argument = std::atan(c.Im / c.Re);
-        if (c.Re < 0.0)
-            c.Argument += PI;
-        if (c.Argument < 0.0)
-            c.Argument += 2.0 * PI;
+        if (c.Re < 0.0) c.Argument += PI;
+        if (c.Argument < 0.0) c.Argument += 2.0 * PI;
     } else {
         // A null number, and any point on the negative X axis, points down.
         c.Argument = c.Im > 0.0 ? PI / 2.0 : 3.0 * PI / 2.0;
@@ -48,11 +48,9 @@ void CplxNormalise(Complexe& c) {
         c.Module = -c.Module;
         c.Argument += PI;
     }
-    if (!std::isfinite(c.Argument))
-        return;
+    if (!std::isfinite(c.Argument)) return;
     // Far from the circle, reduce in one step: repeated subtraction would never end.
-    if (std::fabs(c.Argument) > 64.0 * PI)
-        c.Argument = std::fmod(c.Argument, 2.0 * PI);
+    if (std::fabs(c.Argument) > 64.0 * PI) c.Argument = std::fmod(c.Argument, 2.0 * PI);
     while (c.Argument < 0.0)
         c.Argument += 2.0 * PI;
     while (c.Argument >= 2.0 * PI)

@@ -36,7 +36,9 @@ struct Image {
     bool chiffres = false;         // any digit place at all
 };
 
-bool EstChiffre(const Jeton& j) { return j.genre == Genre::Zero || j.genre == Genre::Diese; }
+bool EstChiffre(const Jeton& j) {
+    return j.genre == Genre::Zero || j.genre == Genre::Diese;
+}
 
 std::vector<std::string_view> Sections(std::string_view format) {
     std::vector<std::string_view> sections;
@@ -82,8 +84,7 @@ Image Analyser(std::string_view section) {
             litteral("%");
             break;
         case '\\':
-            if (i + 1 < section.size())
-                litteral(std::string(1, section[++i]));
+            if (i + 1 < section.size()) litteral(std::string(1, section[++i]));
             break;
         case '"': {
             const std::size_t fin = section.find('"', i + 1);
@@ -107,8 +108,7 @@ Image Analyser(std::string_view section) {
     // A space or comma groups digits only between two digit places of the integer part.
     for (std::size_t k = 0; k < image.entier.size(); ++k) {
         Jeton& j = image.entier[k];
-        if (j.genre != Genre::Groupe)
-            continue;
+        if (j.genre != Genre::Groupe) continue;
         bool avant = false, apres = false;
         for (std::size_t a = 0; a < k; ++a)
             avant = avant || EstChiffre(image.entier[a]);
@@ -124,11 +124,9 @@ Image Analyser(std::string_view section) {
     for (const Jeton& j : image.entier)
         image.entiersObligatoires += j.genre == Genre::Zero;
     for (const Jeton& j : image.decimales) {
-        if (!EstChiffre(j))
-            continue;
+        if (!EstChiffre(j)) continue;
         ++image.nbDecimales;
-        if (j.genre == Genre::Zero)
-            image.decimalesObligatoires = image.nbDecimales;
+        if (j.genre == Genre::Zero) image.decimalesObligatoires = image.nbDecimales;
     }
     return image;
 }
@@ -182,8 +180,7 @@ void Decomposer(double valeur, int nbDecimales, std::string& entier, std::string
 std::string Groupe(const std::string& chiffres, char signe) {
     std::string resultat;
     for (std::size_t i = 0; i < chiffres.size(); ++i) {
-        if (i > 0 && (chiffres.size() - i) % 3 == 0)
-            resultat.push_back(signe);
+        if (i > 0 && (chiffres.size() - i) % 3 == 0) resultat.push_back(signe);
         resultat.push_back(chiffres[i]);
     }
     return resultat;
@@ -232,8 +229,7 @@ std::string Generale(double valeur) {
     std::snprintf(tampon, sizeof tampon, "%.*G", CHIFFRES_SIGNIFICATIFS, valeur);
     std::string texte = tampon;
     for (char& c : texte)
-        if (c == '.')
-            c = separateur;
+        if (c == '.') c = separateur;
     return texte;
 }
 
@@ -255,16 +251,18 @@ Choix Choisir(double valeur, std::string_view format) {
 
 } // namespace
 
-char SeparateurDecimal() { return FormaterNombre(0.0, "#.").front(); }
+char SeparateurDecimal() {
+    return FormaterNombre(0.0, "#.").front();
+}
 
-void DefinirSeparateurDecimal(char s) { separateur = s; }
+void DefinirSeparateurDecimal(char s) {
+    separateur = s;
+}
 
 std::string FormaterNombre(double valeur, std::string_view format) {
-    if (!std::isfinite(valeur))
-        return "Overflow";
+    if (!std::isfinite(valeur)) return "Overflow";
     const Choix choix = Choisir(valeur, format);
-    if (choix.section.empty())
-        return Generale(choix.valeur);
+    if (choix.section.empty()) return Generale(choix.valeur);
     const Image image = Analyser(choix.section);
     std::string entier, decimales;
     Decomposer(image.pourcent ? choix.valeur * 100.0 : choix.valeur, image.nbDecimales, entier,
@@ -281,8 +279,7 @@ std::string FormaterNombre(double valeur, std::string_view format) {
 
     std::string texte = negatif ? "-" : "";
     texte += PartieEntiere(image, image.chiffres ? entier : std::string());
-    if (image.point)
-        texte.push_back(separateur);
+    if (image.point) texte.push_back(separateur);
     std::size_t place = 0;
     for (const Jeton& j : image.decimales) {
         if (!EstChiffre(j))
@@ -294,12 +291,10 @@ std::string FormaterNombre(double valeur, std::string_view format) {
 }
 
 double ArrondirSelonFormat(double valeur, std::string_view format) {
-    if (!std::isfinite(valeur))
-        return valeur;
+    if (!std::isfinite(valeur)) return valeur;
     const Choix choix = Choisir(valeur, format);
     const Image image = Analyser(choix.section);
-    if (choix.section.empty() || !image.chiffres)
-        return valeur;
+    if (choix.section.empty() || !image.chiffres) return valeur;
     const double echelle = image.pourcent ? 100.0 : 1.0;
     std::string entier, decimales;
     Decomposer(valeur * echelle, image.nbDecimales, entier, decimales);
@@ -318,8 +313,7 @@ std::optional<double> LireNombre(std::string_view texte) {
     std::string propre;
     for (std::size_t i = 0; i < texte.size(); ++i) {
         const char c = texte[i];
-        if (c == ' ' || c == '\t')
-            continue;
+        if (c == ' ' || c == '\t') continue;
         // No-break spaces (U+00A0, U+202F) group digits in some locales.
         if (c == '\xC2' && i + 1 < texte.size() && texte[i + 1] == '\xA0') {
             ++i;
@@ -332,15 +326,12 @@ std::optional<double> LireNombre(std::string_view texte) {
         }
         propre.push_back(c == separateur ? '.' : c);
     }
-    if (!propre.empty() && propre.front() == '+')
-        propre.erase(0, 1);
-    if (propre.empty() || propre.front() == '+')
-        return std::nullopt;
+    if (!propre.empty() && propre.front() == '+') propre.erase(0, 1);
+    if (propre.empty() || propre.front() == '+') return std::nullopt;
     double valeur = 0.0;
     const char* fin = propre.data() + propre.size();
     const auto [ptr, ec] = std::from_chars(propre.data(), fin, valeur);
-    if (ec != std::errc() || ptr != fin || !std::isfinite(valeur))
-        return std::nullopt;
+    if (ec != std::errc() || ptr != fin || !std::isfinite(valeur)) return std::nullopt;
     return valeur;
 }
 

@@ -15,6 +15,8 @@ double RadToDeg(double radians);
 double ArcSinus(double x);
 double ArcCosinus(double x);
 
-inline double Carre(double x) { return x * x; }
+inline double Carre(double x) {
+    return x * x;
+}
 
 } // namespace tournesol

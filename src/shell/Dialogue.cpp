@@ -5,7 +5,9 @@
 
 namespace tournesol {
 
-void AfficherMessage(Etude& e, Dialogue& d) { d.Message(e.sTitre, e.sMessage, e.IconeMessage); }
+void AfficherMessage(Etude& e, Dialogue& d) {
+    d.Message(e.sTitre, e.sMessage, e.IconeMessage);
+}
 
 void PoserQuestion(Etude& e, Dialogue& d) {
     e.ReponseQuestion =
@@ -35,9 +37,13 @@ bool DialogueSansFenetre::Sablier(bool actif) {
     return avant;
 }
 
-int DialogueSansFenetre::Repondre(const MessageAffiche&) { return 0; }
+int DialogueSansFenetre::Repondre(const MessageAffiche&) {
+    return 0;
+}
 
-void DialogueSansFenetre::Piloter(Panneau& panneau) { panneau.Valider(); }
+void DialogueSansFenetre::Piloter(Panneau& panneau) {
+    panneau.Valider();
+}
 
 void DialogueScripte::AjouterReponses(std::initializer_list<int> reponses) {
     reponses_.insert(reponses_.end(), reponses);
@@ -48,8 +54,7 @@ void DialogueScripte::QuandPanneau(const std::string& nom, std::function<void(Pa
 }
 
 int DialogueScripte::Repondre(const MessageAffiche& question) {
-    if (reponses_.empty())
-        return DialogueSansFenetre::Repondre(question);
+    if (reponses_.empty()) return DialogueSansFenetre::Repondre(question);
     const int r = reponses_.front();
     reponses_.pop_front();
     return r;

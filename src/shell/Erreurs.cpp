@@ -15,10 +15,8 @@ int erreurEnAttente = 0;
 constexpr int DRAPEAUX_FPU = FE_DIVBYZERO | FE_OVERFLOW | FE_INVALID;
 
 int NumeroDesDrapeaux(int drapeaux) {
-    if (drapeaux & FE_DIVBYZERO)
-        return ERR_DIVISION;
-    if (drapeaux & (FE_OVERFLOW | FE_INVALID))
-        return ERR_DEPASSEMENT;
+    if (drapeaux & FE_DIVBYZERO) return ERR_DIVISION;
+    if (drapeaux & (FE_OVERFLOW | FE_INVALID)) return ERR_DEPASSEMENT;
     return 0;
 }
 } // namespace
@@ -26,7 +24,9 @@ int NumeroDesDrapeaux(int drapeaux) {
 ErreurExecution::ErreurExecution(int numero)
     : std::runtime_error(TexteErreur(numero)), numero_(numero) {}
 
-void LeverErreur(int numero) { throw ErreurExecution(numero); }
+void LeverErreur(int numero) {
+    throw ErreurExecution(numero);
+}
 
 std::string TexteErreur(int numero) {
     switch (numero) {
@@ -48,20 +48,17 @@ std::string TexteErreur(int numero) {
 }
 
 double Div(double a, double b) {
-    if (b == 0.0)
-        LeverErreur(a == 0.0 || std::isnan(a) ? ERR_DEPASSEMENT : ERR_DIVISION);
+    if (b == 0.0) LeverErreur(a == 0.0 || std::isnan(a) ? ERR_DEPASSEMENT : ERR_DIVISION);
     return Verifier(a / b);
 }
 
 double Verifier(double x) {
-    if (!std::isfinite(x))
-        LeverErreur(ERR_DEPASSEMENT);
+    if (!std::isfinite(x)) LeverErreur(ERR_DEPASSEMENT);
     return x;
 }
 
 double Racine(double x) {
-    if (x < 0.0)
-        LeverErreur(ERR_ARGUMENT);
+    if (x < 0.0) LeverErreur(ERR_ARGUMENT);
     return std::sqrt(x);
 }
 
@@ -79,31 +76,33 @@ int ExecuterEtape(const std::function<void()>& etape) {
         numero = ERR_MEMOIRE;
     }
     std::feclearexcept(DRAPEAUX_FPU);
-    if (avant != 0)
-        std::feraiseexcept(avant);
+    if (avant != 0) std::feraiseexcept(avant);
     return numero;
 }
 
 bool ExecuterCalcul(Etude& e, const std::function<void()>& calcul) {
     const int numero = ExecuterEtape(calcul);
-    if (numero != 0)
-        e.ErrCalcul = static_cast<int16_t>(numero);
+    if (numero != 0) e.ErrCalcul = static_cast<int16_t>(numero);
     return numero == 0;
 }
 
-int ErreurEnAttente() { return erreurEnAttente; }
-void DefinirErreurEnAttente(int numero) { erreurEnAttente = numero; }
-void EffacerErreurEnAttente() { erreurEnAttente = 0; }
+int ErreurEnAttente() {
+    return erreurEnAttente;
+}
+void DefinirErreurEnAttente(int numero) {
+    erreurEnAttente = numero;
+}
+void EffacerErreurEnAttente() {
+    erreurEnAttente = 0;
+}
 
 void ContinuerSurErreur(const std::function<void()>& instruction) {
     const int numero = ExecuterEtape(instruction);
-    if (numero != 0)
-        erreurEnAttente = numero;
+    if (numero != 0) erreurEnAttente = numero;
 }
 
 void SignalerErreurCalcul(Etude& e, Dialogue& d) {
-    if (!e.ShowValeurs)
-        return;
+    if (!e.ShowValeurs) return;
     std::string cause;
     switch (e.ErrCalcul) {
     case ERR_DEPASSEMENT:
@@ -123,8 +122,7 @@ void SignalerErreurCalcul(Etude& e, Dialogue& d) {
     e.sMessage = "The reckon is impossible with the entered data.\r\n\r\n(" + cause + ")";
     e.IconeMessage = 1;
     AfficherMessage(e, d);
-    if (e.ErrCalcul != ERR_SIGNALEE)
-        e.ErrCalcul = ERR_SIGNALEE;
+    if (e.ErrCalcul != ERR_SIGNALEE) e.ErrCalcul = ERR_SIGNALEE;
 }
 
 } // namespace tournesol

@@ -11,12 +11,12 @@ namespace tournesol {
 struct Etude;
 class Dialogue;
 
-inline constexpr int ERR_ARGUMENT = 5;     // invalid argument (square root of a negative)
-inline constexpr int ERR_DEPASSEMENT = 6;  // overflow, and 0 / 0
-inline constexpr int ERR_MEMOIRE = 7;      // out of memory
-inline constexpr int ERR_INDICE = 9;       // ArcSinus / ArcCosinus out of [-1, 1]
-inline constexpr int ERR_DIVISION = 11;    // a non-zero number divided by zero
-inline constexpr int ERR_SIGNALEE = -1;    // an error already reported to the user
+inline constexpr int ERR_ARGUMENT = 5;    // invalid argument (square root of a negative)
+inline constexpr int ERR_DEPASSEMENT = 6; // overflow, and 0 / 0
+inline constexpr int ERR_MEMOIRE = 7;     // out of memory
+inline constexpr int ERR_INDICE = 9;      // ArcSinus / ArcCosinus out of [-1, 1]
+inline constexpr int ERR_DIVISION = 11;   // a non-zero number divided by zero
+inline constexpr int ERR_SIGNALEE = -1;   // an error already reported to the user
 
 // The failure of a step, carrying its run-time number. Only guarded steps catch it.
 class ErreurExecution : public std::runtime_error {

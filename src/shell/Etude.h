@@ -260,7 +260,7 @@ inline constexpr int NOMBRE_REGLES = 100;
 #define TOURNESOL_DECLARER(type, nom) type nom{};
 
 // Each relay's own variables sit in a record of that relay, listed in its RELAIS_..._VARIABLES.
-#define TOURNESOL_RELAIS_RECORD(Enregistrement, LISTE)                                            \
+#define TOURNESOL_RELAIS_RECORD(Enregistrement, LISTE)                                             \
     struct Enregistrement {                                                                        \
         LISTE(TOURNESOL_DECLARER)                                                                  \
         template <class V> void Visiter(V&& v) {                                                   \
@@ -300,7 +300,7 @@ inline constexpr int NOMBRE_REGLES = 100;
     X(12, RelaisS321, S321, RELAIS_S321_VARIABLES)
 // clang-format on
 
-#define TOURNESOL_RELAIS_STRUCT(id, Enregistrement, membre, LISTE)                                \
+#define TOURNESOL_RELAIS_STRUCT(id, Enregistrement, membre, LISTE)                                 \
     TOURNESOL_RELAIS_RECORD(Enregistrement, LISTE)
 TOURNESOL_RELAIS(TOURNESOL_RELAIS_STRUCT)
 #undef TOURNESOL_RELAIS_STRUCT
@@ -313,12 +313,14 @@ struct Etude {
 #undef TOURNESOL_RELAIS_MEMBRE
 
     // Every shared variable, as v(name, reference).
-    template <class V> void Visiter(V&& v) { TOURNESOL_ETUDE_VARIABLES(TOURNESOL_VISITER_MEMBRE) }
+    template <class V> void Visiter(V&& v) {
+        TOURNESOL_ETUDE_VARIABLES(TOURNESOL_VISITER_MEMBRE)
+    }
 
     // The own variables of the relay `id` (1 to 12); nothing for another number.
     template <class V> void VisiterRelais(int id, V&& v) {
         switch (id) {
-#define TOURNESOL_RELAIS_CAS(num, Enregistrement, membre, LISTE)                                  \
+#define TOURNESOL_RELAIS_CAS(num, Enregistrement, membre, LISTE)                                   \
     case num:                                                                                      \
         membre.Visiter(v);                                                                         \
         break;
@@ -331,6 +333,8 @@ struct Etude {
 };
 
 // A Boolean as the system stores it: true -1, false 0.
-constexpr Entier16 EnEntier(Booleen b) { return b ? -1 : 0; }
+constexpr Entier16 EnEntier(Booleen b) {
+    return b ? -1 : 0;
+}
 
 } // namespace tournesol

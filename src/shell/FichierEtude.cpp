@@ -23,17 +23,16 @@ constexpr const char* CLE_DRAPEAUX = "DiagDrapeaux";
 constexpr const char* CLE_VALEURS = "DiagValeurs";
 
 [[noreturn]] void Refuser(const std::string& cle, const std::string& attendu, const Json& j) {
-    throw ErreurFichierEtude("key \"" + cle + "\": expected " + attendu + ", found " +
-                             (j.is_number() ? "the number " + j.dump() : std::string(j.type_name())));
+    throw ErreurFichierEtude(
+        "key \"" + cle + "\": expected " + attendu + ", found " +
+        (j.is_number() ? "the number " + j.dump() : std::string(j.type_name())));
 }
 
 // ---- JSON to values ----
 
 double Nombre(const Json& j, const std::string& cle) {
-    if (j.is_null())
-        return std::numeric_limits<double>::quiet_NaN();
-    if (!j.is_number())
-        Refuser(cle, "a number", j);
+    if (j.is_null()) return std::numeric_limits<double>::quiet_NaN();
+    if (!j.is_number()) Refuser(cle, "a number", j);
     return j.get<double>();
 }
 
@@ -64,7 +63,9 @@ void Lire(const Json& j, const std::string& cle, Entier16& v) {
 void Lire(const Json& j, const std::string& cle, Entier32& v) {
     v = EntierDe<Entier32>(j, cle, "a 32-bit integer");
 }
-void Lire(const Json& j, const std::string& cle, Reel& v) { v = Nombre(j, cle); }
+void Lire(const Json& j, const std::string& cle, Reel& v) {
+    v = Nombre(j, cle);
+}
 void Lire(const Json& j, const std::string& cle, Reel32& v) {
     const double d = Nombre(j, cle);
     if (std::isfinite(d) && std::fabs(d) > std::numeric_limits<float>::max())
@@ -72,8 +73,7 @@ void Lire(const Json& j, const std::string& cle, Reel32& v) {
     v = static_cast<float>(d);
 }
 void Lire(const Json& j, const std::string& cle, Texte& v) {
-    if (!j.is_string())
-        Refuser(cle, "a text", j);
+    if (!j.is_string()) Refuser(cle, "a text", j);
     v = j.get<std::string>();
 }
 void Lire(const Json& j, const std::string& cle, Complexe& v) {
@@ -93,13 +93,20 @@ void Lire(const Json& j, const std::string& cle, std::array<T, N>& v) {
 
 // ---- values to JSON ----
 
-Json Ecrire(Booleen v) { return v; }
-Json Ecrire(Entier16 v) { return v; }
-Json Ecrire(Entier32 v) { return v; }
-Json Ecrire(Reel v) { return std::isfinite(v) ? Json(v) : Json(nullptr); }
+Json Ecrire(Booleen v) {
+    return v;
+}
+Json Ecrire(Entier16 v) {
+    return v;
+}
+Json Ecrire(Entier32 v) {
+    return v;
+}
+Json Ecrire(Reel v) {
+    return std::isfinite(v) ? Json(v) : Json(nullptr);
+}
 Json Ecrire(Reel32 v) {
-    if (!std::isfinite(v))
-        return nullptr;
+    if (!std::isfinite(v)) return nullptr;
     // The shortest text that reads back to the same float, kept as the double it spells.
     char tampon[32];
     const auto fin = std::to_chars(tampon, tampon + sizeof tampon, v).ptr;
@@ -107,8 +114,12 @@ Json Ecrire(Reel32 v) {
     std::from_chars(tampon, fin, d);
     return d;
 }
-Json Ecrire(const Texte& v) { return v; }
-Json Ecrire(const Complexe& v) { return Json::array({Ecrire(v.Re), Ecrire(v.Im)}); }
+Json Ecrire(const Texte& v) {
+    return v;
+}
+Json Ecrire(const Complexe& v) {
+    return Json::array({Ecrire(v.Re), Ecrire(v.Im)});
+}
 template <class T, std::size_t N> Json Ecrire(const std::array<T, N>& v) {
     Json tableau = Json::array();
     for (const T& x : v)
@@ -119,8 +130,7 @@ template <class T, std::size_t N> Json Ecrire(const std::array<T, N>& v) {
 // ---- the rule flags and their limits: the rule numbers that are set ----
 
 void LireDrapeaux(const Json& j, Booleens100& drapeaux) {
-    if (!j.is_array())
-        Refuser(CLE_DRAPEAUX, "the list of the rule numbers that are set", j);
+    if (!j.is_array()) Refuser(CLE_DRAPEAUX, "the list of the rule numbers that are set", j);
     drapeaux.fill(false);
     for (const Json& n : j) {
         const auto regle = EntierDe<Entier16>(n, CLE_DRAPEAUX, "a rule number from 1 to 100");
@@ -131,13 +141,11 @@ void LireDrapeaux(const Json& j, Booleens100& drapeaux) {
 }
 
 void LireValeurs(const Json& j, Reels100& valeurs) {
-    if (!j.is_object())
-        Refuser(CLE_VALEURS, "an object from rule numbers to limits", j);
+    if (!j.is_object()) Refuser(CLE_VALEURS, "an object from rule numbers to limits", j);
     for (const auto& [regle, valeur] : j.items()) {
         int n = 0;
         const auto [fin, ec] = std::from_chars(regle.data(), regle.data() + regle.size(), n);
-        if (ec != std::errc() || fin != regle.data() + regle.size() || n < 1 ||
-            n > NOMBRE_REGLES)
+        if (ec != std::errc() || fin != regle.data() + regle.size() || n < 1 || n > NOMBRE_REGLES)
             throw ErreurFichierEtude("key \"" + std::string(CLE_VALEURS) + "\": \"" + regle +
                                      "\" is not a rule number from 1 to 100");
         valeurs[static_cast<std::size_t>(n - 1)] =
@@ -148,8 +156,7 @@ void LireValeurs(const Json& j, Reels100& valeurs) {
 Json EcrireDrapeaux(const Etude& e) {
     Json liste = Json::array();
     for (int n = 1; n <= NOMBRE_REGLES; ++n)
-        if (e.DiagDrapeaux[static_cast<std::size_t>(n - 1)])
-            liste.push_back(n);
+        if (e.DiagDrapeaux[static_cast<std::size_t>(n - 1)]) liste.push_back(n);
     return liste;
 }
 
@@ -183,8 +190,7 @@ std::map<std::string, Lecteur> Lecteurs(Etude& e, int id) {
     lecteurs[CLE_DRAPEAUX] = [&e](const Json& j) { LireDrapeaux(j, e.DiagDrapeaux); };
     lecteurs[CLE_VALEURS] = [&e](const Json& j) { LireValeurs(j, e.DiagValeurs); };
     lecteurs[CLE_MESSAGES] = [](const Json& j) {
-        if (!j.is_array())
-            Refuser(CLE_MESSAGES, "a list of messages", j);
+        if (!j.is_array()) Refuser(CLE_MESSAGES, "a list of messages", j);
     };
     return lecteurs;
 }
@@ -193,8 +199,7 @@ std::string PositionLisible(const nlohmann::json::parse_error& err) {
     // The library's text says where ("at line 3, column 14") and what; drop its own prefix.
     std::string texte = err.what();
     const std::size_t debut = texte.find("] ");
-    if (debut != std::string::npos)
-        texte.erase(0, debut + 2);
+    if (debut != std::string::npos) texte.erase(0, debut + 2);
     return "malformed JSON: " + texte;
 }
 
@@ -218,8 +223,7 @@ void LireEtude(const std::string& texte, Etude& e) {
     const auto lecteurs = Lecteurs(lue, lue.id_protection);
     for (const auto& [cle, valeur] : j.items()) {
         const auto lecteur = lecteurs.find(cle);
-        if (lecteur == lecteurs.end())
-            throw ErreurFichierEtude("unknown key \"" + cle + "\"");
+        if (lecteur == lecteurs.end()) throw ErreurFichierEtude("unknown key \"" + cle + "\"");
         lecteur->second(valeur);
     }
     e = std::move(lue);
@@ -227,12 +231,10 @@ void LireEtude(const std::string& texte, Etude& e) {
 
 void LireFichierEtude(const std::filesystem::path& chemin, Etude& e) {
     std::ifstream fichier(chemin, std::ios::binary);
-    if (!fichier)
-        throw ErreurFichierEtude("cannot read the file " + chemin.string());
+    if (!fichier) throw ErreurFichierEtude("cannot read the file " + chemin.string());
     std::ostringstream contenu;
     contenu << fichier.rdbuf();
-    if (fichier.bad())
-        throw ErreurFichierEtude("cannot read the file " + chemin.string());
+    if (fichier.bad()) throw ErreurFichierEtude("cannot read the file " + chemin.string());
     LireEtude(contenu.str(), e);
 }
 

@@ -11,13 +11,13 @@ struct Etude;
 // Captions of the relay choice's twelve option buttons, by id_protection - 1: the one source
 // of the relays' names.
 inline constexpr std::array<std::string_view, 12> LEGENDES_PROTECTION = {
-    "SA 511", "EPAC",    "PD3A", "PDS",  "PXLC", "PXLP",
-    "PXLN",   "RAZOA",   "REL 100", "REZ1", "RXAP", "S321-5"};
+    "SA 511", "EPAC",  "PD3A",    "PDS",  "PXLC", "PXLP",
+    "PXLN",   "RAZOA", "REL 100", "REZ1", "RXAP", "S321-5"};
 
 // The panel of each relay, by id_protection - 1.
 inline constexpr std::array<std::string_view, 12> PANNEAUX_PROTECTION = {
-    "frmsa511", "frmEpac",  "frmPD3A",   "frmPDS",   "frmPXLC", "frmPXLP",
-    "frmPXLN",  "frmRAZOA", "frmREL100", "frmREZ1",  "frmRXAP", "frmS321"};
+    "frmsa511", "frmEpac",  "frmPD3A",   "frmPDS",  "frmPXLC", "frmPXLP",
+    "frmPXLN",  "frmRAZOA", "frmREL100", "frmREZ1", "frmRXAP", "frmS321"};
 
 // Columns of ReportAdmis, which are also the values of TypeReportCharge.
 inline constexpr int REPORT_TRIPHASE = 0;

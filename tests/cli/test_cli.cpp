@@ -21,8 +21,7 @@ Resultat Lancer(const std::string& arguments) {
         std::string(TOURNESOL_CLI) + " " + arguments + " 2>" + erreurs.string();
     Resultat r;
     FILE* tube = popen(commande.c_str(), "r");
-    if (!tube)
-        return r;
+    if (!tube) return r;
     char tampon[4096];
     std::size_t n = 0;
     while ((n = fread(tampon, 1, sizeof tampon, tube)) > 0)

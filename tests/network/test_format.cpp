@@ -163,8 +163,8 @@ TEST(Champ, AllerRetourAleatoire) {
     std::mt19937_64 hasard(20261123);
     std::uniform_real_distribution<double> exposant(-8.0, 9.0);
     std::uniform_int_distribution<int> pile(0, 1);
-    const char* formats[] = {"##0.00", "#0.0#", "# ##0", "0.0",   "##0.##", "###0",
-                             "0.000",  "#0.###", "00",   "##0.000", "#0",    "0.0#"};
+    const char* formats[] = {"##0.00", "#0.0#",  "# ##0", "0.0",     "##0.##", "###0",
+                             "0.000",  "#0.###", "00",    "##0.000", "#0",     "0.0#"};
     for (int i = 0; i < 20000; ++i) {
         const double x = (pile(hasard) ? -1.0 : 1.0) * std::pow(10.0, exposant(hasard));
         for (const char* f : formats) {
@@ -188,7 +188,7 @@ TEST(Champ, AllerRetourAleatoire) {
         for (std::size_t n = longueur(hasard); n > 0; --n)
             c.Texte.push_back(lettres[choix(hasard)]);
         ASSERT_TRUE(std::isfinite(ChampLire(c))) << c.Texte;
-        ASSERT_FALSE(FormaterNombre(std::ldexp(1.0, static_cast<int>(i % 2000) - 1000), c.Format)
-                         .empty());
+        ASSERT_FALSE(
+            FormaterNombre(std::ldexp(1.0, static_cast<int>(i % 2000) - 1000), c.Format).empty());
     }
 }

@@ -18,7 +18,7 @@ TEST(Etude, ValeursDeDepartEtRegistre) {
     EXPECT_TRUE(e.NomsProtection[0].empty());
 
     InitRegistre(e);
-    const char* noms[] = {"SA 511", "EPAC", "PD3A",  "PDS",  "PXLC", "PXLP",
+    const char* noms[] = {"SA 511", "EPAC",  "PD3A",    "PDS",  "PXLC", "PXLP",
                           "PXLN",   "RAZOA", "REL 100", "REZ1", "RXAP", "S321-5"};
     const std::set<int> sansMono = {1, 2, 6, 7, 11};
     for (int id = 1; id <= 12; ++id) {
@@ -92,8 +92,7 @@ TEST(FichierEtude, RefusClairSansRienChanger) {
             LireEtude(c.json, e);
             ADD_FAILURE() << "accepted: " << c.json;
         } catch (const ErreurFichierEtude& err) {
-            EXPECT_NE(std::string(err.what()).find(c.message), std::string::npos)
-                << err.what();
+            EXPECT_NE(std::string(err.what()).find(c.message), std::string::npos) << err.what();
         }
         EXPECT_EQ(e.Ligne_Tl, 3) << c.json;
         EXPECT_TRUE(e.NomPoste.empty()) << c.json;
@@ -129,7 +128,8 @@ TEST(Dialogue, SansFenetreEtScripte) {
 
     DialogueScripte script;
     script.AjouterReponses({1});
-    script.QuandPanneau("frmEssai", [](Panneau& panneau) { panneau.Trouver("txtValeur")->Texte = "2"; });
+    script.QuandPanneau("frmEssai",
+                        [](Panneau& panneau) { panneau.Trouver("txtValeur")->Texte = "2"; });
     PoserQuestion(e, script);
     EXPECT_EQ(e.ReponseQuestion, 1);
     PoserQuestion(e, script); // the script ran out: first button

@@ -18,12 +18,12 @@ VueEtude::VueEtude(const Etude& e, QWidget* parent) : QMainWindow(parent) {
     setWindowTitle(QStringLiteral("TOURNESOL [%1]").arg(QString::fromStdString(e.NomPoste)));
     auto* centre = new QWidget(this);
     auto* pile = new QVBoxLayout(centre);
-    auto* titre = new QLabel(QStringLiteral("%1 - %2    %3 n° %4")
-                                 .arg(QString::fromStdString(e.NomPoste),
-                                      QString::fromStdString(e.NomDepart),
-                                      QString::fromStdString(e.NomProtection))
-                                 .arg(e.id_numero),
-                             centre);
+    auto* titre =
+        new QLabel(QStringLiteral("%1 - %2    %3 n° %4")
+                       .arg(QString::fromStdString(e.NomPoste), QString::fromStdString(e.NomDepart),
+                            QString::fromStdString(e.NomProtection))
+                       .arg(e.id_numero),
+                   centre);
     titre->setObjectName(QStringLiteral("lblLigne"));
     pile->addWidget(titre);
 
