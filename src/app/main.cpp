@@ -1,7 +1,9 @@
 // tournesol: the engineer's desktop tool.
 #include "network/Format.h"
+#include "shell/Dialogue.h"
 #include "shell/Etude.h"
 #include "shell/FichierEtude.h"
+#include "shell/Ouverture.h"
 #include "shell/Registre.h"
 #include "shell/views/VueEtude.h"
 
@@ -19,6 +21,7 @@ int main(int argc, char** argv) {
 
     tournesol::Etude etude;
     tournesol::InitRegistre(etude);
+    tournesol::PreparerOuverture(etude);
 
     // A study file named on the command line, else the bundled example study.
     const QStringList args = QApplication::arguments();
@@ -35,6 +38,11 @@ int main(int argc, char** argv) {
                               QString::fromStdString(err.what()));
         return 1;
     }
+    // Until the working window drives them, the panels of the opening are confirmed unchanged.
+    tournesol::OptionsReport options;
+    options.Choisir(etude.TypeReportCharge);
+    tournesol::DialogueSansFenetre dialogue;
+    tournesol::InitEtude(etude, dialogue, options);
     tournesol::VueEtude fenetre(etude);
     fenetre.show();
     return QApplication::exec();

@@ -2,6 +2,7 @@
 #include "shell/Dialogue.h"
 #include "shell/Etude.h"
 #include "shell/FichierEtude.h"
+#include "shell/Ouverture.h"
 #include "shell/Registre.h"
 
 #include <iostream>
@@ -12,20 +13,27 @@ namespace {
 
 constexpr int SORTIE_USAGE = 2;
 
-const char* const USAGE = "usage: tournesol-cli calc STUDY.json\n"
-                          "  calc   reads a study file, runs the study and prints it as JSON\n";
+const char* const USAGE =
+    "usage: tournesol-cli calc STUDY.json\n"
+    "  calc   reads a study file, runs it from Open to the first drawing and prints the\n"
+    "         resulting study as JSON\n";
 
 int Calc(const std::string& chemin) {
     using namespace tournesol;
     Etude e;
     InitRegistre(e);
+    PreparerOuverture(e);
     try {
         LireFichierEtude(chemin, e);
     } catch (const ErreurFichierEtude& err) {
         std::cerr << "tournesol-cli: " << chemin << ": " << err.what() << "\n";
         return SORTIE_USAGE;
     }
+    // The working window shows the study's report case.
+    OptionsReport options;
+    options.Choisir(e.TypeReportCharge);
     DialogueSansFenetre dialogue;
+    InitEtude(e, dialogue, options);
     std::cout << EcrireEtude(e, dialogue.Messages());
     return 0;
 }

@@ -17,7 +17,8 @@ struct Champ {
     std::string Legende; // caption
     bool Actif = true;   // enabled
     bool Visible = true;
-    int SelDebut = 0; // selection, in characters
+    bool Valeur = false; // an option or check box: pressed
+    int SelDebut = 0;    // selection, in characters
     int SelLongueur = 0;
 };
 

@@ -101,10 +101,9 @@ void ContinuerSurErreur(const std::function<void()>& instruction) {
     if (numero != 0) erreurEnAttente = numero;
 }
 
-void SignalerErreurCalcul(Etude& e, Dialogue& d) {
-    if (!e.ShowValeurs) return;
+std::string MessageErreurCalcul(int numero) {
     std::string cause;
-    switch (e.ErrCalcul) {
+    switch (numero) {
     case ERR_DEPASSEMENT:
         cause = "overflow";
         break;
@@ -115,13 +114,22 @@ void SignalerErreurCalcul(Etude& e, Dialogue& d) {
         cause = "Division by zero";
         break;
     default:
-        cause = "Error \"" + TexteErreur(e.ErrCalcul) + "\"";
+        cause = "Error \"" + TexteErreur(numero) + "\"";
         break;
     }
+    return "The reckon is impossible with the entered data.\r\n\r\n(" + cause + ")";
+}
+
+void MontrerErreurCalcul(Etude& e, Dialogue& d) {
     e.sTitre = "TOURNESOL : Attention !";
-    e.sMessage = "The reckon is impossible with the entered data.\r\n\r\n(" + cause + ")";
+    e.sMessage = MessageErreurCalcul(e.ErrCalcul);
     e.IconeMessage = 1;
     AfficherMessage(e, d);
+}
+
+void SignalerErreurCalcul(Etude& e, Dialogue& d) {
+    if (!e.ShowValeurs) return;
+    MontrerErreurCalcul(e, d);
     if (e.ErrCalcul != ERR_SIGNALEE) e.ErrCalcul = ERR_SIGNALEE;
 }
 

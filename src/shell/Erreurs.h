@@ -58,7 +58,12 @@ void EffacerErreurEnAttente();
 // Runs a statement; a failure becomes the pending error instead of stopping the caller.
 void ContinuerSurErreur(const std::function<void()>& instruction);
 
-// Tells the user that the computation failed, by ErrCalcul, when ShowValeurs is set.
+// The message of a failed computation, with its cause.
+std::string MessageErreurCalcul(int numero);
+// Shows that message for ErrCalcul.
+void MontrerErreurCalcul(Etude& e, Dialogue& d);
+// Tells the user that the computation failed, by ErrCalcul, when ShowValeurs is set; the
+// error then becomes -1, so that a second report no longer shows its number.
 void SignalerErreurCalcul(Etude& e, Dialogue& d);
 
 } // namespace tournesol

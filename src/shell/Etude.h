@@ -117,7 +117,32 @@ inline constexpr int NOMBRE_REGLES = 100;
     X(Reel, Ligne_XSmini) \
     X(Reel, Ligne_XS) \
     X(Entiers16x3, Ligne_Ex) \
-    X(Reel, Ligne_itclient)
+    X(Reel, Ligne_itclient) \
+    TOURNESOL_ETUDE_COURANTS_DEFAUT(X)
+
+// Fault currents of a three-ended line from a short-circuit study, in A: the end where the
+// current is seen, the end of the section at fault, M single phase or T three phase fault.
+#define TOURNESOL_ETUDE_COURANTS_DEFAUT(X) \
+    X(Reel, Ligne_ICCACM) \
+    X(Reel, Ligne_ICCBCM) \
+    X(Reel, Ligne_ICCABM) \
+    X(Reel, Ligne_ICCCBM) \
+    X(Reel, Ligne_ICCACT) \
+    X(Reel, Ligne_ICCBCT) \
+    X(Reel, Ligne_ICCABT) \
+    X(Reel, Ligne_ICCCBT) \
+    X(Reel, Ligne_IPCACM) \
+    X(Reel, Ligne_IPCBCM) \
+    X(Reel, Ligne_IPCBAM) \
+    X(Reel, Ligne_IPCCAM) \
+    X(Reel, Ligne_IPCCBM) \
+    X(Reel, Ligne_IPCABM) \
+    X(Reel, Ligne_IPCACT) \
+    X(Reel, Ligne_IPCBCT) \
+    X(Reel, Ligne_IPCBAT) \
+    X(Reel, Ligne_IPCCAT) \
+    X(Reel, Ligne_IPCCBT) \
+    X(Reel, Ligne_IPCABT)
 
 #define TOURNESOL_ETUDE_NOMS(X) \
     X(Texte, NomPoste) \
@@ -246,7 +271,14 @@ inline constexpr int NOMBRE_REGLES = 100;
     X(Booleen, Pompage) \
     X(Reel32, Rreg_BT) \
     X(Reel32, Rreg_HT) \
-    X(Complexes9, PointsTransit)
+    X(Complexes9, PointsTransit) \
+    X(Reel, Ceq) \
+    X(Booleen, fNoIntersect) \
+    X(Booleen, fNoUp) \
+    X(Booleen, fNoDown) \
+    X(Booleen, fNoP) \
+    X(Booleen, CRtCalcule) \
+    X(Booleen, CRmCalcule)
 
 #define TOURNESOL_ETUDE_VARIABLES(X) \
     TOURNESOL_ETUDE_FLUX(X) \

@@ -1,0 +1,44 @@
+// The whole opening sequence on each example study: the line computation for the three report
+// cases, the load report panel where it comes up, and the transit area of the case in force.
+#include "shell/Dialogue.h"
+#include "shell/Etude.h"
+#include "shell/FichierEtude.h"
+#include "shell/Ouverture.h"
+#include "shell/Registre.h"
+
+#include <benchmark/benchmark.h>
+#include <filesystem>
+
+using namespace tournesol;
+
+namespace {
+
+Etude Charger(const std::string& nom) {
+    Etude e;
+    InitRegistre(e);
+    PreparerOuverture(e);
+    LireFichierEtude(std::filesystem::path(TOURNESOL_EXEMPLES) / nom, e);
+    return e;
+}
+
+void BM_Ouverture(benchmark::State& state, const std::string& nom) {
+    const Etude modele = Charger(nom);
+    for (auto _ : state) {
+        Etude e = modele;
+        OptionsReport options;
+        options.Choisir(e.TypeReportCharge);
+        DialogueSansFenetre d;
+        InitEtude(e, d, options);
+        benchmark::DoNotOptimize(e.PointsTransit);
+    }
+}
+
+} // namespace
+
+BENCHMARK_CAPTURE(BM_Ouverture, maillee_225kV, std::string("champagnier-grande-ile-225kV.json"));
+BENCHMARK_CAPTURE(BM_Ouverture, double_400kV, std::string("chesnoy-villevaude-400kV-double.json"));
+BENCHMARK_CAPTURE(BM_Ouverture, client_63kV,
+                  std::string("saint-marcel-papeteries-63kV-client.json"));
+BENCHMARK_CAPTURE(BM_Ouverture, trois_bouts_90kV,
+                  std::string("beaurepaire-montmeyran-laroche-90kV-3bouts.json"));
+BENCHMARK_CAPTURE(BM_Ouverture, centrale_225kV, std::string("saint-alban-centrale-225kV.json"));

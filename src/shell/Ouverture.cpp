@@ -1,0 +1,163 @@
+#include "shell/Ouverture.h"
+
+#include "network/Calcul.h"
+#include "network/Transit.h"
+#include "shell/Dialogue.h"
+#include "shell/Erreurs.h"
+#include "shell/Etude.h"
+#include "shell/Panneau.h"
+#include "shell/Registre.h"
+
+namespace tournesol {
+
+namespace {
+std::array<FabriquePanneauRelais, NOMBRE_RELAIS> fabriques{};
+
+bool RelaisConnu(int id) {
+    return id >= 1 && id <= NOMBRE_RELAIS;
+}
+} // namespace
+
+void OptionsReport::Choisir(int cas) {
+    Coche.fill(false);
+    if (cas >= 0 && cas < 3) Coche[static_cast<std::size_t>(cas)] = true;
+}
+
+int OptionsReport::Cas() const {
+    for (int cas = 0; cas < 3; ++cas)
+        if (Coche[static_cast<std::size_t>(cas)]) return cas;
+    return 0;
+}
+
+void AppliquerReports(const Etude& e, OptionsReport& options) {
+    if (e.Ligne_alim == 0) {
+        for (std::size_t cas = 0; cas < 3; ++cas)
+            options.Actif[cas] = !RelaisConnu(e.id_protection) ||
+                                 e.ReportAdmis[static_cast<std::size_t>(e.id_protection - 1)][cas];
+    } else if (e.Ligne_alim >= 1 && e.Ligne_alim <= 3) {
+        options.Actif = {false, false, true};
+    }
+}
+
+double CourantDuCas(const Etude& e, int cas) {
+    switch (cas) {
+    case REPORT_TRIPHASE:
+        return e.Ligne_Ittri;
+    case REPORT_MONOPHASE:
+        return e.Ligne_Itmono;
+    default:
+        if (e.Ligne_alim == 0) return e.Ligne_Itmax;
+        if (e.Ligne_alim == 3) return e.Ligne_itclient;
+        return e.It;
+    }
+}
+
+void PreparerOuverture(Etude& e) {
+    e.Ligne_Ex = {1, 2, 3};
+}
+
+void InitEtude(Etude& e, Dialogue& d, OptionsReport& options) {
+    e.TransitOK1 = true;
+    e.TransitOK2 = true;
+    // A factor the study already holds counts as worked out: the load report panel then keeps
+    // it instead of computing it anew.
+    e.CRtCalcule = e.Ligne_CRt != 0.0;
+    e.CRmCalcule = e.Ligne_CRm != 0.0;
+    if (!e.NouvelleLigne) {
+        e.ReportsCalcules = false;
+        e.ShowValeurs = false;
+        const Entier16 ancien = e.TypeReportCharge;
+        for (int cas = 0; cas < 3; ++cas) {
+            e.TypeReportCharge = static_cast<Entier16>(cas);
+            e.It = CourantDuCas(e, cas);
+            Calcul(e, d);
+        }
+        e.TypeReportCharge = ancien;
+        e.ReportsCalcules = true;
+        e.RelaisPret = false;
+        OuvrirPanneau(e, d, options, true);
+    }
+    e.TypeReportCharge = static_cast<Entier16>(options.Cas());
+    CalculerEtTracer(e, d, options);
+    e.EtudeModifiee = false;
+    e.ProtectionInconnue = false;
+}
+
+void CalculerEtTracer(Etude& e, Dialogue& /*d*/, OptionsReport& options) {
+    AppliquerReports(e, options);
+    e.TypeReportCharge = static_cast<Entier16>(options.Cas());
+    e.It = CourantDuCas(e, e.TypeReportCharge);
+    TransitCalc(e);
+    e.TransitOK1 = true;
+    e.TransitOK2 = true;
+}
+
+void OuvrirPanneau(Etude& e, Dialogue& d, OptionsReport& options, bool sansAffichage) {
+    const bool sablier = d.Sablier(true);
+    d.LaisserPasserEvenements();
+    e.ErrCalcul = 0;
+    e.RelaisPret = false;
+    e.DiagramActuel = false;
+    d.Sablier(sablier);
+    if (sansAffichage) {
+        if (e.id_protection == 0) {
+            e.sTitre = "TOURNESOL : Attention";
+            e.sMessage = "Choisis de nouveau la protection";
+            e.IconeMessage = 3;
+            AfficherMessage(e, d);
+        }
+        // The panel's creation computes the relay's reaches.
+        ExecuterCalcul(e, [&] { CreerPanneauRelais(e, d); });
+    } else {
+        e.XprimFige = 0.0;
+        ExecuterCalcul(e, [&] {
+            if (auto panneau = CreerPanneauRelais(e, d)) d.MontrerPanneau(*panneau);
+        });
+        e.XprimFige = -1.0;
+    }
+    if (e.ErrCalcul != 0) {
+        e.RelaisPret = false;
+        SignalerErreurCalcul(e, d);
+        e.PanneauRelais = true;
+    } else {
+        e.RelaisPret = true;
+        e.DiagramActuel = false;
+        e.ImpressionActuelle = false;
+        CalculerEtTracer(e, d, options);
+        e.PanneauRelais = false;
+    }
+    d.Sablier(sablier);
+    e.EtudeModifiee = true;
+}
+
+void ControleLongueur(Etude& e, Dialogue& d) {
+    if (!e.OptionsValides || !e.ValeursValides) return;
+    e.sTitre = "TOURNESOL : Attention";
+    e.IconeMessage = 3;
+    if (e.Ligne_Longueur[0] <= 1.0) return;
+    if (e.Ligne_Tl == 0 || e.Ligne_Tl == 1)
+        e.Longueur_eq = e.Ligne_Longueur[0];
+    else if (e.Ligne_Tl == 2)
+        e.Longueur_eq = e.Ligne_Longueur[0] + e.Ligne_Longueur[1];
+    if (e.Ligne_Tl >= 3) return;
+    if (e.Ligne_lc && e.Longueur_eq < 10.0)
+        e.sMessage = "Attention, you consider as long a line shorter than 10 km.";
+    else if (!e.Ligne_lc && e.Longueur_eq > 15.0)
+        e.sMessage = "Attention, you consider as short a line longer than 15 km.";
+    else
+        return;
+    AfficherMessage(e, d);
+}
+
+void InscrirePanneauRelais(int id_protection, FabriquePanneauRelais fabrique) {
+    if (RelaisConnu(id_protection))
+        fabriques[static_cast<std::size_t>(id_protection - 1)] = fabrique;
+}
+
+std::unique_ptr<Panneau> CreerPanneauRelais(Etude& e, Dialogue& d) {
+    if (!RelaisConnu(e.id_protection)) return nullptr;
+    const auto fabrique = fabriques[static_cast<std::size_t>(e.id_protection - 1)];
+    return fabrique ? fabrique(e, d) : nullptr;
+}
+
+} // namespace tournesol

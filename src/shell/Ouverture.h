@@ -1,0 +1,53 @@
+// From the click on Open to the first drawing, and the one routine that recomputes and redraws.
+#pragma once
+
+#include <array>
+#include <memory>
+
+namespace tournesol {
+
+struct Etude;
+class Dialogue;
+class Panneau;
+
+// The three report options of the working window: chktriphasé, chkmonophasé, chkmaximal.
+struct OptionsReport {
+    std::array<bool, 3> Coche{};
+    std::array<bool, 3> Actif{true, true, true};
+
+    // Sets the option of a report case (0, 1, 2) alone.
+    void Choisir(int cas);
+    // The case the options say: three-phase first, then single-phase, then maximal; 0 if none.
+    int Cas() const;
+};
+
+// Enables the report options by the feed of the line and the relay's admitted cases.
+void AppliquerReports(const Etude& e, OptionsReport& options);
+
+// The transit current of a report case; on a plant link the maximal case keeps It as it is.
+double CourantDuCas(const Etude& e, int cas);
+
+// What Open puts into the study state before the study's own values: the line ends in order.
+void PreparerOuverture(Etude& e);
+
+// Computes the three report cases, creates the relay's panel unseen so that it computes its
+// reaches, and draws.
+void InitEtude(Etude& e, Dialogue& d, OptionsReport& options);
+
+// Applies the report options, derives It, recomputes the transit area and redraws.
+void CalculerEtTracer(Etude& e, Dialogue& d, OptionsReport& options);
+
+// Runs the current relay's panel, unseen or modally; on return the study holds the relay's
+// reaches, or ErrCalcul is set and has been reported.
+void OuvrirPanneau(Etude& e, Dialogue& d, OptionsReport& options, bool sansAffichage);
+
+// The notice of a line whose length does not match its long-line flag, once the network options
+// and values are both confirmed.
+void ControleLongueur(Etude& e, Dialogue& d);
+
+// Each relay registers the making of its panel; the panel's creation computes its settings.
+using FabriquePanneauRelais = std::unique_ptr<Panneau> (*)(Etude&, Dialogue&);
+void InscrirePanneauRelais(int id_protection, FabriquePanneauRelais fabrique);
+std::unique_ptr<Panneau> CreerPanneauRelais(Etude& e, Dialogue& d);
+
+} // namespace tournesol

@@ -1,0 +1,157 @@
+// From Open to the first drawing, driven through the dialogue interface.
+#include "shell/Dialogue.h"
+#include "shell/Etude.h"
+#include "shell/Ouverture.h"
+#include "shell/Panneau.h"
+#include "shell/Registre.h"
+
+#include <gtest/gtest.h>
+
+using namespace tournesol;
+
+namespace {
+// A 225 kV meshed line of 75 km with a PD3A.
+Etude Etude225() {
+    Etude e;
+    InitRegistre(e);
+    PreparerOuverture(e);
+    e.NomPoste = "CHAMPAGNIER";
+    e.id_protection = 3;
+    e.Ligne_Up = 225;
+    e.Ligne_Ip = 1000;
+    e.Is = 1.0f;
+    e.Ligne_Icc = 31.5;
+    e.Ligne_lc = true;
+    e.Ligne_Longueur[0] = 75.0;
+    e.Ligne_XL[0] = 30.375;
+    e.Ligne_RL[0] = 6.375;
+    e.Ligne_ZL[0] = 31.0;
+    e.Ligne_Ittri = 1450.0;
+    e.Ligne_Itmono = 1700.0;
+    e.Ligne_Itmax = 1900.0;
+    e.Ligne_XLA = 20.0;
+    return e;
+}
+
+struct PanneauCompteur : Panneau {
+    PanneauCompteur() : Panneau("frmPD3A") { ++crees; }
+    static inline int crees = 0;
+};
+} // namespace
+
+TEST(Ouverture, InitEtudeCalculeLesTroisCas) {
+    Etude e = Etude225();
+    e.TypeReportCharge = 1;
+    OptionsReport options;
+    options.Choisir(1);
+    DialogueSansFenetre d;
+    InitEtude(e, d, options);
+    EXPECT_EQ(e.ErrCalcul, 0);
+    EXPECT_TRUE(e.ReportsCalcules);
+    EXPECT_TRUE(e.TransitOK1);
+    EXPECT_FALSE(e.EtudeModifiee);
+    EXPECT_TRUE(e.RelaisPret);
+    // The load report panel came up for the three-phase and the single phase case.
+    EXPECT_EQ(d.PanneauxMontres(),
+              (std::vector<std::string>{"frmReportCharge", "frmReportCharge"}));
+    EXPECT_TRUE(e.CRtCalcule);
+    EXPECT_TRUE(e.CRmCalcule);
+    EXPECT_GT(e.Ligne_CRt, 1.0);
+    // The single phase case is in force: its current and its factor.
+    EXPECT_EQ(e.TypeReportCharge, 1);
+    EXPECT_EQ(e.It, 1700.0);
+    EXPECT_DOUBLE_EQ(e.XL_eq, 30.375);
+    EXPECT_FALSE(e.fNoIntersect);
+    EXPECT_GT(e.PointsTransit[5].Module, 0.0);
+    EXPECT_TRUE(d.Messages().empty());
+}
+
+TEST(Ouverture, PanneauDuRelaisEtProtectionInconnue) {
+    InscrirePanneauRelais(3, [](Etude&, Dialogue&) -> std::unique_ptr<Panneau> {
+        return std::make_unique<PanneauCompteur>();
+    });
+    PanneauCompteur::crees = 0;
+    Etude e = Etude225();
+    OptionsReport options;
+    DialogueSansFenetre d;
+    InitEtude(e, d, options);
+    EXPECT_EQ(PanneauCompteur::crees, 1); // created unseen
+    EXPECT_TRUE(d.PanneauxMontres().size() == 2u);
+    OuvrirPanneau(e, d, options, false);
+    EXPECT_EQ(d.PanneauxMontres().back(), "frmPD3A");
+    EXPECT_EQ(e.XprimFige, -1.0);
+    EXPECT_TRUE(e.EtudeModifiee);
+    EXPECT_FALSE(e.PanneauRelais);
+    EXPECT_FALSE(d.SablierActif());
+    InscrirePanneauRelais(3, nullptr);
+
+    Etude sans = Etude225();
+    sans.id_protection = 0;
+    DialogueSansFenetre d2;
+    OuvrirPanneau(sans, d2, options, true);
+    ASSERT_EQ(d2.Messages().size(), 1u);
+    EXPECT_EQ(d2.Messages()[0].sMessage, "Choisis de nouveau la protection");
+}
+
+TEST(Ouverture, OptionsDeReportEtCourant) {
+    Etude e = Etude225();
+    OptionsReport options;
+    e.id_protection = 11; // RXAP: no single phase report
+    AppliquerReports(e, options);
+    EXPECT_EQ(options.Actif, (std::array<bool, 3>{true, false, true}));
+    e.Ligne_alim = 3;
+    AppliquerReports(e, options);
+    EXPECT_EQ(options.Actif, (std::array<bool, 3>{false, false, true}));
+
+    EXPECT_EQ(options.Cas(), 0); // none set
+    options.Coche = {false, true, true};
+    EXPECT_EQ(options.Cas(), 1);
+
+    e.Ligne_itclient = 350.0;
+    EXPECT_EQ(CourantDuCas(e, 2), 350.0);
+    e.Ligne_alim = 1;
+    e.It = 2020.0;
+    EXPECT_EQ(CourantDuCas(e, 2), 2020.0); // a plant link keeps its current
+    e.Ligne_alim = 0;
+    EXPECT_EQ(CourantDuCas(e, 2), 1900.0);
+}
+
+TEST(Ouverture, ControleDeLaLongueur) {
+    struct Cas {
+        int tl;
+        bool longue;
+        double l0, l1;
+        const char* message;
+    };
+    const char* const longueCourte = "Attention, you consider as long a line shorter than 10 km.";
+    const char* const courteLongue = "Attention, you consider as short a line longer than 15 km.";
+    const Cas cas[] = {
+        {0, true, 10.0, 0.0, nullptr},       {0, true, 9.9, 0.0, longueCourte},
+        {0, false, 15.0, 0.0, nullptr},      {1, false, 15.1, 0.0, courteLongue},
+        {2, false, 10.0, 6.0, courteLongue}, {0, true, 1.0, 0.0, nullptr},
+        {3, true, 5.0, 0.0, nullptr},
+    };
+    for (const Cas& c : cas) {
+        Etude e;
+        e.OptionsValides = e.ValeursValides = true;
+        e.Ligne_Tl = static_cast<Entier16>(c.tl);
+        e.Ligne_lc = c.longue;
+        e.Ligne_Longueur = {c.l0, c.l1, 0.0};
+        DialogueSansFenetre d;
+        ControleLongueur(e, d);
+        if (c.message) {
+            ASSERT_EQ(d.Messages().size(), 1u) << c.tl << " " << c.l0;
+            EXPECT_EQ(d.Messages()[0].sMessage, c.message);
+            EXPECT_EQ(d.Messages()[0].sTitre, "TOURNESOL : Attention");
+            EXPECT_EQ(d.Messages()[0].IconeMessage, 3);
+        } else {
+            EXPECT_TRUE(d.Messages().empty()) << c.tl << " " << c.l0;
+        }
+    }
+    Etude pasValide;
+    pasValide.Ligne_lc = true;
+    pasValide.Ligne_Longueur[0] = 5.0;
+    DialogueSansFenetre d;
+    ControleLongueur(pasValide, d);
+    EXPECT_TRUE(d.Messages().empty());
+}
