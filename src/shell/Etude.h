@@ -276,9 +276,7 @@ inline constexpr int NOMBRE_REGLES = 100;
     X(Booleen, fNoIntersect) \
     X(Booleen, fNoUp) \
     X(Booleen, fNoDown) \
-    X(Booleen, fNoP) \
-    X(Booleen, CRtCalcule) \
-    X(Booleen, CRmCalcule)
+    X(Booleen, fNoP)
 
 #define TOURNESOL_ETUDE_VARIABLES(X) \
     TOURNESOL_ETUDE_FLUX(X) \
@@ -343,6 +341,11 @@ struct Etude {
 #define TOURNESOL_RELAIS_MEMBRE(id, Enregistrement, membre, LISTE) Enregistrement membre;
     TOURNESOL_RELAIS(TOURNESOL_RELAIS_MEMBRE)
 #undef TOURNESOL_RELAIS_MEMBRE
+
+    // The load report factors of the three phase and single phase cases were worked out for
+    // this study (set from the factors it holds when it opens, not kept in a study file).
+    Booleen CRtCalcule = false;
+    Booleen CRmCalcule = false;
 
     // Every shared variable, as v(name, reference).
     template <class V> void Visiter(V&& v) {
