@@ -96,12 +96,21 @@ void CalculNiveau(Etude& e) {
     e.Vmax = e.Umax / RACINE3;
     e.Ligne_XSmini = Div(e.Ligne_Up, RACINE3 * e.Ligne_Icc);
     // The source reactance uses the equivalent reactance of the previous run.
-    const double r = std::sqrt(std::fabs(
-        Div(4.0 * (Carre(e.Vmax) - Carre(e.Vmin)), Carre(e.It / 1000.0)) + Carre(e.XL_eq)));
-    e.Ligne_XS = Verifier(0.5 * (r - e.XL_eq) + 2.0 * e.Ligne_XSmini);
+    e.Ligne_XS = ReactanceSource(e);
 }
 
-void CalculLigneSimple(Etude& e) {
+double TermeSource(const Etude& e) {
+    return std::sqrt(std::fabs(Div(4.0 * (Carre(e.Vmax) - Carre(e.Vmin)), Carre(e.It / 1000.0)) +
+                               Carre(e.XL_eq)));
+}
+
+double ReactanceSource(const Etude& e) {
+    return Verifier(0.5 * (TermeSource(e) - e.XL_eq) + 2.0 * e.Ligne_XSmini);
+}
+
+namespace {
+// A line of one section: the equivalents are the values of section 0.
+void EquivalentsSection0(Etude& e) {
     e.XL_eq = e.Ligne_XL[0];
     e.RL_eq = e.Ligne_RL[0];
     e.ZL_eq = e.Ligne_ZL[0];
@@ -114,23 +123,18 @@ void CalculLigneSimple(Etude& e) {
     e.Xo_eq = e.Ligne_Xo[0];
     e.Ro_eq = e.Ligne_Ro[0];
     e.PHIo_eq = e.PHIo[0];
+}
+} // namespace
+
+void CalculLigneSimple(Etude& e) {
+    EquivalentsSection0(e);
     Defaut(e.PHI_eq, ANGLE_DEFAUT);
     Defaut(e.ko_eq, 2.0 / 3.0);
     Defaut(e.PHIo_eq, ANGLE_DEFAUT);
 }
 
 void CalculDoubleCircuit(Etude& e) {
-    e.XL_eq = e.Ligne_XL[0];
-    e.RL_eq = e.Ligne_RL[0];
-    e.ZL_eq = e.Ligne_ZL[0];
-    e.Longueur_eq = e.Ligne_Longueur[0];
-    e.Xd_eq = e.Ligne_Xd[0];
-    e.Rd_eq = e.Ligne_Rd[0];
-    e.PHI_eq = e.Ligne_PHI[0];
-    e.ko_eq = e.Ligne_ko[0];
-    e.ako_eq = e.Ligne_ako[0];
-    e.Xo_eq = e.Ligne_Xo[0];
-    e.Ro_eq = e.Ligne_Ro[0];
+    EquivalentsSection0(e);
     e.PHIo_eq = std::atan(Div(e.Ligne_Xo[0], e.Ligne_Ro[0]));
     e.kom_eq = e.Ligne_kom;
     Defaut(e.XL_eq, 0.1);

@@ -20,6 +20,11 @@ void CalculDeuxTroncons(Etude& e);            // Tl 2
 void CalculReactancesZones(Etude& e);         // Tl 0 to 2
 void CalculTroisBouts(Etude& e, Dialogue& d); // Tl 3, up to the transit of the relay's end
 
+// R of the source reactance: sqrt(|4 (Vmax^2 - Vmin^2) / (It / 1000)^2 + XL_eq^2|).
+double TermeSource(const Etude& e);
+// The source reactance XS: 0.5 (R - XL_eq) + 2 XSmini.
+double ReactanceSource(const Etude& e);
+
 // Rounds to the nearest whole number, ties to the even one.
 double ArrondiPair(double x);
 

@@ -1,5 +1,6 @@
 #include "network/ReportCharge.h"
 
+#include "network/Calcul.h"
 #include "network/Numerique.h"
 #include "shell/Dialogue.h"
 #include "shell/Erreurs.h"
@@ -40,8 +41,7 @@ double CalculFacteurReport(Etude& e) {
     e.Ligne_XSmini = Div(e.Ligne_Up, sqrt3 * e.Ligne_Icc);
     const double rapport = Div(e.Ligne_Up, e.Ligne_UnA);
     e.Ligne_XLD = rapport * e.Ligne_XLA * rapport;
-    const double r = std::sqrt(std::fabs(
-        Div(4.0 * (Carre(e.Vmax) - Carre(e.Vmin)), Carre(e.It / 1000.0)) + Carre(e.XL_eq)));
+    const double r = TermeSource(e);
     e.Ligne_XS = Div(e.Ligne_XLD, e.XL_eq + e.Ligne_XLD) * (r - e.XL_eq) + 2.0 * e.Ligne_XSmini;
     e.CRcalc = Verifier(Div(e.XL_eq, e.Ligne_XLD) + 1.0 -
                         Div(Div(Carre(e.XL_eq), e.Ligne_XLD), e.Ligne_XS + e.XL_eq));

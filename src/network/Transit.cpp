@@ -1,5 +1,6 @@
 #include "network/Transit.h"
 
+#include "network/Calcul.h"
 #include "network/Complexe.h"
 #include "network/Numerique.h"
 #include "shell/Erreurs.h"
@@ -76,13 +77,6 @@ void ChoisirCourant(Etude& e) {
     if (e.Vmin == 0.0) e.Vmin = 1.0;
     if (e.It == 0.0) e.It = 1.0;
     if (e.ZL_eq == 0.0) e.ZL_eq = 0.001;
-}
-
-// The source reactance with the current of this moment.
-void CalculXS(Etude& e) {
-    const double r = std::sqrt(std::fabs(
-        Div(4.0 * (Carre(e.Vmax) - Carre(e.Vmin)), Carre(e.It / 1000.0)) + Carre(e.XL_eq)));
-    e.Ligne_XS = Verifier(0.5 * (r - e.XL_eq) + 2.0 * e.Ligne_XSmini);
 }
 
 Complexe& N(Etude& e, int n) {
@@ -205,19 +199,19 @@ void TransitCalc(Etude& e) {
         e.Ligne_CRt = std::max(e.Ligne_CRt, 1.0);
         if (e.PHI_eq == 0.0) e.PHI_eq = 0.1;
         ChoisirCourant(e);
+        // Each feed's branch starts with the source reactance of the current in force.
+        if (e.Ligne_alim >= 0 && e.Ligne_alim <= 3)
+            e.Ligne_XS = ReactanceSource(e);
         switch (e.Ligne_alim) {
         case 0:
-            CalculXS(e);
             LigneMaillee(e);
             break;
         case 1:
         case 2:
-            CalculXS(e);
             LiaisonCentrale(e);
             if (e.Ligne_alim == 2) Miroir(e);
             break;
         case 3:
-            CalculXS(e);
             N(e, 1) = Polar(Div(e.Vmin * 1000.0, e.It), 0.0);
             break;
         default:
