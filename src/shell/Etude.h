@@ -70,7 +70,12 @@ inline constexpr int NOMBRE_REGLES = 100;
     X(Booleen, ImpressionActuelle) \
     X(Entier16, OptionDessin) \
     X(Booleen, EnZoom) \
-    X(Booleen, ChargementFenetre)
+    X(Booleen, ChargementFenetre) \
+    X(Reel32, ScaleLeft) \
+    X(Reel32, ScaleTop) \
+    X(Reel32, ScaleWidth) \
+    X(Reel32, ScaleHeight) \
+    X(Entier16, PasGrad)
 
 #define TOURNESOL_ETUDE_LIGNE(X) \
     X(Entier16, Ligne_Tl) \

@@ -1,0 +1,57 @@
+// A full redraw of the diagram, the plane and the load area of an example study, into a
+// 1000 x 1000 image through QPainter, as the diagram widget draws it.
+#include "diagram/Plan.h"
+#include "diagram/views/SurfaceQt.h"
+#include "shell/Couleurs.h"
+#include "shell/Dialogue.h"
+#include "shell/Etude.h"
+#include "shell/FichierEtude.h"
+#include "shell/Ouverture.h"
+#include "shell/Registre.h"
+
+#include <QGuiApplication>
+#include <QImage>
+#include <QPainter>
+#include <benchmark/benchmark.h>
+#include <filesystem>
+
+using namespace tournesol;
+
+namespace {
+
+void BM_Redessin(benchmark::State& state, const std::string& nom) {
+    Etude e;
+    InitRegistre(e);
+    PreparerOuverture(e);
+    LireFichierEtude(std::filesystem::path(TOURNESOL_EXEMPLES) / nom, e);
+    OptionsReport options;
+    options.Choisir(e.TypeReportCharge);
+    DialogueSansFenetre d;
+    InitEtude(e, d, options);
+    InitCouleurs(e);
+    QImage image(1000, 1000, QImage::Format_RGB32);
+    QPainter peintre(&image);
+    SurfaceQt surface(peintre, 1000.0, 1000.0);
+    Plan plan(e, surface);
+    plan.ZoomIdeal();
+    for (auto _ : state) {
+        DrawRelay(plan, OptionsAffichage{});
+        benchmark::DoNotOptimize(image.bits());
+    }
+}
+
+} // namespace
+
+BENCHMARK_CAPTURE(BM_Redessin, maillee_225kV, std::string("champagnier-grande-ile-225kV.json"))
+    ->Unit(benchmark::kMicrosecond);
+BENCHMARK_CAPTURE(BM_Redessin, centrale_225kV, std::string("saint-alban-centrale-225kV.json"))
+    ->Unit(benchmark::kMicrosecond);
+
+int main(int argc, char** argv) {
+    qputenv("QT_QPA_PLATFORM", "offscreen");
+    QGuiApplication application(argc, argv);
+    benchmark::Initialize(&argc, argv);
+    benchmark::RunSpecifiedBenchmarks();
+    benchmark::Shutdown();
+    return 0;
+}

@@ -1,0 +1,466 @@
+#include "diagram/Plan.h"
+
+#include "network/Format.h"
+#include "network/Numerique.h"
+#include "shell/Erreurs.h"
+#include "shell/Etude.h"
+
+#include <algorithm>
+#include <array>
+#include <cmath>
+
+namespace tournesol {
+
+namespace {
+
+constexpr Couleur BLANC = 0xFFFFFF;
+constexpr Couleur NOIR = 0;
+constexpr double RAYON_MAX = 2000.0;
+constexpr double UN_DEGRE = PI / 180.0;
+
+std::array<TraceCaracteristique, NOMBRE_RELAIS> traces{};
+
+// The difference of two points, with no limit on its size.
+Complexe Ecart(const Complexe& a, const Complexe& b) {
+    Complexe d;
+    d.Re = a.Re - b.Re;
+    d.Im = a.Im - b.Im;
+    CplxToPolar(d);
+    return d;
+}
+
+bool Entre(double v, double a, double b) {
+    return v >= std::min(a, b) && v <= std::max(a, b);
+}
+
+bool Fini(double a, double b, double c, double d) {
+    return std::isfinite(a) && std::isfinite(b) && std::isfinite(c) && std::isfinite(d);
+}
+
+} // namespace
+
+void SetSegment(SegmentImage& s, const Complexe& a, const Complexe& b, Couleur couleur, int style,
+                int largeur) {
+    s.A = a;
+    s.B = b;
+    s.Couleur = couleur;
+    s.Style = static_cast<std::int16_t>(style);
+    s.Largeur = static_cast<std::int16_t>(largeur);
+}
+
+void SetArc(ArcImage& arc, const Complexe& centre, const Complexe& debut, const Complexe& fin,
+            Couleur couleur, int style, int largeur) {
+    arc.Centre = centre;
+    arc.Debut = debut;
+    arc.Fin = fin;
+    arc.Couleur = couleur;
+    arc.Style = static_cast<std::int16_t>(style);
+    arc.Largeur = static_cast<std::int16_t>(largeur);
+}
+
+bool SegmentCross(const SegmentImage& s1, const SegmentImage& s2, Complexe& point) {
+    auto vertical = [](const SegmentImage& s) { return std::fabs(s.A.Re - s.B.Re) < 0.1; };
+    auto pente = [](const SegmentImage& s) { return (s.B.Im - s.A.Im) / (s.B.Re - s.A.Re); };
+    const bool v1 = vertical(s1), v2 = vertical(s2);
+    if (v1 && v2) return false;
+    if (!v1 && !v2) {
+        const double m1 = pente(s1), m2 = pente(s2);
+        if (m1 == m2) return false;
+        const double p1 = s1.A.Im - m1 * s1.A.Re, p2 = s2.A.Im - m2 * s2.A.Re;
+        point.Re = (p2 - p1) / (m1 - m2);
+        point.Im = (p2 - p1) * m2 / (m1 - m2) + p2;
+        CplxToPolar(point);
+        // A point on the prolongation of one of them counts.
+        return Entre(point.Re, s1.A.Re, s1.B.Re) || Entre(point.Re, s2.A.Re, s2.B.Re);
+    }
+    const SegmentImage& droit = v1 ? s1 : s2;
+    const SegmentImage& penche = v1 ? s2 : s1;
+    const double m = pente(penche), p = penche.A.Im - m * penche.A.Re;
+    point.Im = m * point.Re + p; // the R the point held on entry
+    point.Re = droit.A.Re;
+    CplxToPolar(point);
+    return Entre(point.Re, penche.A.Re, penche.B.Re);
+}
+
+void ZoneColours(Etude& e) {
+    std::array<Couleur*, 5> couleurs = {&e.CouleurAntipompage, &e.CouleurMonophase,
+                                        &e.CouleurTriphase, &e.CouleurZones,
+                                        &e.CouleurDirectionnel};
+    std::array<Couleur, 5> entree{};
+    for (std::size_t i = 0; i < 5; ++i)
+        entree[i] = *couleurs[i];
+    for (std::size_t i = 0; i < 5; ++i)
+        for (std::size_t j = i + 1; j < 5; ++j)
+            if (entree[i] == entree[j]) {
+                *couleurs[i] = entree[i] + 1;
+                break;
+            }
+}
+
+int PasGraduation(double largeur, double hauteur) {
+    const double s = std::floor(std::min(std::fabs(largeur), std::fabs(hauteur)) / 10.0 + 0.5);
+    auto arrondi = [s](double unite) { return std::floor(s / unite + 0.5) * unite; };
+    double pas = 1.0;
+    if (s < 2.0)
+        pas = 1.0;
+    else if (s < 8.0)
+        pas = arrondi(5.0);
+    else if (s < 60.0)
+        pas = arrondi(10.0);
+    else if (s < 150.0)
+        pas = arrondi(25.0);
+    else if (s < 600.0)
+        pas = arrondi(100.0);
+    else if (s < 1500.0)
+        pas = arrondi(250.0);
+    else
+        pas = arrondi(1000.0);
+    if (pas == 0.0) pas = 1.0;
+    return static_cast<int>(std::min(pas, 1e9));
+}
+
+Plan::Plan(Etude& e, Surface& surface) : e_(e), surface_(&surface) {}
+
+// ---- scale and zoom ----
+
+void Plan::ZoomIdeal() {
+    const double n = std::min(e_.PointsTransit[0].Module, 200.0);
+    if (!(n > 0.0)) return; // no load point yet: the window stays
+    e_.ScaleLeft = static_cast<float>(-1.5 * n);
+    e_.ScaleTop = static_cast<float>(1.5 * n);
+    e_.ScaleHeight = static_cast<float>(-3.0 * n);
+    e_.ScaleWidth = static_cast<float>(3.0 * n);
+}
+
+void Plan::ZoomPlus() {
+    const float w = std::fabs(e_.ScaleWidth), h = std::fabs(e_.ScaleHeight);
+    e_.ScaleLeft = -w / 4;
+    e_.ScaleTop = h / 4;
+    e_.ScaleWidth = w / 2;
+    e_.ScaleHeight = -h / 2;
+}
+
+void Plan::ZoomMoins() {
+    const float w = std::fabs(e_.ScaleWidth), h = std::fabs(e_.ScaleHeight);
+    e_.ScaleLeft = -w;
+    e_.ScaleTop = h;
+    e_.ScaleWidth = 2 * w;
+    e_.ScaleHeight = -2 * h;
+}
+
+bool Plan::ZoomCarre(double x0, double y0, double x1, double y1) {
+    const double d = std::max(std::fabs(x0 - x1), std::fabs(y0 - y1));
+    if (!(d > 0.0)) return false;
+    e_.ScaleLeft = static_cast<float>(x0 - d);
+    e_.ScaleTop = static_cast<float>(y0 + d);
+    e_.ScaleWidth = static_cast<float>(2.0 * d);
+    e_.ScaleHeight = static_cast<float>(-2.0 * d);
+    return true;
+}
+
+// ---- mappings ----
+
+double Plan::VersEcranX(double r) const {
+    return (r - e_.ScaleLeft) * surface_->Largeur() / e_.ScaleWidth;
+}
+double Plan::VersEcranY(double x) const {
+    return (x - e_.ScaleTop) * surface_->Hauteur() / e_.ScaleHeight;
+}
+double Plan::EcranVersPlanX(double px) const {
+    return px * e_.ScaleWidth / surface_->Largeur() + e_.ScaleLeft;
+}
+double Plan::EcranVersPlanY(double py) const {
+    return py * e_.ScaleHeight / surface_->Hauteur() + e_.ScaleTop;
+}
+double Plan::PlanToPrintX(double r) const {
+    return (r - e_.ScaleLeft) * (PrintFrame.Width / e_.ScaleWidth) + PrintFrame.Left;
+}
+double Plan::PlanToPrintY(double x) const {
+    return (e_.ScaleTop - x) * (PrintFrame.Width / e_.ScaleWidth) + PrintFrame.Top;
+}
+double Plan::PrintToPlanX(double x) const {
+    return (x - PrintFrame.Left) / (PrintFrame.Width / e_.ScaleWidth) + e_.ScaleLeft;
+}
+double Plan::PrintToPlanY(double y) const {
+    return e_.ScaleTop - (y - PrintFrame.Top) / (PrintFrame.Width / e_.ScaleWidth);
+}
+
+// ---- the plane ----
+
+void Plan::ClearPlan() {
+    etiquettes_.clear();
+    segments_.clear();
+    arcs_.clear();
+    marques_.clear();
+}
+
+void Plan::DrawPlan() {
+    if (!(e_.ScaleWidth > 0.0f) || !(e_.ScaleHeight < 0.0f) || !std::isfinite(e_.ScaleWidth) ||
+        !std::isfinite(e_.ScaleHeight)) {
+        // A plane of no size cannot be drawn: back to the start values.
+        e_.ScaleLeft = -20.0f;
+        e_.ScaleWidth = 40.0f;
+        e_.ScaleTop = 20.0f;
+        e_.ScaleHeight = -40.0f;
+    }
+    ClearPlan();
+    if (!Papier) surface_->Effacer(Fond);
+    const double gauche = e_.ScaleLeft, haut = e_.ScaleTop;
+    const double droite = gauche + e_.ScaleWidth, bas = haut + e_.ScaleHeight;
+    DrawSegment(NewSegment(Cart(gauche, 0.0), Cart(droite, 0.0), Encre, TRAIT_PLEIN, 1), Papier);
+    DrawSegment(NewSegment(Cart(0.0, haut), Cart(0.0, bas), Encre, TRAIT_PLEIN, 1), Papier);
+
+    // The unit: primary ohms, near the upper right corner; the names of the axes.
+    const double w = e_.ScaleWidth, h = -e_.ScaleHeight;
+    DeplacerPlume(droite - 0.06 * w, haut - 0.03 * h);
+    NewPlaneLabel("\xCE\xA9", Police{"Arial", 9.0});
+    DeplacerPlume(droite - 0.045 * w, haut - 0.03 * h);
+    NewPlaneLabel(" \xCE\xA0", Police{"Arial", 10.0});
+    DeplacerPlume(droite - 0.015 * w, 0.025 * h);
+    NewTickLabel("R ");
+    DeplacerPlume(0.02 * w, haut - 0.015 * h);
+    NewTickLabel("X ");
+
+    const int pas = PasGraduation(e_.ScaleWidth, e_.ScaleHeight);
+    e_.PasGrad = static_cast<Entier16>(std::min(pas, 32767));
+    auto graduer = [&](double re, double im, double valeur, bool surR) {
+        DrawMark(NewMark(re, im), Encre, Papier);
+        if (valeur == 0.0) return;
+        if (surR)
+            DeplacerPlume(re, im - 0.025 * h);
+        else
+            DeplacerPlume(re - 0.03 * w, im);
+        NewTickLabel(valeur);
+    };
+    for (double v = 0.0; v <= droite; v += pas)
+        graduer(v, 0.0, v, true);
+    for (double v = 0.0; v >= gauche; v -= pas)
+        graduer(v, 0.0, v, true);
+    for (double v = 0.0; v >= bas; v -= pas)
+        graduer(0.0, v, v, false);
+    for (double v = 0.0; v <= haut; v += pas)
+        graduer(0.0, v, v, false);
+}
+
+// ---- segments ----
+
+SegmentImage& Plan::NewSegment(const Complexe& a, const Complexe& b, Couleur couleur, int style,
+                               int largeur) {
+    SetSegment(CurSeg, a, b, couleur, style, largeur);
+    segments_.push_back(CurSeg);
+    return CurSeg;
+}
+
+Stylo Plan::StyloPapier(Couleur couleur, int style, int largeur) const {
+    Stylo stylo;
+    stylo.couleur = couleur == Fond ? BLANC : (e_.ImpNoir ? NOIR : couleur);
+    stylo.style = e_.ImpNoDots ? TRAIT_PLEIN : style;
+    stylo.largeur = largeur > 1 ? 3.0 * largeur : 1.0;
+    return stylo;
+}
+
+void Plan::DrawSegment(const SegmentImage& s, bool papier) {
+    if (!papier) {
+        const double x1 = VersEcranX(s.A.Re), y1 = VersEcranY(s.A.Im);
+        const double x2 = VersEcranX(s.B.Re), y2 = VersEcranY(s.B.Im);
+        if (Fini(x1, y1, x2, y2))
+            surface_->Ligne(x1, y1, x2, y2, Stylo{s.Couleur, s.Style, double(s.Largeur)});
+        return;
+    }
+    Complexe a = s.A, b = s.B;
+    if (b.Re < a.Re || b.Im < a.Im) std::swap(a, b);
+    const double gauche = PrintToPlanX(PrintFrame.Left);
+    const double droite = PrintToPlanX(PrintFrame.Left + PrintFrame.Width);
+    const double haut = PrintToPlanY(PrintFrame.Top);
+    const double bas = PrintToPlanY(PrintFrame.Top + PrintFrame.Height);
+    if ((a.Re < gauche && b.Re < gauche) || (a.Re > droite && b.Re > droite) ||
+        (a.Im > haut && b.Im > haut) || (a.Im < bas && b.Im < bas))
+        return;
+    const bool vertical = a.Re == b.Re;
+    const double m = vertical ? 0.0 : (b.Im - a.Im) / (b.Re - a.Re);
+    const double p = a.Im - m * a.Re;
+    for (Complexe* bout : {&a, &b}) {
+        if (bout->Re < gauche) {
+            bout->Re = gauche;
+            bout->Im = m * gauche + p;
+        } else if (bout->Re > droite) {
+            bout->Re = droite;
+            bout->Im = m * droite + p;
+        }
+    }
+    const bool horizontal = !vertical && m == 0.0;
+    for (Complexe* bout : {&a, &b}) {
+        const double limite = bout->Im > haut ? haut : (bout->Im < bas ? bas : bout->Im);
+        if (limite == bout->Im || horizontal) continue;
+        if (!vertical) bout->Re = (limite - p) / m;
+        bout->Im = limite;
+    }
+    const double x1 = PlanToPrintX(a.Re), y1 = PlanToPrintY(a.Im);
+    const double x2 = PlanToPrintX(b.Re), y2 = PlanToPrintY(b.Im);
+    if (Fini(x1, y1, x2, y2))
+        surface_->Ligne(x1, y1, x2, y2, StyloPapier(s.Couleur, s.Style, s.Largeur));
+}
+
+// ---- arcs ----
+
+ArcImage& Plan::NewArc(const Complexe& centre, const Complexe& debut, const Complexe& fin,
+                       Couleur couleur, int style, int largeur) {
+    SetArc(CurArc, centre, debut, fin, couleur, style, largeur);
+    arcs_.push_back(CurArc);
+    return CurArc;
+}
+
+void Plan::DrawArc(const ArcImage& arc, bool cercleEntier, bool papier) {
+    const Complexe d = Ecart(arc.Debut, arc.Centre);
+    const Complexe f = Ecart(arc.Fin, arc.Centre);
+    const double rayon = std::min(d.Module, RAYON_MAX);
+    const double debut = d.Argument, fin = f.Argument;
+    const bool entier = std::fabs(debut - fin) < UN_DEGRE; // an arc of nothing is a circle
+    if (!std::isfinite(rayon) || !std::isfinite(arc.Centre.Re) || !std::isfinite(arc.Centre.Im))
+        return;
+    if (papier) {
+        const Stylo stylo = StyloPapier(arc.Couleur, arc.Style, arc.Largeur);
+        ArcPapier(arc, rayon, debut, fin, entier, stylo);
+        if (cercleEntier && !entier)
+            ArcPapier(arc, rayon, fin, debut, false, StyloPapier(arc.Couleur, TRAIT_POINT, 1));
+        return;
+    }
+    const double cx = VersEcranX(arc.Centre.Re), cy = VersEcranY(arc.Centre.Im);
+    const double r = rayon * std::fabs(surface_->Largeur() / e_.ScaleWidth);
+    const Stylo stylo{arc.Couleur, arc.Style, double(arc.Largeur)};
+    if (entier) {
+        surface_->Cercle(cx, cy, r, stylo);
+        return;
+    }
+    surface_->Arc(cx, cy, r, debut, fin, stylo);
+    if (cercleEntier) surface_->Arc(cx, cy, r, fin, debut, Stylo{arc.Couleur, TRAIT_POINT, 1.0});
+}
+
+// On paper a circle never passes the frame: only the parts of the arc inside it are drawn.
+void Plan::ArcPapier(const ArcImage& arc, double rayon, double debut, double fin, bool entier,
+                     const Stylo& stylo) {
+    const double gauche = PrintToPlanX(PrintFrame.Left);
+    const double droite = PrintToPlanX(PrintFrame.Left + PrintFrame.Width);
+    const double haut = PrintToPlanY(PrintFrame.Top);
+    const double bas = PrintToPlanY(PrintFrame.Top + PrintFrame.Height);
+    const double cx = arc.Centre.Re, cy = arc.Centre.Im;
+    if (cy - rayon > haut || cy + rayon < bas || cx + rayon < gauche || cx - rayon > droite) return;
+    double etendue = entier ? 2.0 * PI : std::fmod(fin - debut, 2.0 * PI);
+    if (etendue < 0.0) etendue += 2.0 * PI;
+    // The angles where the circle cuts an edge split the arc; each piece is inside or out.
+    std::vector<double> coupures = {0.0, etendue};
+    auto couper = [&](double angle) {
+        double relatif = std::fmod(angle - debut, 2.0 * PI);
+        if (relatif < 0.0) relatif += 2.0 * PI;
+        if (relatif > 0.0 && relatif < etendue) coupures.push_back(relatif);
+    };
+    for (const double y : {haut, bas}) {
+        const double t = (y - cy) / rayon;
+        if (std::fabs(t) < 1.0) {
+            couper(std::asin(t));
+            couper(PI - std::asin(t));
+        }
+    }
+    for (const double x : {gauche, droite}) {
+        const double t = (x - cx) / rayon;
+        if (std::fabs(t) < 1.0) {
+            couper(std::acos(t));
+            couper(-std::acos(t));
+        }
+    }
+    std::sort(coupures.begin(), coupures.end());
+    const double k = PrintFrame.Width / e_.ScaleWidth;
+    const double pcx = PlanToPrintX(cx), pcy = PlanToPrintY(cy);
+    if (coupures.size() == 2 && entier) {
+        const double a = debut + PI / 4.0;
+        const double x = cx + rayon * std::cos(a), y = cy + rayon * std::sin(a);
+        if (x >= gauche && x <= droite && y >= bas && y <= haut)
+            surface_->Cercle(pcx, pcy, rayon * k, stylo);
+        return;
+    }
+    for (std::size_t i = 0; i + 1 < coupures.size(); ++i) {
+        const double a0 = debut + coupures[i], a1 = debut + coupures[i + 1];
+        if (a1 - a0 < 1e-12) continue;
+        const double milieu = (a0 + a1) / 2.0;
+        const double x = cx + rayon * std::cos(milieu), y = cy + rayon * std::sin(milieu);
+        if (x >= gauche && x <= droite && y >= bas && y <= haut)
+            surface_->Arc(pcx, pcy, rayon * k, a0, a1, stylo);
+    }
+}
+
+// ---- marks and labels ----
+
+Complexe& Plan::NewMark(double re, double im) {
+    CurMark = Complexe{};
+    CurMark.Re = re;
+    CurMark.Im = im;
+    CplxToPolar(CurMark);
+    marques_.push_back(CurMark);
+    return CurMark;
+}
+
+void Plan::DrawMark(const Complexe& point, Couleur couleur, bool papier) {
+    if (papier) {
+        const double x = PlanToPrintX(point.Re), y = PlanToPrintY(point.Im);
+        if (!(x >= PrintFrame.Left && x <= PrintFrame.Left + PrintFrame.Width &&
+              y >= PrintFrame.Top && y <= PrintFrame.Top + PrintFrame.Height))
+            return;
+        const Stylo stylo{e_.ImpNoir ? NOIR : couleur, TRAIT_PLEIN, 1.0};
+        surface_->Ligne(x, y + 1.0, x, y - 1.0, stylo);
+        surface_->Ligne(x - 1.0, y, x + 1.0, y, stylo);
+        return;
+    }
+    const double u = std::fabs(e_.ScaleWidth) / (surface_->Largeur() - 6.0);
+    const Stylo stylo{couleur, TRAIT_PLEIN, 1.0};
+    const double x = VersEcranX(point.Re), y = VersEcranY(point.Im);
+    if (!Fini(x, y, u, 0.0)) return;
+    surface_->Ligne(x, VersEcranY(point.Im - 3.0 * u), x, VersEcranY(point.Im + 4.0 * u), stylo);
+    surface_->Ligne(VersEcranX(point.Re - 3.0 * u), y, VersEcranX(point.Re + 4.0 * u), y, stylo);
+    DeplacerPlume(point.Re + 4.0 * u, point.Im);
+}
+
+void Plan::DeplacerPlume(double r, double x) {
+    CurrentX = r;
+    CurrentY = x;
+}
+
+void Plan::Etiqueter(const std::string& texte, const Police& police, Alignement alignement,
+                     Couleur couleur) {
+    etiquettes_.push_back({texte, CurrentX, CurrentY, couleur, alignement, police});
+    const double x = Papier ? PlanToPrintX(CurrentX) : VersEcranX(CurrentX);
+    const double y = Papier ? PlanToPrintY(CurrentY) : VersEcranY(CurrentY);
+    if (Fini(x, y, 0.0, 0.0))
+        surface_->Texte(x, y, texte, Papier && e_.ImpNoir ? NOIR : couleur, police, alignement);
+}
+
+void Plan::NewTickLabel(const std::string& texte) {
+    Etiqueter(texte, PoliceEtiquettes, Alignement::Centre, Encre);
+}
+
+void Plan::NewTickLabel(double valeur) {
+    NewTickLabel(FormaterNombre(valeur, ""));
+}
+
+void Plan::NewPlaneLabel(const std::string& texte, const Police& police) {
+    Etiqueter(texte, police, Alignement::Gauche, Encre);
+}
+
+// ---- the redraw ----
+
+void InscrireTraceRelais(int id_protection, TraceCaracteristique trace) {
+    if (id_protection >= 1 && id_protection <= NOMBRE_RELAIS)
+        traces[static_cast<std::size_t>(id_protection - 1)] = trace;
+}
+
+void DrawRelay(Plan& plan, const OptionsAffichage& options) {
+    Etude& e = plan.etude();
+    ExecuterEtape([&] { TransitDraw(plan, options); });
+    if (e.ErrCalcul == 0 && e.RelaisPret && !plan.CaracteristiqueSuspendue &&
+        e.id_protection >= 1 && e.id_protection <= NOMBRE_RELAIS) {
+        if (const auto trace = traces[static_cast<std::size_t>(e.id_protection - 1)])
+            ExecuterEtape([&] { trace(plan, options); });
+    }
+    e.DiagramActuel = true;
+}
+
+} // namespace tournesol
