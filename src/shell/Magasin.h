@@ -1,0 +1,59 @@
+// The relay setting store: every relay's settings as a numbered sequence of values under the key
+// of the setting row (id_reglage). A value's meaning is only its position in its relay's order.
+#pragma once
+
+#include <cstdint>
+#include <map>
+#include <utility>
+#include <variant>
+
+namespace tournesol {
+
+struct Etude;
+
+// A stored value, handed back in the type it was written; empty when missing.
+using ValeurTR = std::variant<std::monostate, double, float, std::int16_t>;
+
+// Where the values live: the table TR of the study base, or memory.
+class MagasinReglages {
+public:
+    virtual ~MagasinReglages() = default;
+    // Writes over the value at that place, or adds it.
+    virtual void EcrireValeur(std::int32_t id_key, std::int32_t id_pos, const ValeurTR& valeur) = 0;
+    // The value at that place; empty when there is none.
+    virtual ValeurTR LireValeur(std::int32_t id_key, std::int32_t id_pos) = 0;
+};
+
+// The store kept in memory, for the command line and for tests.
+class MagasinMemoire : public MagasinReglages {
+public:
+    void EcrireValeur(std::int32_t id_key, std::int32_t id_pos, const ValeurTR& valeur) override;
+    ValeurTR LireValeur(std::int32_t id_key, std::int32_t id_pos) override;
+    std::size_t Taille() const { return valeurs_.size(); }
+
+private:
+    std::map<std::pair<std::int32_t, std::int32_t>, ValeurTR> valeurs_;
+};
+
+// The cursor of the whole system (PositionTR) over the setting row id_reglage.
+void DebutTR(Etude& e);
+void EcrireTR(Etude& e, MagasinReglages& m, const ValeurTR& valeur);
+// The value at the cursor; FinTR is set when it is missing. The cursor moves on in any case.
+ValeurTR LireTR(Etude& e, MagasinReglages& m);
+
+// A value read back into a variable of the given type; a missing value leaves it alone.
+void LireDans(const ValeurTR& v, double& cible);
+void LireDans(const ValeurTR& v, float& cible);
+void LireDans(const ValeurTR& v, std::int16_t& cible);
+void LireDans(const ValeurTR& v, std::int32_t& cible);
+void LireDans(const ValeurTR& v, bool& cible);
+
+// Each relay registers the writer and the reader of its list; the save and the opening call
+// them by id_protection.
+using ListeReglages = void (*)(Etude&, MagasinReglages&);
+void InscrireReglagesRelais(int id_protection, ListeReglages ecrire, ListeReglages lire);
+// False when the relay has no list.
+bool EcrireReglagesRelais(Etude& e, MagasinReglages& m);
+bool LireReglagesRelais(Etude& e, MagasinReglages& m);
+
+} // namespace tournesol
