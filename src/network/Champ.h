@@ -3,8 +3,13 @@
 
 #include <string>
 #include <string_view>
+#include <vector>
 
 namespace tournesol {
+
+// What a field is on the window: a text box, a list with free text, an option of a group, a
+// check box, a button or a text to read.
+enum class GenreChamp { Texte, Liste, Option, Case, Bouton, Etiquette };
 
 struct Champ {
     Champ() = default;
@@ -20,6 +25,10 @@ struct Champ {
     bool Valeur = false; // an option or check box: pressed
     int SelDebut = 0;    // selection, in characters
     int SelLongueur = 0;
+    GenreChamp Genre = GenreChamp::Texte;
+    std::string Groupe;              // the frame or tab it stands in
+    std::vector<std::string> Liste;  // the entries of a list
+    int IndexListe = -1;             // the entry chosen, -1 for a free text
 };
 
 // Shows a value through the field's format. A pending run-time error, or an empty text,

@@ -5,7 +5,7 @@
 namespace tournesol {
 
 namespace {
-std::string Titre(const Etude& e) {
+std::string TitreEtude(const Etude& e) {
     return "TOURNESOL [" + e.NomPoste + "]";
 }
 
@@ -18,13 +18,20 @@ Champ Valeur(const char* nom, const char* format, const char* legende, double va
 
 Champ Etiquette(const char* nom, std::string texte, bool visible = true) {
     Champ c(nom, std::move(texte), "");
+    c.Genre = GenreChamp::Etiquette;
     c.Visible = visible;
+    return c;
+}
+
+Champ Bouton(const char* nom, std::string texte) {
+    Champ c(nom, std::move(texte), "");
+    c.Genre = GenreChamp::Bouton;
     return c;
 }
 } // namespace
 
 PanneauValeurs::PanneauValeurs(Etude& e) : Panneau("frmValeurs"), e_(e) {
-    AjouterChamp(Etiquette("Caption", Titre(e)));
+    DefinirTitre(TitreEtude(e));
     AjouterChamp(Etiquette("label3", e.NomPoste + " - " + e.NomDepart));
     AjouterChamp(Valeur("txtxprim1", "##0.##", "First zone reactance", e.Ligne_Xprim1));
     AjouterChamp(Valeur("txtxprim2", "##0.##", "Second zone reactance", e.Ligne_Xprim2));
@@ -34,17 +41,23 @@ PanneauValeurs::PanneauValeurs(Etude& e) : Panneau("frmValeurs"), e_(e) {
     AjouterChamp(Valeur("txtkv", "# ##0", "Voltage ratio", e.Kv));
     AjouterChamp(Valeur("txtki", "# ##0", "Current ratio", e.Ki));
     AjouterChamp(Valeur("txtkz", "#0.0#", "Impedance ratio", e.Kz));
-    AjouterChamp(Etiquette("Command2", "&Continuer"));
+    AjouterChamp(Bouton("Command2", "&Continuer"));
 }
 
 void PanneauValeurs::Valider() {
     e_.Ligne_Xprim1 = ChampLire(*Trouver("txtxprim1"));
     e_.Ligne_Xprim2 = ChampLire(*Trouver("txtxprim2"));
     e_.Ligne_Xprim3 = ChampLire(*Trouver("txtxprim3"));
+    FermerPanneau();
+}
+
+void PanneauValeurs::Cliquer(const std::string& nom) {
+    if (nom == "Command2")
+        Valider();
 }
 
 PanneauValeurTroisBouts::PanneauValeurTroisBouts(Etude& e) : Panneau("frmvaleurtroisbouts"), e_(e) {
-    AjouterChamp(Etiquette("Caption", Titre(e)));
+    DefinirTitre(TitreEtude(e));
     AjouterChamp(
         Etiquette("fraresults", "Results of the short circuit current calculation ", e.Ligne_cc));
     AjouterChamp(Etiquette("lblresultmono", e.StadeMono));
@@ -57,7 +70,7 @@ PanneauValeurTroisBouts::PanneauValeurTroisBouts(Etude& e) : Panneau("frmvaleurt
     AjouterChamp(Valeur("txtitb", "####", "maximal current running through B", e.Ligne_ItB));
     AjouterChamp(Valeur("txtitc", "####", "maximal current running through C", e.Ligne_ItC));
     AjouterChamp(Etiquette("Label12", "check please"));
-    AjouterChamp(Etiquette("Command2", "OK"));
+    AjouterChamp(Bouton("Command2", "OK"));
 }
 
 void PanneauValeurTroisBouts::Valider() {
@@ -70,6 +83,12 @@ void PanneauValeurTroisBouts::Valider() {
     e_.Ligne_ItA = courant("txtita");
     e_.Ligne_ItB = courant("txtitb");
     e_.Ligne_ItC = courant("txtitc");
+    FermerPanneau();
+}
+
+void PanneauValeurTroisBouts::Cliquer(const std::string& nom) {
+    if (nom == "Command2")
+        Valider();
 }
 
 } // namespace tournesol

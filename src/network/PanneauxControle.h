@@ -13,6 +13,7 @@ class PanneauValeurs : public Panneau {
 public:
     explicit PanneauValeurs(Etude& e);
     void Valider() override; // "&Continuer"
+    void Cliquer(const std::string& nom) override;
 
 private:
     Etude& e_;
@@ -23,6 +24,7 @@ class PanneauValeurTroisBouts : public Panneau {
 public:
     explicit PanneauValeurTroisBouts(Etude& e);
     void Valider() override; // "OK"
+    void Cliquer(const std::string& nom) override;
 
 private:
     Etude& e_;

@@ -52,25 +52,27 @@ PanneauReportCharge::PanneauReportCharge(Etude& e, Dialogue& d)
     : Panneau("frmReportCharge"), e_(e), d_(d), crt_(e.Ligne_CRt), crm_(e.Ligne_CRm),
       xla_(e.Ligne_XLA), xld_(e.Ligne_XLD), xs_(e.Ligne_XS), xsmini_(e.Ligne_XSmini),
       una_(e.Ligne_UnA) {
-    auto ajouter = [this](const char* nom, const char* texte, const char* format = "") {
-        return &AjouterChamp(Champ(nom, texte, format));
+    DefinirTitre("TOURNESOL [" + e.NomPoste + "]");
+    Ajouter(GenreChamp::Etiquette, "panel3d1", "load report");
+    Ajouter(GenreChamp::Option, "chkcalcul", "Calculation of the three phase load report factor",
+            "mode");
+    Ajouter(GenreChamp::Option, "chksaisie", "inscription of the three phase load report factor",
+            "mode");
+    Ajouter(GenreChamp::Etiquette, "Frame1", "Voltage of the neighbour link", "Frame1");
+    Ajouter(GenreChamp::Option, "chk63kv", "      63 kV", "Frame1");
+    Ajouter(GenreChamp::Option, "chk90kv", "      90 kV", "Frame1");
+    Ajouter(GenreChamp::Option, "chk225kv", "      225 kV", "Frame1");
+    Ajouter(GenreChamp::Option, "chk400kv", "      400kV", "Frame1");
+    Ajouter(GenreChamp::Option, "chkautre", "      other", "Frame1");
+    auto valeur = [this](const char* nom, const char* format, const char* legende) {
+        Champ& c = Ajouter(GenreChamp::Texte, nom, "", "valeurs");
+        c.Format = format;
+        c.Legende = legende;
     };
-    ajouter("Caption", "")->Texte = "TOURNESOL [" + e.NomPoste + "]";
-    ajouter("panel3d1", "load report");
-    ajouter("chkcalcul", "Calculation of the three phase load report factor");
-    ajouter("chksaisie", "inscription of the three phase load report factor");
-    ajouter("Frame1", "Voltage of the neighbour link");
-    ajouter("chk63kv", "      63 kV");
-    ajouter("chk90kv", "      90 kV");
-    ajouter("chk225kv", "      225 kV");
-    ajouter("chk400kv", "      400kV");
-    ajouter("chkautre", "      other");
-    ajouter("txtxla", "", "##0.00")->Legende =
-        "positive sequence reactance of the neighbour link  ";
-    ajouter("txtcrt", "", "0.000")->Legende = "current admitting the three phase load report     ";
-    ajouter("txtcrm", "", "0.000")->Legende =
-        "current admitting the single phase load report                ";
-    ajouter("Command2", "&Calculer");
+    valeur("txtxla", "##0.00", "positive sequence reactance of the neighbour link  ");
+    valeur("txtcrt", "0.000", "current admitting the three phase load report     ");
+    valeur("txtcrm", "0.000", "current admitting the single phase load report                ");
+    Ajouter(GenreChamp::Bouton, "Command2", "&Calculer");
 
     ChampEcrire(*Trouver("txtxla"), e.Ligne_XLA);
     ChampEcrire(*Trouver("txtcrt"), e.Ligne_CRt);
@@ -152,12 +154,12 @@ void PanneauReportCharge::Valider() {
     }
     (e_.TypeReportCharge == 0 ? e_.CRtCalcule : e_.CRmCalcule) = true;
     confirme_ = true;
-    ferme_ = true;
+    FermerPanneau();
 }
 
 bool PanneauReportCharge::Fermer() {
     if (confirme_) {
-        ferme_ = true;
+        FermerPanneau();
         return true;
     }
     e_.sTitre = "TOURNESOL : confirmer";
@@ -168,7 +170,7 @@ bool PanneauReportCharge::Fermer() {
     switch (e_.ReponseQuestion) {
     case 0:
         Cliquer("Command2");
-        return ferme_;
+        return Ferme();
     case 1:
         e_.Ligne_CRt = crt_;
         e_.Ligne_CRm = crm_;
@@ -177,7 +179,7 @@ bool PanneauReportCharge::Fermer() {
         e_.Ligne_XS = xs_;
         e_.Ligne_XSmini = xsmini_;
         e_.Ligne_UnA = una_;
-        ferme_ = true;
+        FermerPanneau();
         return true;
     default:
         return false;

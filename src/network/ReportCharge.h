@@ -28,9 +28,8 @@ public:
     void Valider() override;
     // The close box. Unconfirmed values raise the question; returns false when the user
     // chooses to stay.
-    bool Fermer();
+    bool Fermer() override;
 
-    bool Ferme() const { return ferme_; }
     bool Confirme() const { return confirme_; }
 
 private:
@@ -44,7 +43,6 @@ private:
     Etude& e_;
     Dialogue& d_;
     bool confirme_ = false;
-    bool ferme_ = false;
     // What the study held when the panel came up, for "&Continuer".
     double crt_, crm_, xla_, xld_, xs_, xsmini_;
     int una_;

@@ -12,4 +12,12 @@ Champ& Panneau::AjouterChamp(Champ champ) {
     return champs_.emplace_back(std::move(champ));
 }
 
+Champ& Panneau::Ajouter(GenreChamp genre, const std::string& nom, const std::string& texte,
+                        const std::string& groupe) {
+    Champ& c = AjouterChamp(Champ(nom, texte, ""));
+    c.Genre = genre;
+    c.Groupe = groupe;
+    return c;
+}
+
 } // namespace tournesol

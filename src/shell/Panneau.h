@@ -22,18 +22,42 @@ public:
     Champ* Trouver(const std::string& nom);
     const std::deque<Champ>& Champs() const { return champs_; }
 
+    // The window's title.
+    const std::string& Titre() const { return titre_; }
+
     virtual void Entrer(const std::string& /*champ*/) {}
     virtual void Quitter(const std::string& /*champ*/) {}
+    // The user changed the text of a field (typing, or an entry of its list).
+    virtual void Changer(const std::string& /*champ*/) {}
     virtual void Cliquer(const std::string& /*nom*/) {}
+    // A key the window did not use: Enter, Escape.
+    virtual void Touche(int /*code*/) {}
     // OK: the user confirms what the panel shows.
-    virtual void Valider() {}
-    virtual void Annuler() {}
+    virtual void Valider() { FermerPanneau(); }
+    virtual void Annuler() { FermerPanneau(); }
+    // The close box; false when the panel stays up.
+    virtual bool Fermer() {
+        FermerPanneau();
+        return true;
+    }
+
+    // The panel asked to be closed.
+    bool Ferme() const { return ferme_; }
+
+    static constexpr int TOUCHE_ENTREE = 13;
+    static constexpr int TOUCHE_ECHAP = 27;
 
 protected:
     Champ& AjouterChamp(Champ champ);
+    Champ& Ajouter(GenreChamp genre, const std::string& nom, const std::string& texte,
+                   const std::string& groupe = {});
+    void FermerPanneau() { ferme_ = true; }
+    void DefinirTitre(std::string titre) { titre_ = std::move(titre); }
 
 private:
     std::string nom_;
+    std::string titre_;
+    bool ferme_ = false;
     std::deque<Champ> champs_; // stable references for the views
 };
 
