@@ -33,7 +33,7 @@ void BM_Redessin(benchmark::State& state, const std::string& nom) {
     QPainter peintre(&image);
     SurfaceQt surface(peintre, 1000.0, 1000.0);
     Plan plan(e, surface);
-    plan.ZoomIdeal();
+    ZoomIdeal(e);
     for (auto _ : state) {
         DrawRelay(plan, OptionsAffichage{});
         benchmark::DoNotOptimize(image.bits());

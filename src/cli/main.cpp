@@ -64,7 +64,7 @@ int Svg(const std::string& chemin, const std::optional<std::string>& sortie) {
     InitCouleurs(s.e);
     SurfaceSvg surface(TAILLE_SVG, TAILLE_SVG);
     Plan plan(s.e, surface);
-    if (s.e.ScaleWidth == 0.0f) plan.ZoomIdeal();
+    if (s.e.ScaleWidth == 0.0f) ZoomIdeal(s.e);
     DrawRelay(plan, OptionsAffichage{});
     if (!sortie) {
         std::cout << surface.Document();

@@ -123,38 +123,38 @@ Plan::Plan(Etude& e, Surface& surface) : e_(e), surface_(&surface) {}
 
 // ---- scale and zoom ----
 
-void Plan::ZoomIdeal() {
-    const double n = std::min(e_.PointsTransit[0].Module, 200.0);
+void ZoomIdeal(Etude& e) {
+    const double n = std::min(e.PointsTransit[0].Module, 200.0);
     if (!(n > 0.0)) return; // no load point yet: the window stays
-    e_.ScaleLeft = static_cast<float>(-1.5 * n);
-    e_.ScaleTop = static_cast<float>(1.5 * n);
-    e_.ScaleHeight = static_cast<float>(-3.0 * n);
-    e_.ScaleWidth = static_cast<float>(3.0 * n);
+    e.ScaleLeft = static_cast<float>(-1.5 * n);
+    e.ScaleTop = static_cast<float>(1.5 * n);
+    e.ScaleHeight = static_cast<float>(-3.0 * n);
+    e.ScaleWidth = static_cast<float>(3.0 * n);
 }
 
-void Plan::ZoomPlus() {
-    const float w = std::fabs(e_.ScaleWidth), h = std::fabs(e_.ScaleHeight);
-    e_.ScaleLeft = -w / 4;
-    e_.ScaleTop = h / 4;
-    e_.ScaleWidth = w / 2;
-    e_.ScaleHeight = -h / 2;
+void ZoomPlus(Etude& e) {
+    const float w = std::fabs(e.ScaleWidth), h = std::fabs(e.ScaleHeight);
+    e.ScaleLeft = -w / 4;
+    e.ScaleTop = h / 4;
+    e.ScaleWidth = w / 2;
+    e.ScaleHeight = -h / 2;
 }
 
-void Plan::ZoomMoins() {
-    const float w = std::fabs(e_.ScaleWidth), h = std::fabs(e_.ScaleHeight);
-    e_.ScaleLeft = -w;
-    e_.ScaleTop = h;
-    e_.ScaleWidth = 2 * w;
-    e_.ScaleHeight = -2 * h;
+void ZoomMoins(Etude& e) {
+    const float w = std::fabs(e.ScaleWidth), h = std::fabs(e.ScaleHeight);
+    e.ScaleLeft = -w;
+    e.ScaleTop = h;
+    e.ScaleWidth = 2 * w;
+    e.ScaleHeight = -2 * h;
 }
 
-bool Plan::ZoomCarre(double x0, double y0, double x1, double y1) {
+bool ZoomCarre(Etude& e, double x0, double y0, double x1, double y1) {
     const double d = std::max(std::fabs(x0 - x1), std::fabs(y0 - y1));
     if (!(d > 0.0)) return false;
-    e_.ScaleLeft = static_cast<float>(x0 - d);
-    e_.ScaleTop = static_cast<float>(y0 + d);
-    e_.ScaleWidth = static_cast<float>(2.0 * d);
-    e_.ScaleHeight = static_cast<float>(-2.0 * d);
+    e.ScaleLeft = static_cast<float>(x0 - d);
+    e.ScaleTop = static_cast<float>(y0 + d);
+    e.ScaleWidth = static_cast<float>(2.0 * d);
+    e.ScaleHeight = static_cast<float>(-2.0 * d);
     return true;
 }
 

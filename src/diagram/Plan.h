@@ -65,6 +65,14 @@ void ZoneColours(Etude& e);
 // The step of the graduations of a plane of that size.
 int PasGraduation(double largeur, double hauteur);
 
+// Zoom commands on the study's scale. The ideal zoom fits the plane to the load point N1.
+void ZoomIdeal(Etude& e);
+void ZoomPlus(Etude& e);
+void ZoomMoins(Etude& e);
+// A square window centred on the first point of a drag; false, and nothing changed, for a drag
+// of no size.
+bool ZoomCarre(Etude& e, double x0, double y0, double x1, double y1);
+
 class Plan {
 public:
     Plan(Etude& e, Surface& surface);
@@ -73,14 +81,6 @@ public:
     Surface& surface() { return *surface_; }
     // Drawing on another surface (a page) from now on.
     void ChangerSurface(Surface& surface) { surface_ = &surface; }
-
-    // Zoom.
-    void ZoomIdeal();
-    void ZoomPlus();
-    void ZoomMoins();
-    // A square window centred on the first point of a drag; false, and nothing changed, for a
-    // drag of no size.
-    bool ZoomCarre(double x0, double y0, double x1, double y1);
 
     void ClearPlan();
     // Clears the plane, draws the axes, the unit marks and the graduations.

@@ -74,25 +74,25 @@ TEST_F(PlanEssai, DessinDuPlan) {
 
 TEST_F(PlanEssai, Zoom) {
     e.PointsTransit[0] = Polar(500.0, 0.3);
-    plan.ZoomIdeal();
+    ZoomIdeal(e);
     EXPECT_EQ(e.ScaleWidth, 600.0f); // the load point counts for 200 at most
     EXPECT_EQ(e.ScaleLeft, -300.0f);
     EXPECT_EQ(e.ScaleHeight, -600.0f);
 
-    ASSERT_TRUE(plan.ZoomCarre(100.0, 50.0, 110.0, 70.0));
+    ASSERT_TRUE(ZoomCarre(e, 100.0, 50.0, 110.0, 70.0));
     EXPECT_EQ(e.ScaleLeft, 80.0f); // a square of 2 x 20 centred on the first point
     EXPECT_EQ(e.ScaleTop, 70.0f);
     EXPECT_EQ(e.ScaleWidth, 40.0f);
-    plan.ZoomPlus(); // the origin comes back to the centre
+    ZoomPlus(e); // the origin comes back to the centre
     EXPECT_EQ(e.ScaleLeft, -10.0f);
     EXPECT_EQ(e.ScaleTop, 10.0f);
     EXPECT_EQ(e.ScaleWidth, 20.0f);
     EXPECT_EQ(e.ScaleHeight, -20.0f);
-    plan.ZoomMoins();
+    ZoomMoins(e);
     EXPECT_EQ(e.ScaleLeft, -20.0f);
     EXPECT_EQ(e.ScaleWidth, 40.0f);
 
-    EXPECT_FALSE(plan.ZoomCarre(5.0, 5.0, 5.0, 5.0)); // no size: nothing changes
+    EXPECT_FALSE(ZoomCarre(e, 5.0, 5.0, 5.0, 5.0)); // no size: nothing changes
     EXPECT_EQ(e.ScaleWidth, 40.0f);
 }
 
