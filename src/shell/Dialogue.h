@@ -30,6 +30,8 @@ public:
     // Shows or hides the hourglass; returns whether it was shown before.
     virtual bool Sablier(bool actif) = 0;
     virtual void LaisserPasserEvenements() = 0;
+    // The machine's beep.
+    virtual void Bip() {}
 };
 
 // frmMessage driven by sTitre, sMessage and IconeMessage.

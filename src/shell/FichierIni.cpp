@@ -21,8 +21,7 @@ std::string Minuscules(std::string s) {
 
 std::string Rogner(const std::string& s) {
     const auto debut = s.find_first_not_of(" \t\r");
-    if (debut == std::string::npos)
-        return {};
+    if (debut == std::string::npos) return {};
     const auto fin = s.find_last_not_of(" \t\r");
     return s.substr(debut, fin - debut + 1);
 }
@@ -32,8 +31,7 @@ std::vector<std::string> Lignes(const std::filesystem::path& fichier) {
     std::ifstream f(fichier, std::ios::binary);
     std::string ligne;
     while (std::getline(f, ligne)) {
-        if (!ligne.empty() && ligne.back() == '\r')
-            ligne.pop_back();
+        if (!ligne.empty() && ligne.back() == '\r') ligne.pop_back();
         lignes.push_back(ligne);
     }
     return lignes;
@@ -41,10 +39,8 @@ std::vector<std::string> Lignes(const std::filesystem::path& fichier) {
 
 bool EstSection(const std::string& ligne, std::string* nom = nullptr) {
     const std::string r = Rogner(ligne);
-    if (r.size() < 2 || r.front() != '[' || r.back() != ']')
-        return false;
-    if (nom)
-        *nom = r.substr(1, r.size() - 2);
+    if (r.size() < 2 || r.front() != '[' || r.back() != ']') return false;
+    if (nom) *nom = r.substr(1, r.size() - 2);
     return true;
 }
 
@@ -62,18 +58,20 @@ bool Remplacer(const std::filesystem::path& fichier, const std::vector<std::stri
         std::ofstream f(temporaire, std::ios::binary | std::ios::trunc);
         for (const std::string& l : lignes)
             f << l << "\r\n";
-        if (!f.flush())
-            return false;
+        if (!f.flush()) return false;
     }
     std::error_code erreur;
     std::filesystem::rename(temporaire, fichier, erreur);
-    if (erreur)
-        std::filesystem::remove(temporaire, erreur);
+    if (erreur) std::filesystem::remove(temporaire, erreur);
     return !erreur;
 }
 
-std::string Entier(long long v) { return std::to_string(v); }
-std::string Booleen16(bool b) { return std::to_string(b ? -1 : 0); }
+std::string Entier(long long v) {
+    return std::to_string(v);
+}
+std::string Booleen16(bool b) {
+    return std::to_string(b ? -1 : 0);
+}
 
 // The three sections of the user's settings, key by key, with the variable each fills.
 struct CleCouleur {
@@ -81,20 +79,26 @@ struct CleCouleur {
     Couleur Etude::*couleur;
 };
 constexpr CleCouleur COULEURS[] = {
-    {"Transit 1", &Etude::CouleurTransit1},   {"Transit 2", &Etude::CouleurTransit2},
-    {"Antipompage", &Etude::CouleurAntipompage}, {"Monophasé", &Etude::CouleurMonophase},
-    {"Transit 3", &Etude::CouleurTransit3},   {"Triphasé", &Etude::CouleurTriphase},
-    {"Zones", &Etude::CouleurZones},          {"Directionnel", &Etude::CouleurDirectionnel},
-    {"Poste1", &Etude::CouleurPoste1},        {"Poste2", &Etude::CouleurPoste2},
-    {"Ligne", &Etude::CouleurLigne},          {"PosteAval", &Etude::CouleurPosteAval},
+    {"Transit 1", &Etude::CouleurTransit1},
+    {"Transit 2", &Etude::CouleurTransit2},
+    {"Antipompage", &Etude::CouleurAntipompage},
+    {"Monophasé", &Etude::CouleurMonophase},
+    {"Transit 3", &Etude::CouleurTransit3},
+    {"Triphasé", &Etude::CouleurTriphase},
+    {"Zones", &Etude::CouleurZones},
+    {"Directionnel", &Etude::CouleurDirectionnel},
+    {"Poste1", &Etude::CouleurPoste1},
+    {"Poste2", &Etude::CouleurPoste2},
+    {"Ligne", &Etude::CouleurLigne},
+    {"PosteAval", &Etude::CouleurPosteAval},
 };
 struct CleEntier16 {
     const char* cle;
     Entier16 Etude::*valeur;
 };
 constexpr CleEntier16 PLUME[] = {
-    {"Rouge", &Etude::PlumeRouge},           {"Vert", &Etude::PlumeVert},
-    {"Bleu", &Etude::PlumeBleu},             {"Epaisseur", &Etude::PlumeEpaisseur},
+    {"Rouge", &Etude::PlumeRouge}, {"Vert", &Etude::PlumeVert},
+    {"Bleu", &Etude::PlumeBleu},   {"Epaisseur", &Etude::PlumeEpaisseur},
     {"Style", &Etude::PlumeStyle},
 };
 constexpr const char* PARTIES[] = {"Tracé", "Diagnostics", "Réglages"};
@@ -102,8 +106,7 @@ constexpr const char* PARTIES[] = {"Tracé", "Diagnostics", "Réglages"};
 std::optional<long long> LireEntier(const std::filesystem::path& f, const char* section,
                                     const char* cle) {
     const auto texte = LireProfil(f, section, cle);
-    if (!texte)
-        return std::nullopt;
+    if (!texte) return std::nullopt;
     try {
         std::size_t lu = 0;
         const long long v = std::stoll(*texte, &lu, 0);
@@ -114,8 +117,7 @@ std::optional<long long> LireEntier(const std::filesystem::path& f, const char* 
 }
 
 std::string AvecSeparateur(std::string chemin) {
-    if (!chemin.empty() && chemin.back() != '/' && chemin.back() != '\\')
-        chemin.push_back('/');
+    if (!chemin.empty() && chemin.back() != '/' && chemin.back() != '\\') chemin.push_back('/');
     return chemin;
 }
 
@@ -144,8 +146,7 @@ bool EcrireProfil(const std::filesystem::path& fichier, const std::string& secti
         }
     }
     if (!trouvee) {
-        if (!lignes.empty() && !lignes.back().empty())
-            lignes.emplace_back();
+        if (!lignes.empty() && !lignes.back().empty()) lignes.emplace_back();
         lignes.push_back("[" + section + "]");
         lignes.push_back(ligneCle);
     } else {
@@ -172,7 +173,9 @@ std::optional<std::string> LireProfil(const std::filesystem::path& fichier,
     return std::nullopt;
 }
 
-std::filesystem::path FichierReglages(const Etude& e) { return e.Rep_loc + "TOUR.INI"; }
+std::filesystem::path FichierReglages(const Etude& e) {
+    return e.Rep_loc + "TOUR.INI";
+}
 
 bool EcrireReglagesUtilisateur(const Etude& e, const std::filesystem::path& f) {
     bool ok = true;
@@ -192,18 +195,14 @@ void LireReglagesUtilisateur(Etude& e, const std::filesystem::path& f) {
     for (const CleCouleur& c : COULEURS)
         if (const auto v = LireEntier(f, "Couleurs", c.cle))
             e.*c.couleur = static_cast<Couleur>(*v);
-    if (const auto v = LireEntier(f, "Impression", "Noir"))
-        e.ImpNoir = *v != 0;
-    if (const auto v = LireEntier(f, "Impression", "NoDots"))
-        e.ImpNoDots = *v != 0;
+    if (const auto v = LireEntier(f, "Impression", "Noir")) e.ImpNoir = *v != 0;
+    if (const auto v = LireEntier(f, "Impression", "NoDots")) e.ImpNoDots = *v != 0;
     if (const auto v = LireEntier(f, "Impression", "Copies"))
         e.ImpCopies = static_cast<Entier16>(*v);
     for (std::size_t i = 0; i < 3; ++i)
-        if (const auto v = LireEntier(f, "Impression", PARTIES[i]))
-            e.ImpParties[i] = *v != 0;
+        if (const auto v = LireEntier(f, "Impression", PARTIES[i])) e.ImpParties[i] = *v != 0;
     for (const CleEntier16& p : PLUME)
-        if (const auto v = LireEntier(f, "Tracé", p.cle))
-            e.*p.valeur = static_cast<Entier16>(*v);
+        if (const auto v = LireEntier(f, "Tracé", p.cle)) e.*p.valeur = static_cast<Entier16>(*v);
 }
 
 bool SauverColonnesPostes(const Etude& e, const std::filesystem::path& f) {
@@ -217,16 +216,12 @@ bool SauverColonnesPostes(const Etude& e, const std::filesystem::path& f) {
 }
 
 bool LireFichierChemins(Etude& e, Dialogue& d, const std::filesystem::path& fichier) {
-    if (!std::filesystem::exists(fichier))
-        return true;
+    if (!std::filesystem::exists(fichier)) return true;
     const auto appli = LireProfil(fichier, "Tournesol", "Rep_appli");
     const auto loc = LireProfil(fichier, "Tournesol", "Rep_loc");
-    if (appli)
-        e.Rep_appli = AvecSeparateur(*appli);
-    if (loc)
-        e.Rep_loc = AvecSeparateur(*loc);
-    if (appli && loc)
-        return true;
+    if (appli) e.Rep_appli = AvecSeparateur(*appli);
+    if (loc) e.Rep_loc = AvecSeparateur(*loc);
+    if (appli && loc) return true;
     const std::string nom = fichier.filename().string();
     std::ostringstream texte;
     texte << "Please create under C:\\WINDOWS the file " << nom << " with the path names\r\n\r\n"

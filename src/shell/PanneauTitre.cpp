@@ -67,7 +67,7 @@ PanneauChoixProtection::PanneauChoixProtection(Etude& e, Dialogue& /*d*/)
     DefinirTitre("TOURNESOL [" + e.NomPoste + "]");
     Ajouter(GenreChamp::Etiquette, "Frame1", "choose a relay...", "Frame1");
     for (const std::string& nom : OrdreDesBoutons()) {
-        const int id = std::stoi(nom.substr(9));
+        const int id = std::stoi(nom.substr(10));
         Champ& c =
             Ajouter(GenreChamp::Option, nom,
                     std::string(LEGENDES_PROTECTION[static_cast<std::size_t>(id - 1)]), "Frame1");

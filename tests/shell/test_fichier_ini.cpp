@@ -17,9 +17,8 @@ struct Dossier : ::testing::Test {
     fs::path dossier;
     void SetUp() override {
         dossier = fs::temp_directory_path() /
-                  ("tournesol-ini-" + std::string(::testing::UnitTest::GetInstance()
-                                                       ->current_test_info()
-                                                       ->name()));
+                  ("tournesol-ini-" +
+                   std::string(::testing::UnitTest::GetInstance()->current_test_info()->name()));
         fs::remove_all(dossier);
         fs::create_directories(dossier);
     }
@@ -90,8 +89,9 @@ TEST_F(Dossier, FichierDesChemins) {
     ASSERT_EQ(d.Messages().size(), 1u);
     EXPECT_EQ(d.Messages()[0].sTitre, "Tournesol : error");
     const std::string& texte = d.Messages()[0].sMessage;
-    EXPECT_NE(texte.find("Please create under C:\\WINDOWS the file TOURNESO.INI with the path names"),
-              std::string::npos);
+    EXPECT_NE(
+        texte.find("Please create under C:\\WINDOWS the file TOURNESO.INI with the path names"),
+        std::string::npos);
     EXPECT_NE(texte.find("Rep_loc = <lecteur> : <private data base path> (error Rep_loc)"),
               std::string::npos);
     EXPECT_EQ(texte.find("(error Rep_appli)"), std::string::npos);

@@ -1,0 +1,218 @@
+// The opening dialog, the relay choice, the working window and the loop between them, driven
+// through the scripted dialogue.
+#include "shell/Application.h"
+#include "shell/BaseEtudes.h"
+#include "shell/Dialogue.h"
+#include "shell/Etude.h"
+#include "shell/PanneauDemarre.h"
+#include "shell/PanneauTitre.h"
+#include "shell/Registre.h"
+
+#include <gtest/gtest.h>
+
+using namespace tournesol;
+
+namespace {
+void Saisir(Panneau& p, const std::string& champ, const std::string& texte) {
+    p.Entrer(champ);
+    p.Trouver(champ)->Texte = texte;
+    p.Changer(champ);
+    p.Quitter(champ);
+}
+} // namespace
+
+TEST(Titre, IndicesEtBoutonOuvrir) {
+    Etude e;
+    DialogueSansFenetre d;
+    PanneauTitre t(e, d, nullptr);
+    EXPECT_EQ(t.Titre(), "TOURNESOL");
+    EXPECT_EQ(t.Trouver("Status")->Texte, "You must previously choose the substations A and B");
+    EXPECT_FALSE(t.Trouver("cmdOK")->Actif);
+
+    t.Entrer("txtDépart");
+    EXPECT_EQ(t.Trouver("Status")->Texte, "Tu dois sélectionner un poste préalablement");
+    Saisir(t, "txtposte", "CHAMPAGNIER");
+    EXPECT_EQ(e.NomPoste, "CHAMPAGNIER");
+    t.Entrer("txtPiquage");
+    EXPECT_EQ(t.Trouver("Status")->Texte,
+              "Tu dois sélectionner un poste et un départ préalablement");
+    Saisir(t, "txtDépart", "GRANDE-ILE");
+    t.Entrer("txtPiquage");
+    EXPECT_FALSE(t.Trouver("Status")->Visible);
+    EXPECT_FALSE(t.Trouver("cmdOK")->Actif); // no relay yet
+
+    t.Touche(Panneau::TOUCHE_ENTREE); // Enter with Open disabled does nothing
+    EXPECT_FALSE(e.OuvertureOK);
+    Saisir(t, "txtProtection", "PD3A");
+    t.Entrer("txtposte");
+    EXPECT_TRUE(t.Trouver("cmdOK")->Actif);
+    EXPECT_TRUE(t.Trouver("txtnuméro")->Visible);
+    Saisir(t, "txtProtection", NOUVELLE_PROTECTION);
+    EXPECT_FALSE(t.Trouver("txtnuméro")->Visible);
+
+    // A change of letter case is a change: the later boxes are emptied.
+    Saisir(t, "txtposte", "Champagnier");
+    EXPECT_TRUE(t.Trouver("txtDépart")->Texte.empty());
+
+    // Two relays: the second page's tab, deletion off, boxes emptied.
+    t.Trouver("chksuperposer")->Valeur = true;
+    t.Cliquer("chksuperposer");
+    EXPECT_TRUE(t.Trouver("TitreOnglet(1)")->Visible);
+    EXPECT_FALSE(t.Trouver("cmdSupprimer")->Actif);
+    EXPECT_TRUE(t.Trouver("txtposte")->Texte.empty());
+    EXPECT_TRUE(e.Superposition);
+
+    Saisir(t, "txtnuméro", "4");
+    EXPECT_EQ(e.id_numero, 4);
+    Saisir(t, "txtnuméro", "7");
+    EXPECT_EQ(e.id_numero, 0);
+    t.Touche(Panneau::TOUCHE_ECHAP);
+    EXPECT_TRUE(e.QuitterAppli);
+    EXPECT_TRUE(t.Ferme());
+}
+
+TEST(Titre, ChoixDeLaProtectionAnnuleOuValide) {
+    Etude e;
+    DialogueScripte d;
+    int passages = 0;
+    d.QuandPanneau("frmChoixProtection", [&passages](Panneau& p) {
+        if (passages++ == 0) {
+            p.Cliquer("Command2"); // cancel: the dialog stays with its entries
+            return;
+        }
+        p.Cliquer("Option3D1(11)");
+        p.Cliquer("Command1");
+    });
+    PanneauTitre t(e, d, nullptr);
+    Saisir(t, "txtposte", "A");
+    Saisir(t, "txtDépart", "B");
+    Saisir(t, "txtProtection", "RXAP");
+    t.Entrer("txtposte");
+    t.Cliquer("cmdOK");
+    EXPECT_FALSE(e.OuvertureOK);
+    EXPECT_FALSE(t.Ferme());
+    EXPECT_EQ(e.ErrCalcul, -1);
+    t.Cliquer("cmdOK");
+    EXPECT_TRUE(e.OuvertureOK);
+    EXPECT_TRUE(t.Ferme());
+    EXPECT_EQ(e.id_protection, 11);
+    EXPECT_EQ(e.ProtectionChoisie, 11);
+    EXPECT_EQ(e.NomProtection, "RXAP");
+    EXPECT_EQ(e.Ligne_Ex, (Entiers16x3{1, 2, 3}));
+    EXPECT_EQ(e.ScaleWidth, 40.0f);
+    EXPECT_EQ(e.Ligne_XL[0], 1.0); // zero reactances become 1
+    EXPECT_EQ(e.Nom1Depart, "B");
+    EXPECT_FALSE(e.LigneTroisBouts);
+}
+
+TEST(Demarre, BoucleEtOptionsDeReport) {
+    Etude e;
+    e.Ligne_Up = 225;
+    e.Ligne_Ip = 1000;
+    e.Is = 1.0f;
+    e.Ligne_Icc = 31.5;
+    e.Ligne_lc = true;
+    e.Ligne_Longueur[0] = 75.0;
+    e.Ligne_XL[0] = 30.375;
+    e.Ligne_RL[0] = 6.375;
+    e.Ligne_ZL[0] = 31.0;
+    e.Ligne_Ittri = 1450.0;
+    e.Ligne_Itmono = 1700.0;
+    e.Ligne_Itmax = 1900.0;
+    e.Ligne_XLA = 20.0;
+    DialogueScripte d;
+    int titres = 0, fenetres = 0;
+    d.QuandPanneau("frmtitre", [&](Panneau& p) {
+        if (titres++ == 1) {
+            p.Cliquer("cmdQuitter");
+            return;
+        }
+        Saisir(p, "txtposte", "CHAMPAGNIER");
+        Saisir(p, "txtDépart", "GRANDE-ILE");
+        Saisir(p, "txtProtection", "PD3A");
+        p.Entrer("txtposte");
+        p.Cliquer("cmdOK");
+    });
+    d.QuandPanneau("frmChoixProtection", [](Panneau& p) {
+        p.Cliquer("Option3D1(7)"); // PXLN: no single phase report
+        p.Cliquer("Command1");
+    });
+    d.QuandPanneau("frmDémarre", [&](Panneau& p) {
+        ++fenetres;
+        auto& w = dynamic_cast<PanneauDemarre&>(p);
+        EXPECT_EQ(w.Titre(), "TOURNESOL [CHAMPAGNIER]");
+        EXPECT_FALSE(w.Trouver("txtmono")->Visible);
+        EXPECT_FALSE(w.Trouver("chkmonophasé")->Actif);
+        EXPECT_TRUE(w.Trouver("chktriphasé")->Valeur);
+        const int version = w.Version();
+        w.Cliquer("chkmaximal");
+        EXPECT_EQ(e.TypeReportCharge, 2);
+        EXPECT_EQ(e.It, 1900.0);
+        EXPECT_TRUE(w.Trouver("chkmaximal")->Valeur);
+        EXPECT_GT(w.Version(), version); // redrawn
+        w.Cliquer("mnuZoomIn");
+        EXPECT_EQ(e.ScaleWidth, 20.0f);
+        w.Cliquer("mnuChangerPoste");
+        EXPECT_EQ(e.sTitre, "TOURNESOL : Change...");
+    });
+    Application app(e, d, nullptr, std::nullopt);
+    app.Main();
+    EXPECT_EQ(titres, 2); // back to the opening dialog, then Leave
+    EXPECT_EQ(fenetres, 1);
+    EXPECT_TRUE(e.QuitterAppli);
+    EXPECT_EQ(e.NomsProtection[11], "S321-5");
+    EXPECT_FALSE(e.ReportAdmis[6][1]);
+}
+
+TEST(Demarre, OutilsDeDessinEtCoordonnees) {
+    EXPECT_EQ(PanneauDemarre::TexteCoordonnees(12.5, 30.0),
+              "12.5 \xCE\xA9 ; 30. \xCE\xA9\n32.5 \xCE\xA9 \xE2\x88\xA0 67.4 \xC2\xB0");
+    EXPECT_EQ(PanneauDemarre::TexteOutil(3), "Drawing option : rubber");
+
+    Etude e;
+    e.ScaleLeft = -20.0f;
+    e.ScaleWidth = 40.0f;
+    e.ScaleTop = 20.0f;
+    e.ScaleHeight = -40.0f;
+    DialogueSansFenetre d;
+    OptionsReport options;
+    PanneauDemarre w(e, d, options, nullptr, std::nullopt);
+    w.ChoisirOutil(0);
+    w.SourisBouge(1.0, 1.0);
+    EXPECT_EQ(w.Trouver("status")->Texte, "Drawing area (Shift : coordinates)");
+
+    w.ChoisirOutil(5); // a straight line from one end to the other
+    w.SourisBas(0.0, 0.0);
+    w.SourisBouge(3.0, 4.0);
+    ASSERT_TRUE(w.Ebauche().has_value());
+    w.SourisHaut(3.0, 4.0);
+    ASSERT_EQ(w.Annotations().size(), 1u);
+    EXPECT_EQ(w.Annotations()[0].b.Re, 3.0);
+
+    w.ChoisirOutil(1); // text: Enter keeps it, Escape discards it
+    w.SourisBas(5.0, 5.0);
+    w.SourisHaut(5.0, 5.0);
+    w.Caractere("N");
+    w.Caractere("é");
+    w.Caractere("\b");
+    w.Caractere("1");
+    w.Touche(Panneau::TOUCHE_ENTREE);
+    ASSERT_EQ(w.Annotations().size(), 2u);
+    EXPECT_EQ(w.Annotations()[1].texte, "N1");
+    w.SourisBas(6.0, 6.0);
+    w.SourisHaut(6.0, 6.0);
+    w.Caractere("x");
+    w.Touche(Panneau::TOUCHE_ECHAP);
+    EXPECT_EQ(w.Annotations().size(), 2u);
+
+    w.Cliquer("mnuCustomZoom"); // a square dragged from its centre
+    w.SourisBas(2.0, 2.0);
+    w.SourisHaut(5.0, 3.0);
+    EXPECT_EQ(e.ScaleLeft, -1.0f);
+    EXPECT_EQ(e.ScaleWidth, 6.0f);
+    EXPECT_FALSE(e.EnZoom);
+
+    w.Fermer();
+    EXPECT_EQ(e.sTitre, "TOURNESOL : Close");
+    EXPECT_TRUE(e.QuitterAppli);
+}
