@@ -1,49 +1,104 @@
 // tournesol: the engineer's desktop tool.
 #include "network/Format.h"
-#include "shell/Dialogue.h"
+#include "shell/Application.h"
 #include "shell/Etude.h"
 #include "shell/FichierEtude.h"
+#include "shell/FichierIni.h"
 #include "shell/Ouverture.h"
-#include "shell/Registre.h"
-#include "shell/views/VueEtude.h"
+#include "shell/PanneauDemarre.h"
+#include "shell/PanneauTitre.h"
+#include "shell/views/DialogueQt.h"
+#include "shell/views/VueDemarre.h"
+#include "shell/views/VueTitre.h"
 
+#include <QAction>
 #include <QApplication>
+#include <QDir>
+#include <QElapsedTimer>
 #include <QFile>
 #include <QLocale>
-#include <QMessageBox>
+#include <QStandardPaths>
+#include <QTimer>
+#include <iostream>
+
+using namespace tournesol;
+
+namespace {
+
+// `tournesol --capture IMAGE.png STUDY.json`: the working window on a study, saved as an image
+// once its diagram is drawn, then the program ends. It prints how long the start took.
+// The panels that come up on the way are confirmed unchanged.
+void Capturer(const QString& image, const QElapsedTimer& chrono) {
+    QTimer::singleShot(0, [image, &chrono] {
+        for (QWidget* w : QApplication::topLevelWidgets()) {
+            if (w->objectName() != "frmDémarre" || !w->isVisible()) continue;
+            w->grab().save(image);
+            std::cout << "first diagram drawn after " << chrono.elapsed() << " ms\n";
+            if (auto* quitter = w->findChild<QAction*>("mnuQuitter")) quitter->trigger();
+            return;
+        }
+        // The panels of the opening are confirmed as they stand, as the command line does.
+        if (auto* panneau = qobject_cast<FenetrePanneau*>(QApplication::activeModalWidget())) {
+            panneau->Modele().Valider();
+            panneau->accept();
+        } else if (auto* message = qobject_cast<QDialog*>(QApplication::activeModalWidget())) {
+            message->accept();
+        }
+        Capturer(image, chrono);
+    });
+}
+
+} // namespace
 
 int main(int argc, char** argv) {
+    QElapsedTimer chrono;
+    chrono.start();
     QApplication app(argc, argv);
     QApplication::setApplicationName(QStringLiteral("Tournesol"));
     const QString point = QLocale::system().decimalPoint();
     if (point.size() == 1 && point.at(0).unicode() < 128)
-        tournesol::DefinirSeparateurDecimal(static_cast<char>(point.at(0).unicode()));
+        DefinirSeparateurDecimal(static_cast<char>(point.at(0).unicode()));
 
-    tournesol::Etude etude;
-    tournesol::InitRegistre(etude);
-    tournesol::PreparerOuverture(etude);
+    Etude etude;
+    DialogueQt dialogue;
+    dialogue.Inscrire("frmtitre", [](Panneau& p, DialogueQt&) -> std::unique_ptr<FenetrePanneau> {
+        return std::make_unique<VueTitre>(dynamic_cast<PanneauTitre&>(p));
+    });
+    dialogue.Inscrire(
+        "frmDémarre", [&etude](Panneau& p, DialogueQt&) -> std::unique_ptr<FenetrePanneau> {
+            return std::make_unique<VueDemarre>(dynamic_cast<PanneauDemarre&>(p), etude);
+        });
 
-    // A study file named on the command line, else the bundled example study.
-    const QStringList args = QApplication::arguments();
-    QFile fichier(args.size() > 1 ? args.at(1) : QStringLiteral(":/examples/exemple.json"));
-    if (!fichier.open(QIODevice::ReadOnly)) {
-        QMessageBox::critical(nullptr, QStringLiteral("TOURNESOL : Attention"),
-                              QStringLiteral("Cannot read %1").arg(fichier.fileName()));
-        return 1;
+    // The path file in the user's configuration folder; without it both folders stay empty.
+    const QString config = QStandardPaths::writableLocation(QStandardPaths::AppConfigLocation);
+    LireFichierChemins(etude, dialogue, (config + "/TOURNESO.INI").toStdString());
+
+    QStringList args = QApplication::arguments();
+    args.removeFirst();
+    QString capture;
+    if (args.size() >= 2 && args.first() == "--capture") {
+        capture = args.at(1);
+        args = args.mid(2);
     }
-    try {
-        tournesol::LireEtude(fichier.readAll().toStdString(), etude);
-    } catch (const tournesol::ErreurFichierEtude& err) {
-        QMessageBox::critical(nullptr, QStringLiteral("TOURNESOL : Attention"),
-                              QString::fromStdString(err.what()));
-        return 1;
+    Application application(etude, dialogue, nullptr, FichierReglages(etude));
+    if (!args.isEmpty()) {
+        // A study file: opened at once in the working window.
+        QFile fichier(args.first());
+        if (!fichier.open(QIODevice::ReadOnly)) {
+            dialogue.Message("TOURNESOL : Attention", "Cannot read " + args.first().toStdString(),
+                             3);
+            return 1;
+        }
+        try {
+            PreparerOuverture(etude);
+            LireEtude(fichier.readAll().toStdString(), etude);
+        } catch (const ErreurFichierEtude& err) {
+            dialogue.Message("TOURNESOL : Attention", err.what(), 3);
+            return 1;
+        }
+        application.OuvrirAuDemarrage();
     }
-    // Until the working window drives them, the panels of the opening are confirmed unchanged.
-    tournesol::OptionsReport options;
-    options.Choisir(etude.TypeReportCharge);
-    tournesol::DialogueSansFenetre dialogue;
-    tournesol::InitEtude(etude, dialogue, options);
-    tournesol::VueEtude fenetre(etude);
-    fenetre.show();
-    return QApplication::exec();
+    if (!capture.isEmpty()) Capturer(capture, chrono);
+    application.Main();
+    return 0;
 }

@@ -106,8 +106,9 @@ PanneauDemarre::PanneauDemarre(Etude& e, Dialogue& d, OptionsReport& options, Ba
         affichage_.Points;
     Ajouter(GenreChamp::Case, "chklabels", "Addition of named neuralgic points", "affichage")
         .Valeur = affichage_.Etiquettes;
+    const char* const boutonsOutils[] = {"none", "text", "free hand", "rubber", "circles", "lines"};
     for (int i = 0; i < 6; ++i)
-        Ajouter(GenreChamp::Bouton, BoutonOutil(i), OUTILS[i], "outils");
+        Ajouter(GenreChamp::Bouton, BoutonOutil(i), boutonsOutils[i], "outils");
     for (const EntreeLegende& l : LEGENDE)
         Ajouter(GenreChamp::Case, l.nom, l.texte, "Characteristics").Valeur = true;
     // The menus.
@@ -143,6 +144,8 @@ PanneauDemarre::PanneauDemarre(Etude& e, Dialogue& d, OptionsReport& options, Ba
     ReglerBoutonsRelais();
     options_.Choisir(e_.TypeReportCharge);
     CalculerEtTracer(e_, d_, options_);
+    if (!(e_.ScaleWidth > 0.0f))
+        ZoomIdeal(e_); // a study without a scale of its own is fitted to its load point
     if (!e_.DiagramActuel && !e_.RelaisPret) e_.ImpressionActuelle = false;
     e_.OptionsValides = e_.ValeursValides = !e_.NouvelleLigne;
     e_.NouvelleLigne = false;

@@ -106,6 +106,13 @@ void PanneauChoixProtection::Annuler() {
     FermerPanneau();
 }
 
+void PanneauChoixProtection::Touche(int code) {
+    if (code == TOUCHE_ENTREE)
+        Valider();
+    else if (code == TOUCHE_ECHAP)
+        Annuler();
+}
+
 bool PanneauChoixProtection::Fermer() {
     Annuler();
     return true;

@@ -5,7 +5,7 @@
 #include "shell/Couleurs.h"
 #include "shell/Etude.h"
 
-#include <QGuiApplication>
+#include <QApplication>
 #include <QImage>
 #include <QPainter>
 #include <cmath>
@@ -59,7 +59,7 @@ TEST(SurfaceQt, PlanEtZoneDeTransitDansUneImage) {
 
 int main(int argc, char** argv) {
     qputenv("QT_QPA_PLATFORM", "offscreen");
-    QGuiApplication application(argc, argv);
+    QApplication application(argc, argv); // the windows' tests share this program
     ::testing::InitGoogleTest(&argc, argv);
     return RUN_ALL_TESTS();
 }

@@ -1,0 +1,151 @@
+#include "shell/views/FenetrePanneau.h"
+
+#include "shell/Panneau.h"
+#include "shell/views/Lieur.h"
+
+#include <QCheckBox>
+#include <QCloseEvent>
+#include <QComboBox>
+#include <QFormLayout>
+#include <QGroupBox>
+#include <QHBoxLayout>
+#include <QKeyEvent>
+#include <QLabel>
+#include <QLineEdit>
+#include <QPushButton>
+#include <QRadioButton>
+#include <QVBoxLayout>
+
+namespace tournesol {
+
+namespace {
+QString Q(const std::string& s) {
+    return QString::fromStdString(s);
+}
+} // namespace
+
+FenetrePanneau::FenetrePanneau(Panneau& modele, QWidget* parent)
+    : QDialog(parent), modele_(modele) {
+    setObjectName(Q(modele.Nom()));
+    setWindowTitle(Q(modele.Titre()));
+}
+
+void FenetrePanneau::Construire(Panneau& modele, const std::string& groupe, QFormLayout* formulaire,
+                                QBoxLayout* boutons, QWidget* parent) {
+    for (const Champ& c : modele.Champs()) {
+        if (c.Groupe != groupe || (c.Genre == GenreChamp::Etiquette && c.Nom == groupe)) continue;
+        const QString nom = Q(c.Nom);
+        switch (c.Genre) {
+        case GenreChamp::Texte: {
+            auto* ligne = new QLineEdit(parent);
+            ligne->setObjectName(nom);
+            formulaire->addRow(Q(c.Legende), ligne);
+            break;
+        }
+        case GenreChamp::Liste: {
+            auto* liste = new QComboBox(parent);
+            liste->setEditable(true);
+            liste->setInsertPolicy(QComboBox::NoInsert);
+            liste->setObjectName(nom);
+            liste->setMinimumWidth(220);
+            formulaire->addRow(Q(c.Legende), liste);
+            break;
+        }
+        case GenreChamp::Option: {
+            auto* option = new QRadioButton(Q(c.Texte), parent);
+            option->setObjectName(nom);
+            formulaire->addRow(option);
+            break;
+        }
+        case GenreChamp::Case: {
+            auto* boite = new QCheckBox(Q(c.Texte), parent);
+            boite->setObjectName(nom);
+            formulaire->addRow(boite);
+            break;
+        }
+        case GenreChamp::Bouton: {
+            auto* bouton = new QPushButton(Q(c.Texte), parent);
+            bouton->setObjectName(nom);
+            bouton->setAutoDefault(false);
+            if (boutons)
+                boutons->addWidget(bouton);
+            else
+                formulaire->addRow(bouton);
+            break;
+        }
+        case GenreChamp::Etiquette: {
+            auto* etiquette = new QLabel(Q(c.Texte), parent);
+            etiquette->setObjectName(nom);
+            etiquette->setWordWrap(true);
+            formulaire->addRow(etiquette);
+            break;
+        }
+        }
+    }
+}
+
+void FenetrePanneau::ConstruireGenerique() {
+    auto* pile = new QVBoxLayout(this);
+    std::vector<std::string> groupes;
+    for (const Champ& c : modele_.Champs())
+        if (std::find(groupes.begin(), groupes.end(), c.Groupe) == groupes.end())
+            groupes.push_back(c.Groupe);
+    auto* boutons = new QHBoxLayout;
+    for (const std::string& groupe : groupes) {
+        if (groupe.empty()) {
+            auto* formulaire = new QFormLayout;
+            Construire(modele_, groupe, formulaire, boutons, this);
+            pile->addLayout(formulaire);
+            continue;
+        }
+        auto* cadre = new QGroupBox(this);
+        if (Champ* titre = modele_.Trouver(groupe); titre && titre->Genre == GenreChamp::Etiquette)
+            cadre->setObjectName(Q(groupe));
+        auto* formulaire = new QFormLayout(cadre);
+        Construire(modele_, groupe, formulaire, nullptr, cadre);
+        pile->addWidget(cadre);
+    }
+    boutons->addStretch();
+    pile->addLayout(boutons);
+    Lier();
+}
+
+void FenetrePanneau::Lier() {
+    lieur_ = new Lieur(this, modele_, [this] {
+        ApresHandler();
+        if (modele_.Ferme()) accept();
+    });
+    ApresHandler();
+}
+
+void FenetrePanneau::keyPressEvent(QKeyEvent* evenement) {
+    if (evenement->key() == Qt::Key_Return || evenement->key() == Qt::Key_Enter) {
+        // The field being typed in is left first, as when the user moves away from it.
+        if (QWidget* focus = focusWidget()) focus->clearFocus();
+        modele_.Touche(Panneau::TOUCHE_ENTREE);
+        lieur_->Rafraichir();
+        ApresHandler();
+        if (modele_.Ferme()) accept();
+        return;
+    }
+    QDialog::keyPressEvent(evenement);
+}
+
+void FenetrePanneau::reject() {
+    modele_.Touche(Panneau::TOUCHE_ECHAP);
+    if (lieur_) lieur_->Rafraichir();
+    ApresHandler();
+    if (modele_.Ferme()) QDialog::accept();
+}
+
+void FenetrePanneau::closeEvent(QCloseEvent* evenement) {
+    if (modele_.Ferme() || modele_.Fermer()) {
+        evenement->accept();
+        QDialog::accept();
+        return;
+    }
+    if (lieur_) lieur_->Rafraichir();
+    evenement->ignore();
+}
+
+} // namespace tournesol

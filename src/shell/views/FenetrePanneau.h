@@ -1,0 +1,41 @@
+// A window over a panel model: built from the model's fields (or by a dedicated view), bound by
+// name, closed when the model asks it.
+#pragma once
+
+#include <QDialog>
+
+class QBoxLayout;
+class QFormLayout;
+
+namespace tournesol {
+
+class Panneau;
+class Lieur;
+
+class FenetrePanneau : public QDialog {
+    Q_OBJECT
+public:
+    explicit FenetrePanneau(Panneau& modele, QWidget* parent = nullptr);
+    Panneau& Modele() { return modele_; }
+    Lieur* Liaison() { return lieur_; }
+
+    // Builds the widgets of every field of a group into a layout (labels from the captions).
+    static void Construire(Panneau& modele, const std::string& groupe, QFormLayout* formulaire,
+                           QBoxLayout* boutons, QWidget* parent);
+    // The window from the model's fields alone, group by group.
+    void ConstruireGenerique();
+    // Binds the widgets once they exist; `apres` runs after each handler.
+    void Lier();
+
+protected:
+    void keyPressEvent(QKeyEvent* evenement) override;
+    void closeEvent(QCloseEvent* evenement) override;
+    void reject() override;
+    // After each handler: the dedicated views bring what the binder does not know up to date.
+    virtual void ApresHandler() {}
+
+    Panneau& modele_;
+    Lieur* lieur_ = nullptr;
+};
+
+} // namespace tournesol

@@ -1,0 +1,237 @@
+#include "shell/views/VueDemarre.h"
+
+#include "diagram/Plan.h"
+#include "diagram/views/SurfaceQt.h"
+#include "shell/Etude.h"
+#include "shell/PanneauDemarre.h"
+#include "shell/views/Lieur.h"
+
+#include <QCheckBox>
+#include <QColorDialog>
+#include <QFormLayout>
+#include <QGroupBox>
+#include <QHBoxLayout>
+#include <QInputDialog>
+#include <QKeyEvent>
+#include <QLabel>
+#include <QMenu>
+#include <QMenuBar>
+#include <QMouseEvent>
+#include <QPainter>
+#include <QPushButton>
+#include <QVBoxLayout>
+
+namespace tournesol {
+
+namespace {
+QString Q(const std::string& s) {
+    return QString::fromStdString(s);
+}
+QColor VersQt(Couleur c) {
+    return QColor(Rouge(c), Vert(c), Bleu(c));
+}
+} // namespace
+
+// ---- the diagram ----
+
+Diagramme::Diagramme(PanneauDemarre& modele, Etude& e, QWidget* parent)
+    : QWidget(parent), modele_(modele), e_(e) {
+    setObjectName("imgCaractéristique");
+    setMouseTracking(true);
+    setFocusPolicy(Qt::StrongFocus);
+    setMinimumSize(400, 400);
+    setSizePolicy(QSizePolicy::Expanding, QSizePolicy::Expanding);
+}
+
+void Diagramme::GarderProportions() {
+    // One ohm is as long on both axes: the height follows the width, about the same centre.
+    if (width() <= 0 || height() <= 0 || !(e_.ScaleWidth > 0.0f)) return;
+    const double centre = e_.ScaleTop + e_.ScaleHeight / 2.0;
+    const double hauteur = -e_.ScaleWidth * static_cast<double>(height()) / width();
+    e_.ScaleHeight = static_cast<float>(hauteur);
+    e_.ScaleTop = static_cast<float>(centre - hauteur / 2.0);
+}
+
+void Diagramme::Dessiner() {
+    GarderProportions();
+    update();
+}
+
+void Diagramme::resizeEvent(QResizeEvent*) {
+    GarderProportions();
+}
+
+void Diagramme::paintEvent(QPaintEvent*) {
+    QPainter peintre(this);
+    SurfaceQt surface(peintre, width(), height());
+    Plan plan(e_, surface);
+    modele_.Dessiner(plan);
+}
+
+double Diagramme::VersR(double px) const {
+    return px * e_.ScaleWidth / width() + e_.ScaleLeft;
+}
+double Diagramme::VersX(double py) const {
+    return py * e_.ScaleHeight / height() + e_.ScaleTop;
+}
+
+void Diagramme::mouseMoveEvent(QMouseEvent* ev) {
+    modele_.SourisBouge(VersR(ev->position().x()), VersX(ev->position().y()));
+    if (Apres) Apres();
+}
+
+void Diagramme::mousePressEvent(QMouseEvent* ev) {
+    setFocus();
+    if (ev->button() == Qt::RightButton) {
+        if (MenuZoom) MenuZoom->popup(ev->globalPosition().toPoint());
+        return;
+    }
+    const int outil = modele_.Outil();
+    if ((ev->modifiers() & Qt::ShiftModifier) && (outil == 2 || outil == 4 || outil == 5)) {
+        if (MenuPlume) MenuPlume(ev->globalPosition().toPoint());
+        return;
+    }
+    modele_.SourisBas(VersR(ev->position().x()), VersX(ev->position().y()));
+    if (Apres) Apres();
+}
+
+void Diagramme::mouseReleaseEvent(QMouseEvent* ev) {
+    if (ev->button() != Qt::LeftButton) return;
+    modele_.SourisHaut(VersR(ev->position().x()), VersX(ev->position().y()));
+    if (Apres) Apres();
+}
+
+void Diagramme::keyPressEvent(QKeyEvent* ev) {
+    if (ev->key() == Qt::Key_Return || ev->key() == Qt::Key_Enter)
+        modele_.Touche(Panneau::TOUCHE_ENTREE);
+    else if (ev->key() == Qt::Key_Escape)
+        modele_.Touche(Panneau::TOUCHE_ECHAP);
+    else if (ev->key() == Qt::Key_Backspace)
+        modele_.Caractere("\b");
+    else if (!ev->text().isEmpty() && ev->text().at(0).unicode() >= 32)
+        modele_.Caractere(ev->text().toStdString());
+    else
+        return QWidget::keyPressEvent(ev);
+    if (Apres) Apres();
+}
+
+// ---- the window ----
+
+VueDemarre::VueDemarre(PanneauDemarre& modele, Etude& e)
+    : FenetrePanneau(modele), demarre_(modele), e_(e) {
+    setWindowFlag(Qt::WindowMaximizeButtonHint, true);
+    auto* pile = new QVBoxLayout(this);
+    auto* barre = new QMenuBar(this);
+    pile->setMenuBar(barre);
+    const std::pair<const char*, const char*> menus[] = {{"mnuPoste", "substation"},
+                                                         {"mnuRéseau", "network"},
+                                                         {"mnuCouleurs", "&drawing"},
+                                                         {"mnuZoom", "Zoom"}};
+    QMenu* zoom = nullptr;
+    for (const auto& [nom, texte] : menus) {
+        QMenu* menu = barre->addMenu(texte);
+        menu->setObjectName(nom);
+        for (const Champ& c : modele.Champs())
+            if (c.Groupe == nom) {
+                QAction* action = menu->addAction(Q(c.Texte));
+                action->setObjectName(Q(c.Nom));
+            }
+        if (std::string(nom) == "mnuZoom") zoom = menu;
+    }
+
+    auto* corps = new QHBoxLayout;
+    diagramme_ = new Diagramme(demarre_, e_, this);
+    diagramme_->MenuZoom = zoom;
+    diagramme_->Apres = [this] {
+        lieur_->Rafraichir();
+        ApresHandler();
+    };
+    diagramme_->MenuPlume = [this](QPoint ou) { MenuPlume(ou); };
+    corps->addWidget(diagramme_, 1);
+
+    auto* cote = new QVBoxLayout;
+    const std::pair<const char*, const char*> groupes[] = {{"Characteristics", "Characteristics"},
+                                                           {"reports", "Load report"},
+                                                           {"affichage", "Display"},
+                                                           {"outils", "Drawing tools"},
+                                                           {"relais", "Relay"},
+                                                           {"commandes", "Commands"}};
+    for (const auto& [groupe, titre] : groupes) {
+        auto* cadre = new QGroupBox(titre, this);
+        auto* formulaire = new QFormLayout(cadre);
+        Construire(modele, groupe, formulaire, nullptr, cadre);
+        cote->addWidget(cadre);
+    }
+    for (const char* nom : {"coordonnées", "status", "panHelp"}) {
+        auto* etiquette = new QLabel(this);
+        etiquette->setObjectName(nom);
+        etiquette->setWordWrap(true);
+        cote->addWidget(etiquette);
+    }
+    cote->addStretch();
+    for (const char* outil : {"cmdhelp", "cmdDiagnostics"})
+        if (auto* b = findChild<QPushButton*>(outil)) b->setCheckable(true);
+    corps->addLayout(cote);
+    pile->addLayout(corps);
+
+    for (int i = 1; i <= 8; ++i)
+        if (auto* a = findChild<QAction*>(QString("mnucouleur(%1)").arg(i)))
+            connect(a, &QAction::triggered, this, [this, i] { ChoisirCouleur(i); });
+    resize(1100, 760);
+    Lier();
+}
+
+void VueDemarre::ApresHandler() {
+    // The legend takes the colours of the characteristics.
+    for (const char* nom : {"txtTransit1", "txtTransit2", "txttransit3", "txtZoneanti", "txtmono",
+                            "txttri", "txtZones", "txtdir"})
+        if (auto* boite = findChild<QCheckBox*>(nom)) {
+            QPalette p = boite->palette();
+            p.setColor(QPalette::WindowText, VersQt(demarre_.CouleurLegende(nom)));
+            boite->setPalette(p);
+        }
+    setWindowTitle(Q(modele_.Titre()));
+    if (demarre_.Version() != version_) {
+        version_ = demarre_.Version();
+        diagramme_->Dessiner();
+    }
+}
+
+void VueDemarre::ChoisirCouleur(int i) {
+    const QColor choisie = QColorDialog::getColor(VersQt(demarre_.CouleurMenu(i)), this);
+    if (!choisie.isValid()) return;
+    demarre_.ChangerCouleur(i, choisie.red() | (choisie.green() << 8) | (choisie.blue() << 16));
+    lieur_->Rafraichir();
+    ApresHandler();
+}
+
+void VueDemarre::MenuPlume(QPoint ou) {
+    QMenu menu(this);
+    QAction* couleur = menu.addAction("colour...");
+    QMenu* epaisseur = menu.addMenu("width");
+    for (int w = 1; w <= 5; ++w)
+        epaisseur->addAction(QString::number(w))->setData(w);
+    QMenu* style = menu.addMenu("Style line : ");
+    const char* styles[] = {"solid line",           "dash",        "point",      "dash - point",
+                            "dash - point - point", "transparent", "inside full"};
+    for (int s = 0; s < 7; ++s)
+        style->addAction(styles[s])->setData(100 + s);
+    QAction* choix = menu.exec(ou);
+    if (!choix) return;
+    int r = e_.PlumeRouge, v = e_.PlumeVert, b = e_.PlumeBleu;
+    int w = e_.PlumeEpaisseur, s = e_.PlumeStyle;
+    if (choix == couleur) {
+        const QColor c = QColorDialog::getColor(QColor(r, v, b), this);
+        if (!c.isValid()) return;
+        r = c.red();
+        v = c.green();
+        b = c.blue();
+    } else if (choix->data().toInt() >= 100) {
+        s = choix->data().toInt() - 100;
+    } else {
+        w = choix->data().toInt();
+    }
+    demarre_.ChangerPlume(r, v, b, w, s);
+}
+
+} // namespace tournesol

@@ -1,0 +1,61 @@
+// The working window: the diagram widget, the legend, the options, the tools, the menus.
+#pragma once
+
+#include "shell/views/FenetrePanneau.h"
+
+#include <QWidget>
+
+class QMenu;
+class QLabel;
+
+namespace tournesol {
+
+struct Etude;
+class PanneauDemarre;
+
+// The diagram: the plane drawn through QPainter, one ohm equal on both axes.
+class Diagramme : public QWidget {
+    Q_OBJECT
+public:
+    Diagramme(PanneauDemarre& modele, Etude& e, QWidget* parent);
+    void Dessiner();
+    QMenu* MenuZoom = nullptr;
+    std::function<void()> Apres;
+    std::function<void(QPoint)> MenuPlume;
+
+protected:
+    void paintEvent(QPaintEvent*) override;
+    void resizeEvent(QResizeEvent*) override;
+    void mouseMoveEvent(QMouseEvent*) override;
+    void mousePressEvent(QMouseEvent*) override;
+    void mouseReleaseEvent(QMouseEvent*) override;
+    void keyPressEvent(QKeyEvent*) override;
+
+private:
+    double VersR(double px) const;
+    double VersX(double py) const;
+    void GarderProportions();
+
+    PanneauDemarre& modele_;
+    Etude& e_;
+};
+
+class VueDemarre : public FenetrePanneau {
+    Q_OBJECT
+public:
+    VueDemarre(PanneauDemarre& modele, Etude& e);
+
+protected:
+    void ApresHandler() override;
+
+private:
+    void ChoisirCouleur(int i);
+    void MenuPlume(QPoint ou);
+
+    PanneauDemarre& demarre_;
+    Etude& e_;
+    Diagramme* diagramme_;
+    int version_ = -1;
+};
+
+} // namespace tournesol

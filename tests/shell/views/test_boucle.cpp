@@ -1,0 +1,179 @@
+// The program as a user drives it, offscreen: the opening dialog, the relay choice, the working
+// window with its diagram, the report options, the way back, and leaving.
+#include "shell/Application.h"
+#include "shell/Etude.h"
+#include "shell/PanneauDemarre.h"
+#include "shell/PanneauTitre.h"
+#include "shell/views/DialogueQt.h"
+#include "shell/views/Lieur.h"
+#include "shell/views/VueDemarre.h"
+#include "shell/views/VueTitre.h"
+
+#include <QAction>
+#include <QApplication>
+#include <QComboBox>
+#include <QLabel>
+#include <QLineEdit>
+#include <QPushButton>
+#include <QRadioButton>
+#include <QTest>
+#include <QTimer>
+#include <gtest/gtest.h>
+
+using namespace tournesol;
+
+namespace {
+
+void Focus(QWidget* w, QEvent::Type type) {
+    QFocusEvent evenement(type, Qt::TabFocusReason);
+    QApplication::sendEvent(w, &evenement);
+}
+
+// The user goes into a box, types, and leaves it.
+void Taper(QWidget* fenetre, const char* nom, const QString& texte) {
+    auto* liste = fenetre->findChild<QComboBox*>(nom);
+    ASSERT_NE(liste, nullptr) << nom;
+    QLineEdit* ligne = liste->lineEdit();
+    Focus(ligne, QEvent::FocusIn);
+    QTest::keyClicks(ligne, texte);
+    Focus(ligne, QEvent::FocusOut);
+}
+
+QString Status(QWidget* fenetre) {
+    return fenetre->findChild<QLabel*>("Status")->text();
+}
+
+void InscrireVues(DialogueQt& d, Etude& e) {
+    d.Inscrire("frmtitre", [](Panneau& p, DialogueQt&) -> std::unique_ptr<FenetrePanneau> {
+        return std::make_unique<VueTitre>(dynamic_cast<PanneauTitre&>(p));
+    });
+    d.Inscrire("frmDémarre", [&e](Panneau& p, DialogueQt&) -> std::unique_ptr<FenetrePanneau> {
+        return std::make_unique<VueDemarre>(dynamic_cast<PanneauDemarre&>(p), e);
+    });
+}
+
+} // namespace
+
+TEST(Boucle, DuTitreALaFenetreDeTravailEtRetour) {
+    Etude e;
+    e.Ligne_Up = 225;
+    e.Ligne_Ip = 1000;
+    e.Is = 1.0f;
+    e.Ligne_Icc = 31.5;
+    e.Ligne_lc = true;
+    e.Ligne_Longueur[0] = 75.0;
+    e.Ligne_XL[0] = 30.375;
+    e.Ligne_RL[0] = 6.375;
+    e.Ligne_ZL[0] = 31.0;
+    e.Ligne_Ittri = 1450.0;
+    e.Ligne_Itmono = 1700.0;
+    e.Ligne_Itmax = 1900.0;
+    e.Ligne_XLA = 20.0;
+    DialogueQt d;
+    InscrireVues(d, e);
+    Application app(e, d, nullptr, std::nullopt);
+
+    QStringList vues;
+    int titres = 0;
+    std::function<void(QWidget*)> agir;
+    QTimer pilote;
+    pilote.setInterval(10);
+    QObject::connect(&pilote, &QTimer::timeout, [&] {
+        QWidget* w = QApplication::activeModalWidget();
+        if (!w ||
+            vues.endsWith(w->objectName() + "@" + QString::number(reinterpret_cast<quintptr>(w))))
+            return;
+        vues << w->objectName() + "@" + QString::number(reinterpret_cast<quintptr>(w));
+        // The user acts once the pilot's turn is over: a window may open another modally.
+        QTimer::singleShot(0, [&, w] { agir(w); });
+    });
+    agir = [&](QWidget* w) {
+        const QString nom = w->objectName();
+        if (nom == "frmtitre" && titres++ == 0) {
+            EXPECT_EQ(w->windowTitle(), "TOURNESOL");
+            EXPECT_EQ(Status(w), "You must previously choose the substations A and B");
+            auto* ok = w->findChild<QPushButton*>("cmdOK");
+            EXPECT_FALSE(ok->isEnabled());
+            Focus(w->findChild<QComboBox*>("txtDépart")->lineEdit(), QEvent::FocusIn);
+            EXPECT_EQ(Status(w), "Tu dois sélectionner un poste préalablement");
+            Taper(w, "txtposte", "CHAMPAGNIER");
+            Taper(w, "txtDépart", "GRANDE-ILE");
+            Taper(w, "txtProtection", "PD3A");
+            EXPECT_TRUE(w->findChild<QComboBox*>("txtnuméro")->isVisibleTo(w));
+            Focus(w->findChild<QComboBox*>("txtposte")->lineEdit(), QEvent::FocusIn);
+            EXPECT_TRUE(ok->isEnabled());
+            QTest::mouseClick(ok, Qt::LeftButton);
+        } else if (nom == "frmtitre") {
+            QTest::mouseClick(w->findChild<QPushButton*>("cmdQuitter"), Qt::LeftButton);
+        } else if (nom == "frmMessage" || nom == "frmQuery") {
+            ADD_FAILURE() << "unexpected message: "
+                          << w->findChild<QLabel*>("lblMessage")->text().toStdString();
+            QTest::keyClick(w, Qt::Key_Return);
+        } else if (nom == "frmChoixProtection") {
+            EXPECT_EQ(w->windowTitle(), "TOURNESOL [CHAMPAGNIER]");
+            w->findChild<QRadioButton*>("Option3D1(3)")->click();
+            QTest::mouseClick(w->findChild<QPushButton*>("Command1"), Qt::LeftButton);
+        } else if (nom == "frmValeurs") {
+            // A change of report case shows what the computation made of the line.
+            EXPECT_EQ(w->findChild<QLineEdit*>("txtxprim1")->text(), "24.3");
+            QTest::mouseClick(w->findChild<QPushButton*>("Command2"), Qt::LeftButton);
+        } else if (nom == "frmReportCharge") {
+            QTest::mouseClick(w->findChild<QPushButton*>("Command2"), Qt::LeftButton);
+        } else if (nom == "frmDémarre") {
+            EXPECT_EQ(w->windowTitle(), "TOURNESOL [CHAMPAGNIER]");
+            QWidget* diagramme = w->findChild<QWidget*>("imgCaractéristique");
+            ASSERT_NE(diagramme, nullptr);
+            const QImage image = diagramme->grab().toImage();
+            int rouges = 0; // the load area is drawn in red
+            for (int y = 0; y < image.height(); y += 2)
+                for (int x = 0; x < image.width(); x += 2)
+                    rouges +=
+                        image.pixelColor(x, y).red() > 200 && image.pixelColor(x, y).green() < 60;
+            EXPECT_GT(rouges, 50);
+            w->findChild<QRadioButton*>("chkmaximal")->click();
+            EXPECT_EQ(e.TypeReportCharge, 2);
+            EXPECT_EQ(e.It, 1900.0);
+            QTest::mouseMove(diagramme,
+                             QPoint(diagramme->width() / 2 + 40, diagramme->height() / 2));
+            EXPECT_TRUE(w->findChild<QLabel*>("coordonnées")->text().contains(" ; "));
+            w->findChild<QAction*>("mnuChangerPoste")->trigger();
+        }
+    };
+    pilote.start();
+    app.Main();
+    pilote.stop();
+    EXPECT_EQ(titres, 2);
+    EXPECT_TRUE(e.QuitterAppli);
+    EXPECT_EQ(e.id_protection, 3);
+    // Title, choice, two load report panels, working window, check panel, title.
+    EXPECT_EQ(vues.size(), 7);
+}
+
+TEST(Boucle, ChaqueChampASonWidget) {
+    Etude e;
+    e.ScaleWidth = 40.0f;
+    e.ScaleLeft = -20.0f;
+    e.ScaleTop = 20.0f;
+    e.ScaleHeight = -40.0f;
+    DialogueSansFenetre d;
+    PanneauTitre titre(e, d, nullptr);
+    VueTitre vueTitre(titre);
+    // The page titles are the tabs themselves.
+    EXPECT_EQ(vueTitre.Liaison()->ChampsSansWidget(),
+              (QStringList{"TitreOnglet(0)", "TitreOnglet(1)"}));
+    EXPECT_TRUE(vueTitre.Liaison()->WidgetsSansChamp().isEmpty())
+        << vueTitre.Liaison()->WidgetsSansChamp().join(", ").toStdString();
+
+    OptionsReport options;
+    PanneauDemarre demarre(e, d, options, nullptr, std::nullopt);
+    VueDemarre vueDemarre(demarre, e);
+    EXPECT_TRUE(vueDemarre.Liaison()->ChampsSansWidget().isEmpty());
+    EXPECT_TRUE(vueDemarre.Liaison()->WidgetsSansChamp().isEmpty())
+        << vueDemarre.Liaison()->WidgetsSansChamp().join(", ").toStdString();
+
+    PanneauChoixProtection choix(e, d);
+    FenetrePanneau vueChoix(choix);
+    vueChoix.ConstruireGenerique();
+    EXPECT_TRUE(vueChoix.Liaison()->ChampsSansWidget().isEmpty());
+    EXPECT_TRUE(vueChoix.Liaison()->WidgetsSansChamp().isEmpty());
+}
