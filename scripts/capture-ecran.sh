@@ -1,0 +1,13 @@
+#!/usr/bin/env bash
+# Takes the screenshot of the working window on an example study (docs/fenetre-principale.png),
+# and prints how long the start took, from the program's start to the first drawn diagram.
+set -euo pipefail
+cd "$(dirname "$0")/.."
+bash scripts/install-deps.sh
+export CCACHE_DIR="${CCACHE_DIR:-$PWD/.ccache}"
+cmake -S . -B build -G Ninja >/dev/null
+cmake --build build --target tournesol
+etude="${1:-examples/champagnier-grande-ile-225kV.json}"
+mkdir -p docs
+# A virtual display, so that the window is drawn as on a desktop.
+xvfb-run -a -s "-screen 0 1280x1024x24" ./build/src/tournesol --capture docs/fenetre-principale.png "$etude"
