@@ -124,6 +124,14 @@ void EquivalentsSection0(Etude& e) {
     e.Ro_eq = e.Ligne_Ro[0];
     e.PHIo_eq = e.PHIo[0];
 }
+
+// The defaults of the lines on common towers.
+void DefautsCircuitDouble(Etude& e) {
+    Defaut(e.XL_eq, 0.1);
+    Defaut(e.RL_eq, 0.01);
+    Defaut(e.ZL_eq, 0.1);
+    Defaut(e.Longueur_eq, 1.0);
+}
 } // namespace
 
 void CalculLigneSimple(Etude& e) {
@@ -137,10 +145,7 @@ void CalculDoubleCircuit(Etude& e) {
     EquivalentsSection0(e);
     e.PHIo_eq = std::atan(Div(e.Ligne_Xo[0], e.Ligne_Ro[0]));
     e.kom_eq = e.Ligne_kom;
-    Defaut(e.XL_eq, 0.1);
-    Defaut(e.RL_eq, 0.01);
-    Defaut(e.ZL_eq, 0.1);
-    Defaut(e.Longueur_eq, 1.0);
+    DefautsCircuitDouble(e);
     Defaut(e.PHI_eq, ANGLE_DEFAUT);
     Defaut(e.PHIo_eq, ANGLE_DEFAUT);
 }
@@ -162,10 +167,7 @@ void CalculDeuxTroncons(Etude& e) {
     e.Xo_eq = (3.0 * e.ko_eq + 1.0) * e.Xd_eq;
     e.Ro_eq = Div(e.Xo_eq, std::tan(e.PHIo_eq));
     e.kom_eq = Div(e.Ligne_kom * l[0], l[1] + l[0]);
-    Defaut(e.XL_eq, 0.1);
-    Defaut(e.RL_eq, 0.01);
-    Defaut(e.ZL_eq, 0.1);
-    Defaut(e.Longueur_eq, 1.0);
+    DefautsCircuitDouble(e);
     Defaut(e.PHIo_eq, ANGLE_DEFAUT);
 }
 
