@@ -1,6 +1,7 @@
 #include "shell/views/FenetrePanneau.h"
 
 #include "shell/Panneau.h"
+#include "shell/views/ImageLigne.h"
 #include "shell/views/Lieur.h"
 
 #include <QCheckBox>
@@ -14,7 +15,9 @@
 #include <QLineEdit>
 #include <QPushButton>
 #include <QRadioButton>
+#include <QTabWidget>
 #include <QVBoxLayout>
+#include <map>
 
 namespace tournesol {
 
@@ -74,6 +77,17 @@ void FenetrePanneau::Construire(Panneau& modele, const std::string& groupe, QFor
             break;
         }
         case GenreChamp::Etiquette: {
+            if (c.Nom == "placerprotection") {
+                // The picture of the line, where a click places the relay.
+                auto* image = new ImageLigne(c, parent);
+                image->Choisir = [&modele, image](int bout) {
+                    modele.Cliquer("placerprotection(" + std::to_string(bout) + ")");
+                    if (auto* fenetre = qobject_cast<FenetrePanneau*>(image->window()))
+                        fenetre->Liaison()->Rafraichir(), fenetre->Apres();
+                };
+                formulaire->addRow(image);
+                break;
+            }
             auto* etiquette = new QLabel(Q(c.Texte), parent);
             etiquette->setObjectName(nom);
             etiquette->setWordWrap(true);
@@ -90,6 +104,23 @@ void FenetrePanneau::ConstruireGenerique() {
     for (const Champ& c : modele_.Champs())
         if (std::find(groupes.begin(), groupes.end(), c.Groupe) == groupes.end())
             groupes.push_back(c.Groupe);
+    // A group written "Tab/Group" stands in the page of that tab.
+    QTabWidget* onglets = nullptr;
+    std::map<QString, QVBoxLayout*> pages;
+    auto page = [&](const QString& titre) -> QVBoxLayout* {
+        if (!onglets) {
+            onglets = new QTabWidget(this);
+            onglets->setObjectName("Onglets");
+            pile->addWidget(onglets);
+        }
+        if (!pages.count(titre)) {
+            auto* feuille = new QWidget(onglets);
+            auto* disposition = new QVBoxLayout(feuille);
+            onglets->addTab(feuille, titre);
+            pages[titre] = disposition;
+        }
+        return pages[titre];
+    };
     auto* boutons = new QHBoxLayout;
     for (const std::string& groupe : groupes) {
         if (groupe.empty()) {
@@ -98,24 +129,32 @@ void FenetrePanneau::ConstruireGenerique() {
             pile->addLayout(formulaire);
             continue;
         }
-        auto* cadre = new QGroupBox(this);
+        const QString nom = Q(groupe);
+        const qsizetype barre = nom.indexOf('/');
+        QVBoxLayout* cible = barre >= 0 ? page(nom.left(barre)) : pile;
+        auto* cadre = new QGroupBox(barre >= 0 ? nom.mid(barre + 1) : QString(), this);
         if (Champ* titre = modele_.Trouver(groupe); titre && titre->Genre == GenreChamp::Etiquette)
-            cadre->setObjectName(Q(groupe));
+            cadre->setObjectName(nom);
         auto* formulaire = new QFormLayout(cadre);
         Construire(modele_, groupe, formulaire, nullptr, cadre);
-        pile->addWidget(cadre);
+        cible->addWidget(cadre);
     }
+    for (auto& [titre, disposition] : pages)
+        disposition->addStretch();
     boutons->addStretch();
     pile->addLayout(boutons);
     Lier();
 }
 
 void FenetrePanneau::Lier() {
-    lieur_ = new Lieur(this, modele_, [this] {
-        ApresHandler();
-        if (modele_.Ferme()) accept();
-    });
+    lieur_ = new Lieur(this, modele_, [this] { Apres(); });
     ApresHandler();
+}
+
+void FenetrePanneau::Apres() {
+    ApresHandler();
+    update();
+    if (modele_.Ferme()) accept();
 }
 
 void FenetrePanneau::keyPressEvent(QKeyEvent* evenement) {

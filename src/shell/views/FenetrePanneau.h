@@ -24,8 +24,10 @@ public:
                            QBoxLayout* boutons, QWidget* parent);
     // The window from the model's fields alone, group by group.
     void ConstruireGenerique();
-    // Binds the widgets once they exist; `apres` runs after each handler.
+    // Binds the widgets once they exist.
     void Lier();
+    // After each handler: the window brought up to date, closed when the model asks it.
+    void Apres();
 
 protected:
     void keyPressEvent(QKeyEvent* evenement) override;

@@ -133,6 +133,8 @@ void Lieur::Rafraichir() {
             if (etiquette->text() != Texte(c.Texte)) etiquette->setText(Texte(c.Texte));
         } else if (auto* cadre = qobject_cast<QGroupBox*>(w)) {
             cadre->setTitle(Texte(c.Texte));
+        } else {
+            w->update(); // a picture drawn from its field
         }
     }
     occupe_ = false;
