@@ -1,4 +1,5 @@
 // tournesol: the engineer's desktop tool.
+#include "database/BaseEtudesSql.h"
 #include "network/Format.h"
 #include "shell/Application.h"
 #include "shell/Etude.h"
@@ -80,7 +81,9 @@ int main(int argc, char** argv) {
         capture = args.at(1);
         args = args.mid(2);
     }
-    Application application(etude, dialogue, nullptr, FichierReglages(etude));
+    // The study base: bd1.mdb in the folder of the master base, made on first use.
+    BaseEtudesSql base(etude.Rep_appli);
+    Application application(etude, dialogue, &base, FichierReglages(etude));
     if (!args.isEmpty()) {
         // A study file: opened at once in the working window.
         QFile fichier(args.first());

@@ -324,7 +324,18 @@ void PanneauTitre::Cliquer(const std::string& nom) {
         }
     } else if (nom == "cmdSupprimer") {
         if (base_) {
-            if (auto panneau = base_->PanneauSuppression(e_, d_)) d_.MontrerPanneau(*panneau);
+            if (auto panneau = base_->PanneauSuppression(e_, d_)) {
+                d_.MontrerPanneau(*panneau);
+                // What was deleted is gone from the boxes and from the lists.
+                Trouver(PREMIERE.poste)->Texte = e_.NomPoste;
+                Trouver(PREMIERE.depart)->Texte = e_.NomDepart;
+                Trouver(PREMIERE.piquage)->Texte = e_.NomPiquage;
+                Trouver(PREMIERE.protection)->IndexListe = -1;
+                RemplirListe(PREMIERE.poste, base_->Postes());
+                RemplirListe(PREMIERE.depart, base_->Departs(e_.NomPoste));
+                RemplirListe(PREMIERE.protection,
+                             base_->Protections(e_.NomPoste, e_.NomDepart, e_.NomPiquage));
+            }
         }
         Trouver("cmdOK")->Actif =
             !T(PREMIERE.poste).empty() && !T(PREMIERE.depart).empty() && DeuxiemeRempli();

@@ -1,0 +1,160 @@
+// The study base on Qt SQL: the file bd1.mdb (SQLite) in the directory of the master base.
+// Tables are made when the file is new. Every command (save, opening, deletion) is one
+// transaction: it is written whole or not at all.
+#pragma once
+
+#include "shell/BaseEtudes.h"
+#include "shell/Magasin.h"
+
+#include <QString>
+#include <cstdint>
+#include <functional>
+#include <optional>
+#include <string>
+
+class QSqlDatabase;
+
+namespace tournesol {
+
+class BaseEtudesSql;
+
+// The relay setting store on table TR. Inside a command its values go into the command's
+// transaction; outside, each value is read or written on its own, and a base that cannot be
+// reached gives a missing value.
+class MagasinTR : public MagasinReglages {
+public:
+    explicit MagasinTR(BaseEtudesSql& base) : base_(base) {}
+    void EcrireValeur(std::int32_t id_key, std::int32_t id_pos, const ValeurTR& valeur) override;
+    ValeurTR LireValeur(std::int32_t id_key, std::int32_t id_pos) override;
+
+private:
+    BaseEtudesSql& base_;
+};
+
+// The tables that hand out keys.
+enum class Table { Poste, Depart, Piquage, Protection, Tournesol, Reglage, Ligne };
+
+class BaseEtudesSql : public BaseEtudes {
+public:
+    static constexpr const char* NOM_BASE = "bd1.mdb";
+
+    // `rep_appli`: the directory of the master base as Rep_appli holds it, ready for plain
+    // concatenation (its trailing separator included); empty for the current directory. The
+    // base file is rep_appli + "bd1.mdb". `attenteVerrouMs`: how long one attempt waits for a
+    // base held by another writer before it counts as failed.
+    explicit BaseEtudesSql(std::string rep_appli, int attenteVerrouMs = 1000);
+    ~BaseEtudesSql() override;
+    BaseEtudesSql(const BaseEtudesSql&) = delete;
+    BaseEtudesSql& operator=(const BaseEtudesSql&) = delete;
+
+    const std::string& Fichier() const { return fichier_; }
+
+    // The lists of the opening dialog. A base that cannot be read gives empty lists (and the
+    // relay list its last entry only).
+    std::vector<std::string> Postes() override;
+    std::vector<std::string> Departs(const std::string& poste) override;
+    std::vector<std::string> Piquages(const std::string& poste, const std::string& depart) override;
+    std::vector<std::string> Protections(const std::string& poste, const std::string& depart,
+                                         const std::string& piquage) override;
+    std::vector<int> Numeros(const std::string& poste, const std::string& depart,
+                             const std::string& piquage, const std::string& protection) override;
+
+    void Ouvrir(Etude& e, Dialogue& d) override;
+    // SauverEtude.
+    bool Sauver(Etude& e, Dialogue& d) override;
+    bool SauverEtude(Etude& e, Dialogue& d) { return Sauver(e, d); }
+    bool SauverDepuisSuperposition(Etude& e, Dialogue& d) override;
+    // frmSupprimerPoste.
+    std::unique_ptr<Panneau> PanneauSuppression(Etude& e, Dialogue& d) override;
+    MagasinReglages& Magasin() override { return magasin_; }
+
+    // Opens the base (making its tables when the file is new) and takes it for writing: the
+    // command's transaction starts. A base held by another writer is tried three more times,
+    // then the user is asked ("&Try again", "&Leave"); a base that cannot be opened is reported.
+    // False when the command cannot go on. Does nothing when the connection is open already.
+    bool OuvrirConnexion(Etude& e, Dialogue& d);
+    // Ends the command: what it wrote is committed and the base is closed. False when the commit
+    // failed, in which case nothing of the command was written.
+    bool FermerConnexion(Etude& e);
+    // The key of a new row: the largest id of the table plus one; 1 for an empty table, and 2
+    // when every id is below 1. Inside a command.
+    std::int32_t ProchainId(Table table);
+
+    // The keys of the names of the study: id_poste (NouvelleLigne when unknown), id_depart
+    // (NouvelleLigne when unknown), id_piquage (0 for no name), id_protection
+    // (ProtectionInconnue when unknown). Unknown names give 0.
+    void ChercherIdPoste(Etude& e);
+    void ChercherIdDepart(Etude& e);
+    void ChercherIdPiquage(Etude& e);
+    void ChercherIdProtection(Etude& e);
+
+    // The three cascades of the deletion dialog, each one command. False when the base could not
+    // be reached or refused the deletion; nothing is then deleted.
+    bool SupprimerProtection(Etude& e, Dialogue& d);
+    bool SupprimerDepart(Etude& e, Dialogue& d);
+    bool SupprimerPoste(Etude& e, Dialogue& d);
+
+private:
+    friend class MagasinTR;
+    enum class Acces { Ouvert, Partage, Refuse };
+
+    QSqlDatabase Db() const;
+    bool OuvrirFichier();
+    Acces Tenter();
+    // Commits the command's transaction; throws when the base refuses (then rolled back).
+    void Confirmer();
+    void Abandonner(Etude& e);
+    // Runs `travail` as one command; on failure the base is left as it was and the user is told
+    // `echec` with the cause.
+    bool Commande(Etude& e, Dialogue& d, const std::function<void()>& travail,
+                  const std::string& echec);
+    // Runs a read: in the command's transaction when one runs, else on a connection opened for
+    // it. `defaut` when the base cannot be read.
+    template <class R> R Lecture(const std::function<R()>& lire, R defaut);
+
+    bool Existe(Table table, std::int32_t id);
+    // The keys of the line's names (id_poste, id_depart, id_piquage, NouvelleLigne) and, with
+    // `protection`, of the relay's (id_protection, ProtectionInconnue); inside a command.
+    void ChercherCles(Etude& e, bool protection);
+    std::int32_t CleDuPoste(const std::string& nom);
+    std::int32_t CleDuDepart(const std::string& nom, std::int32_t id_poste);
+    std::int32_t CleDuPiquage(const std::string& nom, std::int32_t id_depart,
+                              std::int32_t id_poste);
+    std::int32_t CleDeProtection(const std::string& nom);
+
+    // The save, step by step.
+    bool Enregistrer(Etude& e, Dialogue& d, bool superposition);
+    void SauverLigne(Etude& e);
+    void SauverDepart(Etude& e);
+    void SauverPiquage(Etude& e);
+    void SauverPoste(Etude& e);
+    void SauverProtection(Etude& e, Dialogue& d);
+    void SauverTournesol(Etude& e, Dialogue& d);
+    void SauverReglage(Etude& e, bool superposition);
+    // The setting row id_reglage, with the report case and the start scale.
+    void NouveauReglage(const Etude& e);
+
+    // The opening.
+    bool LireEtude(Etude& e);
+    void LireLigne(Etude& e);
+    void LireReglage(Etude& e);
+
+    // The cascades inside a command.
+    void SupprimerProtectionDans(Etude& e, bool chercher);
+    void SupprimerDepartDans(Etude& e, bool chercher);
+    void SupprimerPosteDans(Etude& e);
+
+    // The store's SQL.
+    void EcrireValeurTR(std::int32_t id_key, std::int32_t id_pos, const ValeurTR& valeur);
+    ValeurTR LireValeurTR(std::int32_t id_key, std::int32_t id_pos);
+
+    std::string rep_;
+    std::string fichier_;
+    QString nomConnexion_;
+    int attente_;
+    bool transaction_ = false;
+    std::optional<std::string> erreurMagasin_; // TR refused inside the command: the first cause
+    MagasinTR magasin_;
+};
+
+} // namespace tournesol

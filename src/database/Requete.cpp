@@ -1,0 +1,56 @@
+#include "database/Requete.h"
+
+namespace tournesol {
+
+namespace {
+std::string Texte(const QSqlError& erreur) {
+    const QString texte = erreur.text().trimmed();
+    return texte.isEmpty() ? std::string("unknown error of the base") : texte.toStdString();
+}
+} // namespace
+
+ErreurBase::ErreurBase(const QSqlError& erreur)
+    : std::runtime_error(Texte(erreur)), verrou_(EstVerrou(erreur)) {}
+
+bool EstVerrou(const QSqlError& erreur) {
+    const QString code = erreur.nativeErrorCode();
+    bool nombre = false;
+    const int n = code.toInt(&nombre);
+    if (nombre) {
+        const int primaire = n & 0xFF; // SQLite: extended codes keep the primary in the low byte
+        return primaire == 5 || primaire == 6; // SQLITE_BUSY, SQLITE_LOCKED
+    }
+    return code == QLatin1String("55P03") || code == QLatin1String("40P01"); // PostgreSQL
+}
+
+Requete::Requete(const QSqlDatabase& db, const char* sql) : q_(db) {
+    if (!q_.prepare(QString::fromUtf8(sql))) throw ErreurBase(q_.lastError());
+}
+
+Requete& Requete::operator<<(const QVariant& valeur) {
+    q_.addBindValue(valeur);
+    return *this;
+}
+
+Requete& Requete::operator<<(const std::string& texte) {
+    return *this << QVariant(QString::fromStdString(texte));
+}
+
+Requete& Requete::operator<<(int entier) {
+    return *this << QVariant(entier);
+}
+
+Requete& Requete::operator<<(double reel) {
+    return *this << QVariant(reel);
+}
+
+Requete& Requete::Executer() {
+    if (!q_.exec()) throw ErreurBase(q_.lastError());
+    return *this;
+}
+
+QVariant NulReel() {
+    return QVariant(QMetaType(QMetaType::Double));
+}
+
+} // namespace tournesol

@@ -1,0 +1,148 @@
+// The base file, its tables, the keys handed out, and the retry dialog of a base held by another
+// user or that cannot be opened.
+#include "BaseEssai.h"
+#include "database/Schema.h"
+
+#include <QFile>
+#include <QFileInfo>
+
+namespace essai {
+
+using Connexion = BaseEssai;
+
+TEST_F(Connexion, UneBaseNeuveEstCreeeAvecLesTablesDuSysteme) {
+    Etude e;
+    EXPECT_FALSE(QFile::exists(QString::fromStdString(base_->Fichier())));
+    ASSERT_TRUE(base_->OuvrirConnexion(e, d_));
+    EXPECT_TRUE(e.ConnexionOuverte);
+    EXPECT_TRUE(base_->OuvrirConnexion(e, d_)); // already open: nothing more
+    EXPECT_TRUE(base_->FermerConnexion(e));
+    EXPECT_FALSE(e.ConnexionOuverte);
+    EXPECT_EQ(base_->Fichier(), rep_ + "bd1.mdb");
+
+    // Every column under its one spelling.
+    for (
+        const char* sql :
+        {R"(SELECT "id", "nom" FROM "Poste")", R"(SELECT "id", "id_poste", "nom" FROM "Départ")",
+         R"(SELECT "id", "id_départ", "id_poste", "nom" FROM "Piquage")",
+         R"(SELECT "id", "nom" FROM "Protection")",
+         R"(SELECT "id", "id_poste", "id_départ", "id_piquage", "id_protection", "id_ligne",)"
+         R"( "id_réglage", "id_numéro" FROM "Tournesol")",
+         R"(SELECT "id", "TypeReportCharge", "Left", "Width", "Top", "Height" FROM "Réglage")",
+         R"(SELECT "id_key", "id_pos", "Valeur", "TypeValeur" FROM "TR")",
+         R"(SELECT "id", "Tl", "lc", "XL0", "Ex3", "ea", "ICCACM", "IPCABT", "n1" FROM "Ligne")"}) {
+        QSqlQuery q(Controle());
+        EXPECT_TRUE(q.exec(QString::fromUtf8(sql))) << sql;
+    }
+    QSqlQuery colonnes(Controle());
+    ASSERT_TRUE(colonnes.exec(R"(SELECT * FROM "Ligne")"));
+    EXPECT_EQ(colonnes.record().count(), 92); // the key and the ninety-one columns of a line
+    EXPECT_EQ(ColonnesLigne().size(), 91u);
+    EXPECT_EQ(colonnes.record().fieldName(1), "Tl");
+    EXPECT_EQ(colonnes.record().fieldName(colonnes.record().count() - 1), "n1");
+}
+
+TEST_F(Connexion, ProchainIdEstLePlusGrandPlusUn) {
+    Etude e;
+    ASSERT_TRUE(base_->OuvrirConnexion(e, d_));
+    EXPECT_EQ(base_->ProchainId(Table::Poste), 1); // empty table
+    base_->FermerConnexion(e);
+
+    Executer(R"(INSERT INTO "Poste" ("id", "nom") VALUES (0, 'a'), (-3, 'b'))");
+    ASSERT_TRUE(base_->OuvrirConnexion(e, d_));
+    EXPECT_EQ(base_->ProchainId(Table::Poste), 2); // the running maximum starts at 1
+    base_->FermerConnexion(e);
+
+    Executer(R"(INSERT INTO "Poste" ("id", "nom") VALUES (7, 'c'))");
+    ASSERT_TRUE(base_->OuvrirConnexion(e, d_));
+    EXPECT_EQ(base_->ProchainId(Table::Poste), 8);
+    EXPECT_EQ(base_->ProchainId(Table::Reglage), 1);
+    base_->FermerConnexion(e);
+}
+
+TEST_F(Connexion, UneBaseTenueParUnAutreEstPartageeEtLUtilisateurPeutPartir) {
+    Etude vide;
+    ASSERT_TRUE(base_->OuvrirConnexion(vide, d_));
+    base_->FermerConnexion(vide);
+    Executer("BEGIN IMMEDIATE"); // another user is writing
+    Executer(R"(INSERT INTO "Poste" ("id", "nom") VALUES (40, 'autre'))");
+
+    Etude e = Etude_("A", "B");
+    d_.AjouterReponses({1}); // "&Leave"
+    EXPECT_FALSE(base_->Sauver(e, d_));
+    ASSERT_EQ(d_.Messages().size(), 1u);
+    const MessageAffiche& q = d_.Messages()[0];
+    EXPECT_TRUE(q.Question);
+    EXPECT_EQ(q.sTitre, "TOURNESOL : access impossible");
+    EXPECT_EQ(q.sMessage, "the master base (" + rep_ +
+                              "\\bd1.mdb) is shared.\r\n\r\nAccès momentanément impossible.");
+    EXPECT_EQ(q.IconeMessage, 2);
+    EXPECT_EQ(q.BoutonsQuestion, (Boutons{"&Try again", "&Leave", ""}));
+    EXPECT_FALSE(e.ConnexionOuverte);
+    EXPECT_EQ(e.id_poste, 0); // nothing of the save is kept
+
+    Executer("COMMIT");
+    EXPECT_EQ(Compter("Poste"), 1); // the other user's row only
+    EXPECT_EQ(Compter("Tournesol"), 0);
+}
+
+// A user who clicks "&Try again" once the other user has finished.
+class AttendreLAutre : public DialogueScripte {
+public:
+    explicit AttendreLAutre(std::function<void()> liberer) : liberer_(std::move(liberer)) {}
+    int questions = 0;
+
+protected:
+    int Repondre(const MessageAffiche&) override {
+        ++questions;
+        liberer_();
+        return 0;
+    }
+
+private:
+    std::function<void()> liberer_;
+};
+
+TEST_F(Connexion, EssayerDeNouveauReussitQuandLAutreALibereLaBase) {
+    Etude vide;
+    ASSERT_TRUE(base_->OuvrirConnexion(vide, d_));
+    base_->FermerConnexion(vide);
+    Executer("BEGIN IMMEDIATE");
+    AttendreLAutre d([this] { Executer("COMMIT"); });
+
+    Etude e = Etude_("A", "B");
+    EXPECT_TRUE(base_->Sauver(e, d));
+    EXPECT_EQ(d.questions, 1);
+    EXPECT_EQ(Compter("Tournesol"), 1);
+}
+
+TEST_F(Connexion, UneBaseQuiNePeutSOuvrirEstRefusee) {
+    const std::string absent = rep_ + "absent/";
+    BaseEtudesSql base(absent, 20);
+    Etude e = Etude_("A", "B");
+    EXPECT_FALSE(base.Sauver(e, d_));
+    ASSERT_EQ(d_.Messages().size(), 1u);
+    EXPECT_FALSE(d_.Messages()[0].Question);
+    EXPECT_EQ(d_.Messages()[0].sTitre, "TOURNESOL : accès refusé");
+    EXPECT_EQ(d_.Messages()[0].sMessage,
+              "The master base  (" + absent + "\\bd1.MDB) does not exist.\r\n\r\nAccess rejected.");
+    EXPECT_EQ(d_.Messages()[0].IconeMessage, 2);
+    EXPECT_TRUE(base.Postes().empty());
+    EXPECT_EQ(base.Protections("A", "B", ""), std::vector<std::string>{NOUVELLE_PROTECTION});
+
+    // A file that is not a base is refused the same way, and left as it was.
+    QFile pasUneBase(QString::fromStdString(base_->Fichier()));
+    ASSERT_TRUE(pasUneBase.open(QIODevice::WriteOnly));
+    pasUneBase.write(QByteArray(200, 'x'));
+    pasUneBase.close();
+    Etude f = Etude_("A", "B");
+    f.id_poste = f.id_depart = f.id_ligne = 4; // what the study before left
+    base_->Ouvrir(f, d_);
+    EXPECT_TRUE(f.NouvelleLigne);
+    EXPECT_EQ(std::tuple(f.id_poste, f.id_depart, f.id_ligne), std::tuple(0, 0, 0));
+    ASSERT_EQ(d_.Messages().size(), 2u);
+    EXPECT_EQ(d_.Messages()[1].sTitre, "TOURNESOL : accès refusé");
+    EXPECT_EQ(QFileInfo(pasUneBase).size(), 200);
+}
+
+} // namespace essai
