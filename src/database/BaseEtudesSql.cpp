@@ -1,5 +1,7 @@
 #include "database/BaseEtudesSql.h"
 
+#include <cmath>
+
 #include "database/Cles.h"
 #include "database/Requete.h"
 #include "database/Schema.h"
@@ -550,6 +552,10 @@ void BaseEtudesSql::LireLigne(Etude& e) {
         const QString nom = QString::fromStdString(c.Nom);
         if (c.Remettre && r.Contient(nom)) c.Remettre(e, r.Valeur(nom));
     }
+    // The table keeps no zero sequence angle: it is the angle of the section's Ro + j Xo.
+    for (std::size_t i = 0; i < 3; ++i)
+        if (e.Ligne_Ro[i] != 0.0 || e.Ligne_Xo[i] != 0.0)
+            e.PHIo[i] = std::atan2(e.Ligne_Xo[i], e.Ligne_Ro[i]);
 }
 
 void BaseEtudesSql::LireReglage(Etude& e) {

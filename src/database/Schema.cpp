@@ -140,6 +140,8 @@ std::vector<ColonneLigne> FaireColonnesLigne() {
                  "DOUBLE PRECISION",
                  [](const Etude& e) { return QVariant(e.PointsTransit[0].Module); },
                  {}});
+    // The secondary rated current: without it a 5 A relay would reopen as a 1 A one.
+    c.push_back(Simple("Is", &Etude::Is));
     return c;
 }
 

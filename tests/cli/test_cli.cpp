@@ -94,3 +94,34 @@ TEST(LigneDeCommande, MauvaiseEntreeCode2) {
         EXPECT_TRUE(r.sortie.empty()) << c.arguments;
     }
 }
+
+// Each example saved into a new base and opened again by its names comes back as it was.
+TEST(LigneDeCommande, SaveEtOpenRendentLEtude) {
+    for (const auto& entree : fs::directory_iterator(TOURNESOL_EXEMPLES)) {
+        if (entree.path().extension() != ".json")
+            continue;
+        const std::string nom = entree.path().filename().string();
+        const fs::path base = fs::temp_directory_path() / ("tournesol-base-" + nom);
+        fs::remove_all(base);
+        fs::create_directories(base);
+        const Resultat save = Lancer("save " + entree.path().string() + " --base " + base.string());
+        ASSERT_EQ(save.code, 0) << nom << ": " << save.erreurs;
+        const auto sauvee = nlohmann::json::parse(save.sortie);
+        EXPECT_TRUE(fs::exists(base / "bd1.mdb"));
+
+        std::string args = "open --base " + base.string() + " --poste '" +
+                           sauvee["NomPoste"].get<std::string>() + "' --depart '" +
+                           sauvee["NomDepart"].get<std::string>() + "' --protection '" +
+                           sauvee["NomProtection"].get<std::string>() + "' --numero " +
+                           std::to_string(sauvee["id_numero"].get<int>());
+        if (!sauvee["NomPiquage"].get<std::string>().empty())
+            args += " --piquage '" + sauvee["NomPiquage"].get<std::string>() + "'";
+        const Resultat open = Lancer(args);
+        ASSERT_EQ(open.code, 0) << nom << ": " << open.erreurs;
+        const auto ouverte = nlohmann::json::parse(open.sortie);
+        for (const auto& [cle, valeur] : sauvee.items())
+            if (cle != "messages")
+                EXPECT_EQ(ouverte[cle], valeur) << nom << " " << cle;
+        fs::remove_all(base);
+    }
+}

@@ -36,10 +36,12 @@ TEST_F(Connexion, UneBaseNeuveEstCreeeAvecLesTablesDuSysteme) {
     }
     QSqlQuery colonnes(Controle());
     ASSERT_TRUE(colonnes.exec(R"(SELECT * FROM "Ligne")"));
-    EXPECT_EQ(colonnes.record().count(), 92); // the key and the ninety-one columns of a line
-    EXPECT_EQ(ColonnesLigne().size(), 91u);
+    // The key, the ninety-one columns of a line, and the secondary rated current.
+    EXPECT_EQ(colonnes.record().count(), 93);
+    EXPECT_EQ(ColonnesLigne().size(), 92u);
     EXPECT_EQ(colonnes.record().fieldName(1), "Tl");
-    EXPECT_EQ(colonnes.record().fieldName(colonnes.record().count() - 1), "n1");
+    EXPECT_EQ(colonnes.record().fieldName(colonnes.record().count() - 2), "n1");
+    EXPECT_EQ(colonnes.record().fieldName(colonnes.record().count() - 1), "Is");
 }
 
 TEST_F(Connexion, ProchainIdEstLePlusGrandPlusUn) {
