@@ -119,9 +119,11 @@ TEST(LigneDeCommande, SaveEtOpenRendentLEtude) {
         const Resultat open = Lancer(args);
         ASSERT_EQ(open.code, 0) << nom << ": " << open.erreurs;
         const auto ouverte = nlohmann::json::parse(open.sortie);
-        for (const auto& [cle, valeur] : sauvee.items())
-            if (cle != "messages")
+        for (const auto& [cle, valeur] : sauvee.items()) {
+            if (cle != "messages") {
                 EXPECT_EQ(ouverte[cle], valeur) << nom << " " << cle;
+            }
+        }
         fs::remove_all(base);
     }
 }
