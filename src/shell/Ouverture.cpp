@@ -1,6 +1,7 @@
 #include "shell/Ouverture.h"
 
 #include "network/Calcul.h"
+#include "network/PanneauOptionsReseau.h"
 #include "network/Transit.h"
 #include "shell/Dialogue.h"
 #include "shell/Erreurs.h"

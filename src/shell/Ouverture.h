@@ -27,7 +27,8 @@ void AppliquerReports(const Etude& e, OptionsReport& options);
 // The transit current of a report case; on a plant link the maximal case keeps It as it is.
 double CourantDuCas(const Etude& e, int cas);
 
-// What Open puts into the study state before the study's own values: the line ends in order.
+// What Open puts into the study state before the study's own values: the line ends in order
+// and the network defaults.
 void PreparerOuverture(Etude& e);
 
 // Computes the three report cases, creates the relay's panel unseen so that it computes its

@@ -3,6 +3,9 @@
 #include "network/Calcul.h"
 #include "network/Format.h"
 #include "network/Numerique.h"
+#include "network/PanneauOptionsReseau.h"
+#include "network/PanneauValeursReseau.h"
+#include "network/PanneauxBouts.h"
 #include "shell/BaseEtudes.h"
 #include "shell/Couleurs.h"
 #include "shell/Dialogue.h"
@@ -120,7 +123,7 @@ PanneauDemarre::PanneauDemarre(Etude& e, Dialogue& d, OptionsReport& options, Ba
                                      std::pair{"mnuValeursRéseau", "network values..."},
                                      std::pair{"mnudeuxbouts", "two ended line"},
                                      std::pair{"mnutroisbouts", "three ended line"}})
-        Ajouter(GenreChamp::Bouton, nom, texte, "mnuRéseau").Actif = false;
+        Ajouter(GenreChamp::Bouton, nom, texte, "mnuRéseau");
     const bool troisBouts = e.Ligne_Tl == 3 || e.LigneTroisBouts;
     Trouver("mnutroisbouts")->Visible = troisBouts;
     Trouver("mnudeuxbouts")->Visible = !troisBouts;
@@ -155,6 +158,37 @@ PanneauDemarre::PanneauDemarre(Etude& e, Dialogue& d, OptionsReport& options, Ba
         Trouver(REPORTS[i])->Actif = options_.Actif[i];
     }
     Redessiner();
+}
+
+void PanneauDemarre::PanneauReseau(const std::string& menu) {
+    e_.ErrCalcul = 0;
+    MagasinReglages* magasin = base_ ? &base_->Magasin() : nullptr;
+    std::unique_ptr<Panneau> panneau;
+    if (menu == "mnuOptionsRéseau")
+        panneau = std::make_unique<PanneauOptionsReseau>(e_);
+    else if (menu == "mnuValeursRéseau")
+        panneau = std::make_unique<PanneauValeursReseau>(e_);
+    else if (menu == "mnudeuxbouts")
+        panneau = std::make_unique<PanneauDeuxBouts>(e_, magasin);
+    else
+        panneau = std::make_unique<PanneauTroisBouts>(e_, magasin);
+    d_.MontrerPanneau(*panneau);
+    ControleLongueur(e_, d_);
+    if (e_.ErrCalcul != 0) return;
+    e_.PanneauRelais = true;
+    ReglerBoutonsRelais();
+    // With the line known in full, the report case's code runs: the three cases again, the
+    // transit area, the relay's panel, the drawing.
+    if (e_.OptionsValides && e_.ValeursValides) {
+        ChangerReport(options_.Cas());
+        for (std::size_t i = 0; i < 3; ++i) {
+            Trouver(REPORTS[i])->Valeur = options_.Coche[i];
+            Trouver(REPORTS[i])->Actif = options_.Actif[i];
+        }
+    } else {
+        CalculerEtTracer(e_, d_, options_);
+        Redessiner();
+    }
 }
 
 void PanneauDemarre::ReglerBoutonsRelais() {
@@ -289,6 +323,9 @@ void PanneauDemarre::Cliquer(const std::string& nom) {
         e_.ChangerPoste = false;
         e_.QuitterAppli = true;
         Fermer(FaconFermer::Programme);
+    } else if (nom == "mnuOptionsRéseau" || nom == "mnuValeursRéseau" || nom == "mnudeuxbouts" ||
+               nom == "mnutroisbouts") {
+        PanneauReseau(nom);
     } else if (nom == "mnuAPropos") {
         PanneauAPropos apropos;
         d_.MontrerPanneau(apropos);

@@ -72,6 +72,8 @@ public:
 
 private:
     void ChangerReport(int cas);
+    // The network menus: the panel modally, the length check, then the study computed again.
+    void PanneauReseau(const std::string& menu);
     void ReglerBoutonsRelais();
     void Redessiner() { ++version_; }
     void EcrireReglages();

@@ -4,6 +4,7 @@
 #include "shell/Dialogue.h"
 #include "shell/Erreurs.h"
 #include "shell/Etude.h"
+#include "shell/Ouverture.h"
 #include "shell/Registre.h"
 
 #include <algorithm>
@@ -412,7 +413,7 @@ void PanneauTitre::Ouvrir() {
         return;
     }
     Trouver("cmdSupprimer")->Actif = false;
-    e_.Ligne_Ex = {1, 2, 3};
+    PreparerOuverture(e_);
     e_.OuvertureOK = true;
     if (base_) base_->Ouvrir(e_, d_);
     FermerPanneau();

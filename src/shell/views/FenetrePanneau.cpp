@@ -111,6 +111,7 @@ void FenetrePanneau::ConstruireGenerique() {
         if (!onglets) {
             onglets = new QTabWidget(this);
             onglets->setObjectName("Onglets");
+            onglets->setUsesScrollButtons(false); // every tab's title in full
             pile->addWidget(onglets);
         }
         if (!pages.count(titre)) {

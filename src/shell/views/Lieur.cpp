@@ -6,6 +6,7 @@
 #include <QAction>
 #include <QComboBox>
 #include <QEvent>
+#include <QFormLayout>
 #include <QGroupBox>
 #include <QLabel>
 #include <QLineEdit>
@@ -110,6 +111,13 @@ void Lieur::Rafraichir() {
         if (!w) continue;
         w->setEnabled(c.Actif);
         if (w->isVisibleTo(w->parentWidget()) != c.Visible) w->setVisible(c.Visible);
+        // A field's caption in a form goes and comes with it.
+        if (w->parentWidget())
+            if (auto* formulaire = qobject_cast<QFormLayout*>(w->parentWidget()->layout()))
+                if (QWidget* legende = formulaire->labelForField(w)) {
+                    legende->setVisible(c.Visible);
+                    legende->setEnabled(c.Actif);
+                }
         if (auto* ligne = qobject_cast<QLineEdit*>(w)) {
             if (ligne->text() != Texte(c.Texte)) ligne->setText(Texte(c.Texte));
         } else if (auto* liste = qobject_cast<QComboBox*>(w)) {

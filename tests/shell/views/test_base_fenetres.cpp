@@ -1,0 +1,130 @@
+// The study base through the windows: a study typed, saved, left, and opened again by picking
+// its names from the opening dialog's lists.
+#include "database/BaseEtudesSql.h"
+#include "shell/Application.h"
+#include "shell/Etude.h"
+#include "shell/PanneauDemarre.h"
+#include "shell/PanneauTitre.h"
+#include "shell/views/DialogueQt.h"
+#include "shell/views/VueDemarre.h"
+#include "shell/views/VueTitre.h"
+
+#include <QAction>
+#include <QApplication>
+#include <QComboBox>
+#include <QLineEdit>
+#include <QPushButton>
+#include <QRadioButton>
+#include <QTemporaryDir>
+#include <QTest>
+#include <QTimer>
+#include <gtest/gtest.h>
+
+using namespace tournesol;
+
+namespace {
+void Focus(QWidget* w, QEvent::Type type) {
+    QFocusEvent evenement(type, Qt::TabFocusReason);
+    QApplication::sendEvent(w, &evenement);
+}
+
+void Taper(QWidget* fenetre, const char* nom, const QString& texte) {
+    QLineEdit* ligne = fenetre->findChild<QComboBox*>(nom)->lineEdit();
+    Focus(ligne, QEvent::FocusIn);
+    QTest::keyClicks(ligne, texte);
+    Focus(ligne, QEvent::FocusOut);
+}
+
+// Picks an entry of a box's list, as the user does with the mouse.
+bool Choisir(QWidget* fenetre, const char* nom, const QString& entree) {
+    auto* liste = fenetre->findChild<QComboBox*>(nom);
+    Focus(liste->lineEdit(), QEvent::FocusIn);
+    const int i = liste->findText(entree);
+    if (i < 0) return false;
+    liste->setCurrentIndex(i);
+    emit liste->activated(i);
+    Focus(liste->lineEdit(), QEvent::FocusOut);
+    return true;
+}
+} // namespace
+
+TEST(BaseFenetres, SauverPuisRouvrirParLesListes) {
+    QTemporaryDir dossier;
+    ASSERT_TRUE(dossier.isValid());
+    BaseEtudesSql base(dossier.path().toStdString() + "/");
+    Etude e;
+    DialogueQt d;
+    d.Inscrire("frmtitre", [](Panneau& p, DialogueQt&) -> std::unique_ptr<FenetrePanneau> {
+        return std::make_unique<VueTitre>(dynamic_cast<PanneauTitre&>(p));
+    });
+    d.Inscrire("frmDémarre", [&e](Panneau& p, DialogueQt&) -> std::unique_ptr<FenetrePanneau> {
+        return std::make_unique<VueDemarre>(dynamic_cast<PanneauDemarre&>(p), e);
+    });
+    Application app(e, d, &base, std::nullopt);
+
+    int titres = 0, fenetres = 0;
+    bool listesRemplies = false;
+    std::function<void(QWidget*)> agir = [&](QWidget* w) {
+        const QString nom = w->objectName();
+        if (nom == "frmtitre") {
+            ++titres;
+            if (titres == 1) {
+                Taper(w, "txtposte", "SAINT-\"VICTOR\"");
+                Taper(w, "txtDépart", "L'ISLE");
+                Taper(w, "txtProtection", "PD3A");
+                Taper(w, "txtnuméro", "2");
+            } else if (titres == 2) {
+                // The names come back from the base's lists.
+                listesRemplies = Choisir(w, "txtposte", "SAINT-\"VICTOR\"") &&
+                                 Choisir(w, "txtDépart", "L'ISLE") &&
+                                 Choisir(w, "txtProtection", "PD3A") &&
+                                 Choisir(w, "txtnuméro", "2");
+                // What stayed in memory from the first pass must not be what comes back.
+                e.Ligne_XLA = 0.0;
+                e.Ligne_Up = 400;
+            } else {
+                QTest::mouseClick(w->findChild<QPushButton*>("cmdQuitter"), Qt::LeftButton);
+                return;
+            }
+            Focus(w->findChild<QComboBox*>("txtposte")->lineEdit(), QEvent::FocusIn);
+            QTest::mouseClick(w->findChild<QPushButton*>("cmdOK"), Qt::LeftButton);
+        } else if (nom == "frmChoixProtection") {
+            w->findChild<QRadioButton*>("Option3D1(3)")->click();
+            QTest::mouseClick(w->findChild<QPushButton*>("Command1"), Qt::LeftButton);
+        } else if (nom == "frmDémarre") {
+            ++fenetres;
+            if (fenetres == 1) {
+                // A value of the study changes, then the study is saved.
+                e.Ligne_XLA = 17.5;
+                e.Ligne_Up = 90;
+                QTest::mouseClick(w->findChild<QPushButton*>("cmdsave"), Qt::LeftButton);
+            } else {
+                EXPECT_EQ(e.Ligne_XLA, 17.5);
+                EXPECT_EQ(e.Ligne_Up, 90);
+                EXPECT_EQ(e.id_numero, 2);
+            }
+            w->findChild<QAction*>("mnuChangerPoste")->trigger();
+        } else if (w->findChild<QPushButton*>("Command2")) {
+            QTest::mouseClick(w->findChild<QPushButton*>("Command2"), Qt::LeftButton);
+        } else if (auto* ok = w->findChild<QPushButton*>("cmdBouton(0)")) {
+            QTest::mouseClick(ok, Qt::LeftButton);
+        } else {
+            QTest::keyClick(w, Qt::Key_Return);
+        }
+    };
+    QWidget* vu = nullptr;
+    QTimer pilote;
+    pilote.setInterval(10);
+    QObject::connect(&pilote, &QTimer::timeout, [&] {
+        QWidget* w = QApplication::activeModalWidget();
+        if (!w || w == vu) return;
+        vu = w;
+        QTimer::singleShot(0, [&agir, w] { agir(w); });
+    });
+    pilote.start();
+    app.Main();
+    pilote.stop();
+    EXPECT_TRUE(listesRemplies);
+    EXPECT_EQ(fenetres, 2);
+    EXPECT_EQ(titres, 3);
+}
