@@ -43,8 +43,12 @@ void ImageLigne::paintEvent(QPaintEvent*) {
     for (std::size_t i = 0; i < bouts.size(); ++i) {
         // A substation: a bar across the line's end.
         p.setPen(QPen(palette().text().color(), 4));
-        p.drawLine(bouts[i] + QPointF(0, -14), bouts[i] + QPointF(0, 14));
-        p.drawText(bouts[i] + QPointF(-4, -20), noms[i]);
+        if (i == 2)
+            p.drawLine(bouts[i] + QPointF(-14, 0), bouts[i] + QPointF(14, 0));
+        else
+            p.drawLine(bouts[i] + QPointF(0, -14), bouts[i] + QPointF(0, 14));
+        // The name above its bar; C, at the foot of the tee, beside it.
+        p.drawText(bouts[i] + (i == 2 ? QPointF(12, 4) : QPointF(-4, -20)), noms[i]);
         if (static_cast<int>(i) == champ_.IndexListe) {
             // The relay: a red box beside its substation, pointing into the line.
             const double sens = bouts[i].x() < width() / 2.0 ? 1.0 : -1.0;

@@ -95,3 +95,48 @@ TEST(PanneauxReseau, ChaqueMenuOuvreSonPanneauEtLeDiagrammeSuit) {
     EXPECT_EQ(e.ErrCalcul, 0);
     EXPECT_FALSE(vues.contains("frmMessage")) << vues.join(", ").toStdString();
 }
+
+TEST(PanneauxReseau, LigneATroisBouts) {
+    Etude e;
+    InitRegistre(e);
+    PreparerOuverture(e);
+    LireFichierEtude(std::filesystem::path(TOURNESOL_EXEMPLES) /
+                         "beaurepaire-montmeyran-laroche-90kV-3bouts.json",
+                     e);
+    DialogueQt d;
+    QStringList vues;
+    QWidget* vu = nullptr;
+    QTimer pilote;
+    pilote.setInterval(10);
+    QObject::connect(&pilote, &QTimer::timeout, [&] {
+        QWidget* w = QApplication::activeModalWidget();
+        if (!w || w == vu) return;
+        vu = w;
+        QTimer::singleShot(0, [&, w] {
+            vues << w->objectName();
+            if (qEnvironmentVariableIsSet("TOURNESOL_CAPTURES"))
+                w->grab().save(qEnvironmentVariable("TOURNESOL_CAPTURES") + "/" + w->objectName() +
+                               ".png");
+            for (const char* ok : {"Command1", "Command2", "cmdBouton(0)"})
+                if (auto* b = w->findChild<QPushButton*>(ok)) {
+                    QTest::mouseClick(b, Qt::LeftButton);
+                    return;
+                }
+            QTest::keyClick(w, Qt::Key_Return);
+        });
+    });
+    pilote.start();
+    OptionsReport options;
+    options.Choisir(e.TypeReportCharge);
+    InitEtude(e, d, options);
+    e.OptionsValides = e.ValeursValides = true;
+    PanneauDemarre demarre(e, d, options, nullptr, std::nullopt);
+    VueDemarre vue(demarre, e);
+    EXPECT_FALSE(vue.findChild<QAction*>("mnudeuxbouts")->isVisible());
+    vue.findChild<QAction*>("mnutroisbouts")->trigger();
+    pilote.stop();
+    EXPECT_TRUE(vues.contains("frmtroisbouts")) << vues.join(", ").toStdString();
+    EXPECT_FALSE(e.BoutMort); // every three phase current is well above 10 A
+    EXPECT_EQ(e.ErrCalcul, 0);
+    EXPECT_EQ(e.StadeTri, "Premier stade toujours assuré sur défaut triphasé");
+}
