@@ -273,14 +273,7 @@ void PanneauOptionsReseau::Entrer(const std::string& nom) {
 }
 
 void PanneauOptionsReseau::Cliquer(const std::string& nom) {
-    if (nom == "Command1") {
-        Valider();
-        return;
-    }
-    if (nom == "Command2") {
-        Annuler();
-        return;
-    }
+    if (BoutonsOkAnnuler(nom)) return;
     if (const auto k = IndiceDe(nom, "chktypeligne"); k && !troisBouts_ && *k >= 0 && *k <= 2)
         tl_ = *k;
     else if (nom == "chklignelongue" || nom == "chklignecourte") {
@@ -327,13 +320,6 @@ void PanneauOptionsReseau::LireSaisiesLibres() {
         is_ = v == 0.0F ? 1.0F : v;
     }
     if (upAutre_) up_ = static_cast<std::int32_t>(std::lround(ChampLire(*Trouver("txtcustomup"))));
-}
-
-void PanneauOptionsReseau::Touche(int code) {
-    if (code == TOUCHE_ENTREE)
-        Valider();
-    else if (code == TOUCHE_ECHAP)
-        Annuler();
 }
 
 void PanneauOptionsReseau::LireTransits() {

@@ -31,7 +31,6 @@ public:
     // The pointer rests on a tab's title: the title of the transit tab shows its help.
     void Entrer(const std::string& nom) override;
     // Enter confirms, Escape cancels.
-    void Touche(int code) override;
     // Command1: the nine steps of OK.
     void Valider() override;
     // Command2: the panel closes and nothing changes.

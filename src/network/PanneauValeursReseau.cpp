@@ -205,14 +205,7 @@ void PanneauValeursReseau::Changer(const std::string& nom) {
 }
 
 void PanneauValeursReseau::Cliquer(const std::string& nom) {
-    if (nom == "Command1") {
-        Valider();
-        return;
-    }
-    if (nom == "Command2") {
-        Annuler();
-        return;
-    }
+    if (BoutonsOkAnnuler(nom)) return;
     // An entry option: the group of the section takes it.
     const char* const directe[] = {"chkcart", "chkpol"};
     const char* const homopolaire[] = {"chkko", "chkhcart", "chkhpol"};
@@ -227,13 +220,6 @@ void PanneauValeursReseau::Cliquer(const std::string& nom) {
         return false;
     };
     if (!choisir(directe)) choisir(homopolaire);
-}
-
-void PanneauValeursReseau::Touche(int code) {
-    if (code == TOUCHE_ENTREE)
-        Valider();
-    else if (code == TOUCHE_ECHAP)
-        Annuler();
 }
 
 void PanneauValeursReseau::Valider() {

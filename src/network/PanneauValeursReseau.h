@@ -23,7 +23,6 @@ public:
     // The entry options of a section, Command1 (OK) and Command2 (cancel).
     void Cliquer(const std::string& nom) override;
     // Enter confirms, Escape cancels.
-    void Touche(int code) override;
     // Reads everything back; the angles of the line back to radians.
     void Valider() override;
     void Annuler() override;

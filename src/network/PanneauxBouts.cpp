@@ -118,23 +118,9 @@ void PanneauDeuxBouts::Choisir(int bout) {
 }
 
 void PanneauDeuxBouts::Cliquer(const std::string& nom) {
-    if (nom == "Command1") {
-        Valider();
-        return;
-    }
-    if (nom == "Command2") {
-        Annuler();
-        return;
-    }
+    if (BoutonsOkAnnuler(nom)) return;
     for (const char* tableau : {"placerprotection", "chkbout"})
         if (const auto i = IndiceDe(nom, tableau); i && *i >= 0 && *i < 2) Choisir(*i);
-}
-
-void PanneauDeuxBouts::Touche(int code) {
-    if (code == TOUCHE_ENTREE)
-        Valider();
-    else if (code == TOUCHE_ECHAP)
-        Annuler();
 }
 
 void PanneauDeuxBouts::Valider() {
@@ -241,27 +227,13 @@ void PanneauTroisBouts::Activer() {
 }
 
 void PanneauTroisBouts::Cliquer(const std::string& nom) {
-    if (nom == "Command1") {
-        Valider();
-        return;
-    }
-    if (nom == "Command2") {
-        Annuler();
-        return;
-    }
+    if (BoutonsOkAnnuler(nom)) return;
     if (nom == "chkcourcirc") {
         Activer();
         return;
     }
     for (const char* tableau : {"placerprotection", "chkbout"})
         if (const auto i = IndiceDe(nom, tableau); i && *i >= 0 && *i < 3) Choisir(*i);
-}
-
-void PanneauTroisBouts::Touche(int code) {
-    if (code == TOUCHE_ENTREE)
-        Valider();
-    else if (code == TOUCHE_ECHAP)
-        Annuler();
 }
 
 void PanneauTroisBouts::Valider() {

@@ -25,7 +25,6 @@ public:
     // "placerprotection(i)" (a click on end i of the picture) and the options "chkbout(i)" put
     // the relay at end i; Command1 (OK), Command2 (cancel).
     void Cliquer(const std::string& nom) override;
-    void Touche(int code) override;
     // Stores the end in pp and writes it through the store.
     void Valider() override;
     void Annuler() override;
@@ -51,7 +50,6 @@ public:
     // "placerprotection(i)" and "chkbout(i)" put the relay at end i; chkcourcirc enables the
     // tabs of the currents; Command1 (OK), Command2 (cancel).
     void Cliquer(const std::string& nom) override;
-    void Touche(int code) override;
     // pp, cc, the currents, BoutMort; zero currents become 1; the list through the store.
     void Valider() override;
     void Annuler() override;

@@ -52,8 +52,7 @@ void PanneauValeurs::Valider() {
 }
 
 void PanneauValeurs::Cliquer(const std::string& nom) {
-    if (nom == "Command2")
-        Valider();
+    if (nom == "Command2") Valider();
 }
 
 PanneauValeurTroisBouts::PanneauValeurTroisBouts(Etude& e) : Panneau("frmvaleurtroisbouts"), e_(e) {
@@ -87,8 +86,7 @@ void PanneauValeurTroisBouts::Valider() {
 }
 
 void PanneauValeurTroisBouts::Cliquer(const std::string& nom) {
-    if (nom == "Command2")
-        Valider();
+    if (nom == "Command2") Valider();
 }
 
 } // namespace tournesol

@@ -29,6 +29,8 @@ public:
     // The close box. Unconfirmed values raise the question; returns false when the user
     // chooses to stay.
     bool Fermer() override;
+    // Escape is the close box: unconfirmed values raise the question.
+    void Annuler() override { Fermer(); }
 
     bool Confirme() const { return confirme_; }
 

@@ -16,6 +16,9 @@ public:
     Panneau(const Panneau&) = delete;
     Panneau& operator=(const Panneau&) = delete;
 
+    static constexpr int TOUCHE_ENTREE = 13;
+    static constexpr int TOUCHE_ECHAP = 27;
+
     const std::string& Nom() const { return nom_; }
 
     // The field of that name; nullptr when the panel has none.
@@ -30,8 +33,13 @@ public:
     // The user changed the text of a field (typing, or an entry of its list).
     virtual void Changer(const std::string& /*champ*/) {}
     virtual void Cliquer(const std::string& /*nom*/) {}
-    // A key the window did not use: Enter, Escape.
-    virtual void Touche(int /*code*/) {}
+    // A key the window did not use: Enter confirms, Escape cancels.
+    virtual void Touche(int code) {
+        if (code == TOUCHE_ENTREE)
+            Valider();
+        else if (code == TOUCHE_ECHAP)
+            Annuler();
+    }
     // OK: the user confirms what the panel shows.
     virtual void Valider() { FermerPanneau(); }
     virtual void Annuler() { FermerPanneau(); }
@@ -44,10 +52,18 @@ public:
     // The panel asked to be closed.
     bool Ferme() const { return ferme_; }
 
-    static constexpr int TOUCHE_ENTREE = 13;
-    static constexpr int TOUCHE_ECHAP = 27;
-
 protected:
+    // The OK (Command1) and cancel (Command2) buttons of a panel; true when `nom` was one.
+    bool BoutonsOkAnnuler(const std::string& nom) {
+        if (nom == "Command1")
+            Valider();
+        else if (nom == "Command2")
+            Annuler();
+        else
+            return false;
+        return true;
+    }
+
     Champ& AjouterChamp(Champ champ);
     Champ& Ajouter(GenreChamp genre, const std::string& nom, const std::string& texte,
                    const std::string& groupe = {});

@@ -80,10 +80,8 @@ PanneauChoixProtection::PanneauChoixProtection(Etude& e, Dialogue& /*d*/)
 }
 
 void PanneauChoixProtection::Cliquer(const std::string& nom) {
-    if (nom == "Command1") {
-        Valider();
-    } else if (nom == "Command2") {
-        Annuler();
+    if (BoutonsOkAnnuler(nom)) {
+        return;
     } else if (nom.rfind("Option3D1(", 0) == 0) {
         selection_ = std::stoi(nom.substr(10));
         for (int id = 1; id <= NOMBRE_RELAIS; ++id)
@@ -105,13 +103,6 @@ void PanneauChoixProtection::Annuler() {
     e_.EtudeModifiee = modifieeAvant_;
     e_.ErrCalcul = ERR_SIGNALEE;
     FermerPanneau();
-}
-
-void PanneauChoixProtection::Touche(int code) {
-    if (code == TOUCHE_ENTREE)
-        Valider();
-    else if (code == TOUCHE_ECHAP)
-        Annuler();
 }
 
 bool PanneauChoixProtection::Fermer() {

@@ -25,7 +25,6 @@ public:
     void Valider() override; // Command1 "&OK"
     void Annuler() override; // Command2 "&cancel"
     bool Fermer() override;
-    void Touche(int code) override;
 
 private:
     Etude& e_;
