@@ -1,5 +1,6 @@
 // The study base through the windows: a study typed, saved, left, and opened again by picking
 // its names from the opening dialog's lists.
+#include "Pilote.h"
 #include "database/BaseEtudesSql.h"
 #include "shell/Application.h"
 #include "shell/Etude.h"
@@ -112,18 +113,10 @@ TEST(BaseFenetres, SauverPuisRouvrirParLesListes) {
             QTest::keyClick(w, Qt::Key_Return);
         }
     };
-    QWidget* vu = nullptr;
-    QTimer pilote;
-    pilote.setInterval(10);
-    QObject::connect(&pilote, &QTimer::timeout, [&] {
-        QWidget* w = QApplication::activeModalWidget();
-        if (!w || w == vu) return;
-        vu = w;
-        QTimer::singleShot(0, [&agir, w] { agir(w); });
-    });
-    pilote.start();
-    app.Main();
-    pilote.stop();
+    {
+        Pilote pilote(agir);
+        app.Main();
+    }
     EXPECT_TRUE(listesRemplies);
     EXPECT_EQ(fenetres, 2);
     EXPECT_EQ(titres, 3);

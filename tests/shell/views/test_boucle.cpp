@@ -1,5 +1,6 @@
 // The program as a user drives it, offscreen: the opening dialog, the relay choice, the working
 // window with its diagram, the report options, the way back, and leaving.
+#include "Pilote.h"
 #include "shell/Application.h"
 #include "shell/Etude.h"
 #include "shell/PanneauDemarre.h"
@@ -76,18 +77,8 @@ TEST(Boucle, DuTitreALaFenetreDeTravailEtRetour) {
     QStringList vues;
     int titres = 0;
     std::function<void(QWidget*)> agir;
-    QTimer pilote;
-    pilote.setInterval(10);
-    QObject::connect(&pilote, &QTimer::timeout, [&] {
-        QWidget* w = QApplication::activeModalWidget();
-        if (!w ||
-            vues.endsWith(w->objectName() + "@" + QString::number(reinterpret_cast<quintptr>(w))))
-            return;
-        vues << w->objectName() + "@" + QString::number(reinterpret_cast<quintptr>(w));
-        // The user acts once the pilot's turn is over: a window may open another modally.
-        QTimer::singleShot(0, [&, w] { agir(w); });
-    });
     agir = [&](QWidget* w) {
+        vues << w->objectName();
         const QString nom = w->objectName();
         if (nom == "frmtitre" && titres++ == 0) {
             EXPECT_EQ(w->windowTitle(), "TOURNESOL");
@@ -139,9 +130,10 @@ TEST(Boucle, DuTitreALaFenetreDeTravailEtRetour) {
             w->findChild<QAction*>("mnuChangerPoste")->trigger();
         }
     };
-    pilote.start();
-    app.Main();
-    pilote.stop();
+    {
+        Pilote pilote(agir);
+        app.Main();
+    }
     EXPECT_EQ(titres, 2);
     EXPECT_TRUE(e.QuitterAppli);
     EXPECT_EQ(e.id_protection, 3);

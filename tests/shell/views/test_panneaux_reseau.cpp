@@ -1,5 +1,6 @@
 // The network panels opened from the working window's menus: a value changed, OK, and the load
 // area moves on the diagram.
+#include "Pilote.h"
 #include "shell/Etude.h"
 #include "shell/FichierEtude.h"
 #include "shell/Ouverture.h"
@@ -30,6 +31,21 @@ void Saisir(QWidget* fenetre, const QString& nom, const QString& texte) {
     QFocusEvent sortie(QEvent::FocusOut, Qt::TabFocusReason);
     QApplication::sendEvent(ligne, &sortie);
 }
+// What the user does in a window: types what the test gives for it, then confirms.
+void Confirmer(QWidget* w, const std::map<QString, std::function<void(QWidget*)>>& saisies,
+               QStringList& vues) {
+    vues << w->objectName();
+    // TOURNESOL_CAPTURES=folder keeps a picture of each window, to look at.
+    if (qEnvironmentVariableIsSet("TOURNESOL_CAPTURES"))
+        w->grab().save(qEnvironmentVariable("TOURNESOL_CAPTURES") + "/" + w->objectName() + ".png");
+    if (const auto it = saisies.find(w->objectName()); it != saisies.end()) it->second(w);
+    for (const char* ok : {"Command1", "Command2", "cmdBouton(0)"})
+        if (auto* b = w->findChild<QPushButton*>(ok)) {
+            QTest::mouseClick(b, Qt::LeftButton);
+            return;
+        }
+    QTest::keyClick(w, Qt::Key_Return); // a message
+}
 } // namespace
 
 TEST(PanneauxReseau, ChaqueMenuOuvreSonPanneauEtLeDiagrammeSuit) {
@@ -40,35 +56,13 @@ TEST(PanneauxReseau, ChaqueMenuOuvreSonPanneauEtLeDiagrammeSuit) {
         std::filesystem::path(TOURNESOL_EXEMPLES) / "champagnier-grande-ile-225kV.json", e);
     DialogueQt d;
     // What the user types in each panel when it comes up; the other windows are confirmed.
-    std::map<QString, std::function<void(QWidget*)>> saisies = {
+    const std::map<QString, std::function<void(QWidget*)>> saisies = {
         {"frmRéseauOptions", [](QWidget* w) { Saisir(w, "txtittri", "1800"); }},
         {"frmréseauvaleurs", [](QWidget* w) { Saisir(w, "txtxl(0)", "40"); }},
         {"frmdeuxbouts", [](QWidget*) {}},
     };
     QStringList vues;
-    QWidget* vu = nullptr;
-    QTimer pilote;
-    pilote.setInterval(10);
-    QObject::connect(&pilote, &QTimer::timeout, [&] {
-        QWidget* w = QApplication::activeModalWidget();
-        if (!w || w == vu) return;
-        vu = w;
-        QTimer::singleShot(0, [&, w] {
-            vues << w->objectName();
-            // TOURNESOL_CAPTURES=folder keeps a picture of each window, to look at.
-            if (qEnvironmentVariableIsSet("TOURNESOL_CAPTURES"))
-                w->grab().save(qEnvironmentVariable("TOURNESOL_CAPTURES") + "/" + w->objectName() +
-                               ".png");
-            if (saisies.count(w->objectName())) saisies[w->objectName()](w);
-            for (const char* ok : {"Command1", "Command2", "cmdBouton(0)"})
-                if (auto* b = w->findChild<QPushButton*>(ok)) {
-                    QTest::mouseClick(b, Qt::LeftButton);
-                    return;
-                }
-            QTest::keyClick(w, Qt::Key_Return); // a message
-        });
-    });
-    pilote.start();
+    Pilote pilote([&](QWidget* w) { Confirmer(w, saisies, vues); });
     OptionsReport options;
     options.Choisir(e.TypeReportCharge);
     InitEtude(e, d, options);
@@ -88,7 +82,6 @@ TEST(PanneauxReseau, ChaqueMenuOuvreSonPanneauEtLeDiagrammeSuit) {
     EXPECT_NE(e.XL_eq, xl);
 
     vue.findChild<QAction*>("mnudeuxbouts")->trigger();
-    pilote.stop();
     EXPECT_TRUE(vues.contains("frmRéseauOptions"));
     EXPECT_TRUE(vues.contains("frmréseauvaleurs"));
     EXPECT_TRUE(vues.contains("frmdeuxbouts"));
@@ -105,27 +98,8 @@ TEST(PanneauxReseau, LigneATroisBouts) {
                      e);
     DialogueQt d;
     QStringList vues;
-    QWidget* vu = nullptr;
-    QTimer pilote;
-    pilote.setInterval(10);
-    QObject::connect(&pilote, &QTimer::timeout, [&] {
-        QWidget* w = QApplication::activeModalWidget();
-        if (!w || w == vu) return;
-        vu = w;
-        QTimer::singleShot(0, [&, w] {
-            vues << w->objectName();
-            if (qEnvironmentVariableIsSet("TOURNESOL_CAPTURES"))
-                w->grab().save(qEnvironmentVariable("TOURNESOL_CAPTURES") + "/" + w->objectName() +
-                               ".png");
-            for (const char* ok : {"Command1", "Command2", "cmdBouton(0)"})
-                if (auto* b = w->findChild<QPushButton*>(ok)) {
-                    QTest::mouseClick(b, Qt::LeftButton);
-                    return;
-                }
-            QTest::keyClick(w, Qt::Key_Return);
-        });
-    });
-    pilote.start();
+    const std::map<QString, std::function<void(QWidget*)>> saisies;
+    Pilote pilote([&](QWidget* w) { Confirmer(w, saisies, vues); });
     OptionsReport options;
     options.Choisir(e.TypeReportCharge);
     InitEtude(e, d, options);
@@ -134,7 +108,6 @@ TEST(PanneauxReseau, LigneATroisBouts) {
     VueDemarre vue(demarre, e);
     EXPECT_FALSE(vue.findChild<QAction*>("mnudeuxbouts")->isVisible());
     vue.findChild<QAction*>("mnutroisbouts")->trigger();
-    pilote.stop();
     EXPECT_TRUE(vues.contains("frmtroisbouts")) << vues.join(", ").toStdString();
     EXPECT_FALSE(e.BoutMort); // every three phase current is well above 10 A
     EXPECT_EQ(e.ErrCalcul, 0);
