@@ -1,5 +1,6 @@
 // The opening dialog, the relay choice, the working window and the loop between them, driven
 // through the scripted dialogue.
+#include "Ligne225.h"
 #include "shell/Application.h"
 #include "shell/BaseEtudes.h"
 #include "shell/Dialogue.h"
@@ -107,19 +108,7 @@ TEST(Titre, ChoixDeLaProtectionAnnuleOuValide) {
 
 TEST(Demarre, BoucleEtOptionsDeReport) {
     Etude e;
-    e.Ligne_Up = 225;
-    e.Ligne_Ip = 1000;
-    e.Is = 1.0f;
-    e.Ligne_Icc = 31.5;
-    e.Ligne_lc = true;
-    e.Ligne_Longueur[0] = 75.0;
-    e.Ligne_XL[0] = 30.375;
-    e.Ligne_RL[0] = 6.375;
-    e.Ligne_ZL[0] = 31.0;
-    e.Ligne_Ittri = 1450.0;
-    e.Ligne_Itmono = 1700.0;
-    e.Ligne_Itmax = 1900.0;
-    e.Ligne_XLA = 20.0;
+    RemplirLigne225(e);
     DialogueScripte d;
     int titres = 0, fenetres = 0;
     d.QuandPanneau("frmtitre", [&](Panneau& p) {

@@ -1,4 +1,5 @@
 // From Open to the first drawing, driven through the dialogue interface.
+#include "Ligne225.h"
 #include "shell/Dialogue.h"
 #include "shell/Etude.h"
 #include "shell/Ouverture.h"
@@ -17,19 +18,7 @@ Etude Etude225() {
     PreparerOuverture(e);
     e.NomPoste = "CHAMPAGNIER";
     e.id_protection = 3;
-    e.Ligne_Up = 225;
-    e.Ligne_Ip = 1000;
-    e.Is = 1.0f;
-    e.Ligne_Icc = 31.5;
-    e.Ligne_lc = true;
-    e.Ligne_Longueur[0] = 75.0;
-    e.Ligne_XL[0] = 30.375;
-    e.Ligne_RL[0] = 6.375;
-    e.Ligne_ZL[0] = 31.0;
-    e.Ligne_Ittri = 1450.0;
-    e.Ligne_Itmono = 1700.0;
-    e.Ligne_Itmax = 1900.0;
-    e.Ligne_XLA = 20.0;
+    RemplirLigne225(e);
     return e;
 }
 

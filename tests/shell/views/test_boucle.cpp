@@ -1,5 +1,6 @@
 // The program as a user drives it, offscreen: the opening dialog, the relay choice, the working
 // window with its diagram, the report options, the way back, and leaving.
+#include "../Ligne225.h"
 #include "Pilote.h"
 #include "shell/Application.h"
 #include "shell/Etude.h"
@@ -57,19 +58,7 @@ void InscrireVues(DialogueQt& d, Etude& e) {
 
 TEST(Boucle, DuTitreALaFenetreDeTravailEtRetour) {
     Etude e;
-    e.Ligne_Up = 225;
-    e.Ligne_Ip = 1000;
-    e.Is = 1.0f;
-    e.Ligne_Icc = 31.5;
-    e.Ligne_lc = true;
-    e.Ligne_Longueur[0] = 75.0;
-    e.Ligne_XL[0] = 30.375;
-    e.Ligne_RL[0] = 6.375;
-    e.Ligne_ZL[0] = 31.0;
-    e.Ligne_Ittri = 1450.0;
-    e.Ligne_Itmono = 1700.0;
-    e.Ligne_Itmax = 1900.0;
-    e.Ligne_XLA = 20.0;
+    RemplirLigne225(e);
     DialogueQt d;
     InscrireVues(d, e);
     Application app(e, d, nullptr, std::nullopt);
