@@ -6,8 +6,8 @@ bash scripts/install-deps.sh
 export CCACHE_DIR="${CCACHE_DIR:-$PWD/.ccache}"
 cmake -S . -B build -G Ninja
 cmake --build build -j "$(nproc)" --target tournesol tournesol-cli
-# Without arguments: the bundled example study, in the working window.
-[ $# -eq 0 ] && set -- examples/champagnier-grande-ile-225kV.json
+# Without arguments the opening dialog comes up on the base bd1.mdb of this folder, made on first
+# use with the bundled example study (CHAMPAGNIER - GRANDE-ILE, PD3A n° 1) in it.
 if [ -z "${DISPLAY:-}${WAYLAND_DISPLAY:-}" ]; then
   echo "No display found: running Tournesol in a virtual one (xvfb-run)." >&2
   exec xvfb-run -a ./build/src/tournesol "$@"

@@ -1,13 +1,16 @@
 // tournesol: the engineer's desktop tool.
 #include "database/BaseEtudesSql.h"
+#include "database/Import.h"
 #include "network/Format.h"
 #include "shell/Application.h"
+#include "shell/Dialogue.h"
 #include "shell/Etude.h"
 #include "shell/FichierEtude.h"
 #include "shell/FichierIni.h"
 #include "shell/Ouverture.h"
 #include "shell/PanneauDemarre.h"
 #include "shell/PanneauTitre.h"
+#include "shell/Registre.h"
 #include "shell/views/DialogueQt.h"
 #include "shell/views/VueDemarre.h"
 #include "shell/views/VueTitre.h"
@@ -49,6 +52,27 @@ void Capturer(const QString& image, const QElapsedTimer& chrono) {
     });
 }
 
+// A base without any substation starts with the bundled example study, so that the opening
+// dialog's lists have a line to open.
+void AmorcerBase(BaseEtudesSql& base) {
+    if (!base.Postes().empty()) return;
+    QFile fichier(QStringLiteral(":/examples/exemple.json"));
+    if (!fichier.open(QIODevice::ReadOnly)) return;
+    Etude exemple;
+    InitRegistre(exemple);
+    PreparerOuverture(exemple);
+    try {
+        LireEtude(fichier.readAll().toStdString(), exemple);
+    } catch (const ErreurFichierEtude&) {
+        return;
+    }
+    DialogueSansFenetre sansFenetre; // the example is computed and saved unseen
+    OptionsReport options;
+    options.Choisir(exemple.TypeReportCharge);
+    InitEtude(exemple, sansFenetre, options);
+    ImporterEtude(base, exemple, sansFenetre);
+}
+
 } // namespace
 
 int main(int argc, char** argv) {
@@ -84,6 +108,7 @@ int main(int argc, char** argv) {
     // The study base: bd1.mdb in the folder of the master base, made on first use.
     BaseEtudesSql base(etude.Rep_appli);
     Application application(etude, dialogue, &base, FichierReglages(etude));
+    if (args.isEmpty()) AmorcerBase(base);
     if (!args.isEmpty()) {
         // A study file: opened at once in the working window.
         QFile fichier(args.first());

@@ -1,6 +1,7 @@
 // tournesol-cli: the engine without windows, for batch work, reports and checks.
 #ifdef TOURNESOL_AVEC_BASE
 #include "database/BaseEtudesSql.h"
+#include "database/Import.h"
 #endif
 #include "diagram/Plan.h"
 #include "diagram/SurfaceSvg.h"
@@ -94,38 +95,23 @@ int Svg(const std::string& chemin, const std::optional<std::string>& sortie) {
 // The value that follows an option, if the option is there.
 std::optional<std::string> Option(const std::vector<std::string>& args, const std::string& nom) {
     for (std::size_t i = 0; i + 1 < args.size(); ++i)
-        if (args[i] == nom)
-            return args[i + 1];
+        if (args[i] == nom) return args[i + 1];
     return std::nullopt;
 }
 
 std::string DossierBase(const std::vector<std::string>& args) {
     std::string dossier = Option(args, "--base").value_or("");
-    if (!dossier.empty() && dossier.back() != '/')
-        dossier.push_back('/');
+    if (!dossier.empty() && dossier.back() != '/') dossier.push_back('/');
     return dossier;
 }
 
 int Save(const std::string& chemin, const std::vector<std::string>& args) {
     Session s;
-    if (!Ouvrir(chemin, s))
-        return SORTIE_USAGE;
+    if (!Ouvrir(chemin, s)) return SORTIE_USAGE;
     BaseEtudesSql base(DossierBase(args));
-    // The keys of the named line and relay (a new line gets its row), as Open finds them.
-    Etude cles = s.e;
-    base.Ouvrir(cles, s.dialogue);
-    s.e.id_ligne = cles.id_ligne;
-    s.e.id_poste = cles.id_poste;
-    s.e.id_depart = cles.id_depart;
-    s.e.id_piquage = cles.id_piquage;
-    s.e.id_reglage = cles.id_reglage;
-    if (s.e.ProtectionChoisie == 0)
-        s.e.ProtectionChoisie = s.e.id_protection; // the relay choice of the study
-    s.e.Sauvegarde = true;
-    const bool ok = base.Sauver(s.e, s.dialogue);
+    const bool ok = ImporterEtude(base, s.e, s.dialogue);
     std::cout << EcrireEtude(s.e, s.dialogue.Messages());
-    if (!ok)
-        std::cerr << "tournesol-cli: the study was not saved\n";
+    if (!ok) std::cerr << "tournesol-cli: the study was not saved\n";
     return ok ? 0 : 1;
 }
 
@@ -168,8 +154,7 @@ int main(int argc, char** argv) {
 #ifdef TOURNESOL_AVEC_BASE
     if (args.size() >= 2 && args[0] == "save" && (args.size() == 2 || args.size() == 4))
         return Save(args[1], args);
-    if (!args.empty() && args[0] == "open")
-        return Open(args);
+    if (!args.empty() && args[0] == "open") return Open(args);
 #endif
     if (args.size() == 2 && args[0] == "calc") return Calc(args[1]);
     if (args.size() == 2 && args[0] == "svg") return Svg(args[1], std::nullopt);
