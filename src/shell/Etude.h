@@ -71,6 +71,7 @@ inline constexpr int NOMBRE_REGLES = 100;
     X(Entier16, OptionDessin) \
     X(Booleen, EnZoom) \
     X(Booleen, ChargementFenetre) \
+    X(Booleen, DiagnosticsOuverts) \
     X(Reel32, ScaleLeft) \
     X(Reel32, ScaleTop) \
     X(Reel32, ScaleWidth) \

@@ -99,6 +99,7 @@ void OuvrirPanneau(Etude& e, Dialogue& d, OptionsReport& options, bool sansAffic
     e.ErrCalcul = 0;
     e.RelaisPret = false;
     e.DiagramActuel = false;
+    e.DiagnosticsOuverts = false; // the diagnostics window closes
     d.Sablier(sablier);
     if (sansAffichage) {
         if (e.id_protection == 0) {
@@ -112,7 +113,9 @@ void OuvrirPanneau(Etude& e, Dialogue& d, OptionsReport& options, bool sansAffic
     } else {
         e.XprimFige = 0.0;
         ExecuterCalcul(e, [&] {
-            if (auto panneau = CreerPanneauRelais(e, d)) d.MontrerPanneau(*panneau);
+            // A panel whose opening failed has hidden itself already.
+            if (auto panneau = CreerPanneauRelais(e, d); panneau && !panneau->Ferme())
+                d.MontrerPanneau(*panneau);
         });
         e.XprimFige = -1.0;
     }

@@ -91,8 +91,7 @@ PanneauDemarre::PanneauDemarre(Etude& e, Dialogue& d, OptionsReport& options, Ba
     Ajouter(GenreChamp::Bouton, "cmdsave", "save the network values and the settings", "commandes")
         .Actif = base_ != nullptr;
     Ajouter(GenreChamp::Bouton, "cmdprint", "document printing", "commandes").Actif = false;
-    Ajouter(GenreChamp::Case, "cmdDiagnostics", "shows the setting diagnostics", "commandes")
-        .Actif = false;
+    Ajouter(GenreChamp::Case, "cmdDiagnostics", "shows the setting diagnostics", "commandes");
     Ajouter(GenreChamp::Case, "cmdhelp", "?", "commandes");
     Ajouter(GenreChamp::Bouton, "cmdquitter", "leave", "commandes");
     Ajouter(GenreChamp::Etiquette, "panHelp",
@@ -189,6 +188,15 @@ void PanneauDemarre::PanneauReseau(const std::string& menu) {
         CalculerEtTracer(e_, d_, options_);
         Redessiner();
     }
+}
+
+void PanneauDemarre::Redessiner() {
+    ++version_;
+    // After each computation the diagnostics window follows, while it is open; a relay panel
+    // that was opened has closed it.
+    if (diagnostics_ && !e_.DiagnosticsOuverts) diagnostics_.reset();
+    Trouver("cmdDiagnostics")->Valeur = diagnostics_ != nullptr;
+    if (diagnostics_) diagnostics_->MajDiagnostics();
 }
 
 void PanneauDemarre::ReglerBoutonsRelais() {
@@ -313,6 +321,14 @@ void PanneauDemarre::Cliquer(const std::string& nom) {
         e_.Sauvegarde = true;
         if (base_->Sauver(e_, d_))
             SauverColonnesPostes(e_, reglages_ ? *reglages_ : FichierReglages(e_));
+    } else if (nom == "cmdDiagnostics") {
+        if (Trouver(nom)->Valeur && !diagnostics_) {
+            diagnostics_ = std::make_unique<FenetreDiagnostics>(e_, e_.DiagnosticsOuverts);
+            diagnostics_->Montrer();
+        } else if (!Trouver(nom)->Valeur && diagnostics_) {
+            diagnostics_->Fermer();
+            diagnostics_.reset();
+        }
     } else if (nom == "cmdhelp") {
         Trouver("panHelp")->Visible = Trouver("cmdhelp")->Valeur;
     } else if (nom == "mnuChangerPoste") {

@@ -2,6 +2,7 @@
 // options, the drawing tools and the commands.
 #pragma once
 
+#include "diagnostics/FenetreDiagnostics.h"
 #include "diagram/Plan.h"
 #include "shell/Ouverture.h"
 #include "shell/Panneau.h"
@@ -60,6 +61,9 @@ public:
     // The outline of the circle, line or square being dragged, if any.
     std::optional<Annotation> Ebauche() const;
     const std::vector<Annotation>& Annotations() const { return annotations_; }
+    // The diagnostics window while cmdDiagnostics is down; null otherwise.
+    FenetreDiagnostics* Diagnostics() { return diagnostics_.get(); }
+
     // The pen of the free tools (the Shift-click menu).
     void ChangerPlume(int rouge, int vert, int bleu, int epaisseur, int style);
 
@@ -75,7 +79,7 @@ private:
     // The network menus: the panel modally, the length check, then the study computed again.
     void PanneauReseau(const std::string& menu);
     void ReglerBoutonsRelais();
-    void Redessiner() { ++version_; }
+    void Redessiner();
     void EcrireReglages();
     Annotation Plume(Annotation::Genre genre) const;
 
@@ -90,6 +94,7 @@ private:
     bool glisse_ = false;
     Complexe depart_, courant_;
     std::optional<Annotation> texte_; // the text being typed
+    std::unique_ptr<FenetreDiagnostics> diagnostics_;
 };
 
 } // namespace tournesol

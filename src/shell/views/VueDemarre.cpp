@@ -191,6 +191,27 @@ void VueDemarre::ApresHandler() {
             boite->setPalette(p);
         }
     setWindowTitle(Q(modele_.Titre()));
+    // The diagnostics window stays beside the working window while cmdDiagnostics is down.
+    FenetreDiagnostics* diagnostics = demarre_.Diagnostics();
+    if (diagnostics && !diagnostics_) {
+        diagnostics_ = new FenetrePanneau(*diagnostics, this);
+        diagnostics_->ConstruireGenerique();
+        diagnostics_->setModal(false);
+        diagnostics_->setAttribute(Qt::WA_DeleteOnClose);
+        diagnostics_->setWindowFlag(Qt::WindowStaysOnTopHint, true);
+        connect(diagnostics_, &QDialog::finished, this, [this] {
+            if (demarre_.Diagnostics()) {
+                demarre_.Trouver("cmdDiagnostics")->Valeur = false;
+                demarre_.Cliquer("cmdDiagnostics");
+                lieur_->Rafraichir();
+            }
+        });
+        diagnostics_->show();
+    } else if (!diagnostics && diagnostics_) {
+        diagnostics_->close();
+    } else if (diagnostics_ && diagnostics_->Liaison()) {
+        diagnostics_->Liaison()->Rafraichir();
+    }
     if (demarre_.Version() != version_) {
         version_ = demarre_.Version();
         diagramme_->Dessiner();

@@ -3,6 +3,7 @@
 
 #include "shell/views/FenetrePanneau.h"
 
+#include <QPointer>
 #include <QWidget>
 
 class QMenu;
@@ -56,6 +57,7 @@ private:
     Etude& e_;
     Diagramme* diagramme_;
     int version_ = -1;
+    QPointer<FenetrePanneau> diagnostics_; // frmDiagnostics, beside the working window
 };
 
 } // namespace tournesol

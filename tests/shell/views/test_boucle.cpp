@@ -11,9 +11,11 @@
 #include "shell/views/VueDemarre.h"
 #include "shell/views/VueTitre.h"
 
+#include <QAbstractButton>
 #include <QAction>
 #include <QApplication>
 #include <QComboBox>
+#include <QDialog>
 #include <QLabel>
 #include <QLineEdit>
 #include <QPushButton>
@@ -116,6 +118,16 @@ TEST(Boucle, DuTitreALaFenetreDeTravailEtRetour) {
             QTest::mouseMove(diagramme,
                              QPoint(diagramme->width() / 2 + 40, diagramme->height() / 2));
             EXPECT_TRUE(w->findChild<QLabel*>("coordonnées")->text().contains(" ; "));
+            // The diagnostics window comes beside the working window and goes with the button.
+            auto* diagnostics = w->findChild<QAbstractButton*>("cmdDiagnostics");
+            diagnostics->click();
+            auto* fenetre = w->findChild<QDialog*>("frmDiagnostics");
+            ASSERT_NE(fenetre, nullptr);
+            EXPECT_TRUE(fenetre->isVisible());
+            EXPECT_FALSE(fenetre->isModal());
+            EXPECT_TRUE(e.DiagnosticsOuverts);
+            diagnostics->click();
+            EXPECT_FALSE(e.DiagnosticsOuverts);
             w->findChild<QAction*>("mnuChangerPoste")->trigger();
         }
     };

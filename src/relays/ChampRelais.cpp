@@ -1,0 +1,43 @@
+#include "relays/ChampRelais.h"
+
+#include "network/Format.h"
+
+namespace tournesol {
+
+std::string LegendeAvecUnite(const DescriptionChamp& d) {
+    std::string unite = d.Unite;
+    if (unite.empty() && d.Colonne == ColonneOhms::Secondaire) unite = UNITE_SECONDAIRE;
+    if (unite.empty() && d.Colonne == ColonneOhms::Primaire) unite = UNITE_PRIMAIRE;
+    if (unite.empty()) return d.Legende;
+    if (d.Legende.empty()) return unite;
+    return d.Legende + " (" + unite + ")";
+}
+
+double LimiterValeur(const DescriptionChamp& d, double valeur) {
+    if (d.Min && valeur < *d.Min) valeur = *d.Min;
+    if (d.Max && valeur > *d.Max) valeur = *d.Max;
+    return valeur;
+}
+
+double ArrondirAuPas(const DescriptionChamp& d, double valeur) {
+    if (!(d.Pas > 0.0)) return valeur;
+    // A value that is a multiple of the step up to the noise of the division stays where it is.
+    constexpr double bruit = 1e-9;
+    const double q = valeur / d.Pas;
+    double n = 0.0;
+    switch (d.Arrondi) {
+    case ModeArrondi::Proche:
+        n = std::round(q);
+        break;
+    case ModeArrondi::Dessous:
+        n = std::floor(q + bruit);
+        break;
+    case ModeArrondi::Dessus:
+        n = std::ceil(q - bruit);
+        break;
+    }
+    const double arrondi = n * d.Pas;
+    return d.Format.empty() ? arrondi : ArrondirSelonFormat(arrondi, d.Format);
+}
+
+} // namespace tournesol

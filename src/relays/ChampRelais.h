@@ -1,0 +1,93 @@
+// The fields of a relay panel, declared as the rows of a table: name, caption, unit, format,
+// range, column (secondary or primary ohms), desired or set value, and the study variable the
+// field shows. The panel makes its fields from the table, shows the study through it and handles
+// the exit of every field by it.
+#pragma once
+
+#include "network/Champ.h"
+#include "shell/Etude.h"
+
+#include <cmath>
+#include <functional>
+#include <optional>
+#include <string>
+#include <type_traits>
+
+namespace tournesol {
+
+// Where an impedance stands: secondary ohms (a name ending in _BT) or primary ohms (_HT);
+// primary = secondary times Kz.
+enum class ColonneOhms { Aucune, Secondaire, Primaire };
+
+// A desired value (what the rules or the user ask for) or a set value (the nearest value the
+// relay's steps can give). Set values are display-only.
+enum class NatureValeur { Autre, Souhaitee, Reglee };
+
+// How a value is taken to the relay's step.
+enum class ModeArrondi { Proche, Dessous, Dessus };
+
+// Unit captions of the two columns of ohms: the ohm sign, then P for primary or S for secondary.
+inline constexpr const char* UNITE_SECONDAIRE = "Ω S";
+inline constexpr const char* UNITE_PRIMAIRE = "Ω P";
+
+// A variable of the study that a field shows, read and written as a number.
+struct Variable {
+    std::function<double(const Etude&)> Lire;
+    std::function<void(Etude&, double)> Ecrire;
+    explicit operator bool() const { return static_cast<bool>(Lire) && static_cast<bool>(Ecrire); }
+};
+
+// A number put into a variable of the study's type: a Boolean is true for any non-zero value,
+// an integer takes the nearest whole value.
+template <class T> void AffecterNombre(T& cible, double valeur) {
+    if constexpr (std::is_same_v<T, bool>)
+        cible = valeur != 0.0;
+    else if constexpr (std::is_integral_v<T>)
+        cible = static_cast<T>(std::round(valeur));
+    else
+        cible = static_cast<T>(valeur);
+}
+
+// A shared variable of the study: Lien(&Etude::X1_BT).
+template <class T> Variable Lien(T Etude::*membre) {
+    static_assert(std::is_arithmetic_v<T>, "a field shows a number or a Boolean");
+    return {[membre](const Etude& e) { return static_cast<double>(e.*membre); },
+            [membre](Etude& e, double v) { AffecterNombre(e.*membre, v); }};
+}
+
+// A variable of a relay's own record: Lien(&Etude::PD3A, &RelaisPD3A::K1).
+template <class R, class T> Variable Lien(R Etude::*relais, T R::*membre) {
+    static_assert(std::is_arithmetic_v<T>, "a field shows a number or a Boolean");
+    return {[relais, membre](const Etude& e) { return static_cast<double>((e.*relais).*membre); },
+            [relais, membre](Etude& e, double v) { AffecterNombre((e.*relais).*membre, v); }};
+}
+
+// One row of a relay panel's table of fields.
+struct DescriptionChamp {
+    std::string Nom{};           // the control's name, accents kept ("txtX1_bt", "chkTéléaction")
+    std::string Legende{};       // caption; the text of an option or a check box
+    std::string Unite{};         // unit, shown after the caption; by the column when left empty
+    std::string Format{};        // picture format of a value field
+    std::optional<double> Min{}; // range: a value beyond it is replaced by the limit, silently
+    std::optional<double> Max{};
+    ColonneOhms Colonne = ColonneOhms::Aucune;
+    NatureValeur Nature = NatureValeur::Autre;
+    std::string Groupe{}; // "sheet title/frame title"
+    bool Saisie = false;  // the user may type in it (never for a set value)
+    GenreChamp Genre = GenreChamp::Texte;
+    Variable Valeur{};    // the study variable shown; none for a field the relay writes itself
+    std::string Jumeau{}; // the field of the same value in the other column of ohms
+    double Pas = 0.0;     // the relay's step; 0 when the format's decimals are the only rounding
+    ModeArrondi Arrondi = ModeArrondi::Proche;
+};
+
+// The caption of a field as the panel shows it: the caption, then the unit in brackets.
+std::string LegendeAvecUnite(const DescriptionChamp& d);
+
+// A value kept within the field's range.
+double LimiterValeur(const DescriptionChamp& d, double valeur);
+
+// A value taken to the field's step (nothing without a step).
+double ArrondirAuPas(const DescriptionChamp& d, double valeur);
+
+} // namespace tournesol

@@ -1,0 +1,182 @@
+// What every relay panel shares: the sheets and their order of computation, the modes "Return"
+// and "Modify" of the working window, the question when going left in "Return", the plant link
+// notice, the exit of a field, OK with the plane fitted to the relay, the Alt shortcuts, the
+// interlock of the signalling scheme and the handling of computation failures.
+//
+// A relay's panel derives from PanneauProtection. Its constructor declares its sheets
+// (DeclarerOnglets), its fields as a table (DeclarerChamps), its computation steps in the
+// order of the sheets (DeclarerEtapes) and, where it has them, the signalling options
+// (DeclarerTeleaction) and the plant link notice (DeclarerAvisCentrale). It gives the half width
+// of its plane (DemiLargeurPlan) and, where it needs them, the hooks below. It is made through
+// FabriquerPanneau, which opens it, so that its creation computes its settings:
+//
+//     InscrirePanneauRelais(3, &FabriquerPanneau<PanneauPD3A>);
+#pragma once
+
+#include "relays/ChampRelais.h"
+#include "shell/Panneau.h"
+
+#include <functional>
+#include <map>
+#include <memory>
+#include <string>
+#include <vector>
+
+namespace tournesol {
+
+struct Etude;
+class Dialogue;
+
+// One computation step of a relay: the step of a sheet, or the last one, the diagnostics.
+struct EtapeCalcul {
+    std::string Nom;
+    std::function<void()> Calcul;
+};
+
+class PanneauProtection : public Panneau {
+public:
+    // The panel of relay id_protection (its name from the registry), titled
+    // "TOURNESOL [" + NomPoste + "]".
+    PanneauProtection(Etude& e, Dialogue& d, int id_protection);
+
+    // The texts of the panel's messages, as the system writes them.
+    static constexpr const char* TITRE_MESSAGES = "TOURNESOL : Attention";
+    static constexpr int ICONE_MESSAGES = 3;
+    static constexpr const char* QUESTION_RETOUR =
+        "Attention, in mode \"return\"\r\n"
+        "the selection of a nail index on the left make re-reckon all the nail indexes on the "
+        "right.";
+    static constexpr const char* QUESTION_RETOUR_PD3A =
+        "Attention, by mode \"setting\"\r\n"
+        "the selection of a thumb index on the left make re - reckon all the thumb indexes on the "
+        "right.";
+    static constexpr const char* AVIS_CENTRALE =
+        "Attention, the case of the plant - substation links is not studied for the ";
+    // The letters of the Alt shortcuts, for sheets 0 to 4.
+    static constexpr const char* LETTRES_ONGLETS = "AMZTL";
+    // The largest half width of the plane fitted on OK, in primary ohms.
+    static constexpr double DEMI_LARGEUR_MAX = 1000.0;
+
+    // Opening: the panel's messages take its title and icon; unless a question is open,
+    // ChargerPanneau runs; after a failure the panel hides itself (but while two relays are
+    // superposed), and OuvrirPanneau reports.
+    void Ouvrir();
+    // The panel becomes active again: ChargerPanneau once more, unless a question is open; a
+    // panel that finds a failure hides itself.
+    void Activer();
+    // The options from the study (their defaults in mode "Return"), then ChoixOnglet(0).
+    void ChargerPanneau();
+    // Selecting sheet i: what the sheet being left changed is computed, then sheet i is shown.
+    // A failure is stored in ErrCalcul.
+    void ChoixOnglet(int i);
+    // The relay's computation from the step of sheet i to the last step, then the fields are
+    // shown again. A failure propagates to the command that runs it.
+    void RecalculOnglet(int i);
+    // OK (Command1): the current sheet computed, the plane fitted in mode "Return", the panel
+    // hidden.
+    void ValiderBouton();
+
+    // A letter typed on the panel, with the state of the Alt key as the last pointer event on
+    // the panel recorded it: A, M, Z, T, L select sheets 0 to 4 while Alt is down.
+    void Raccourci(char lettre, bool altEnfonce);
+
+    // Handlers of the view.
+    void Entrer(const std::string& champ) override;  // the field's text is selected
+    void Quitter(const std::string& champ) override; // read, limit, round, write back
+    void Cliquer(const std::string& nom) override;   // OK, sheets, options
+    void Touche(int code) override;                  // Enter is OK; there is no cancel
+    void Valider() override { ValiderBouton(); }
+    void Annuler() override {}
+    bool Fermer() override; // the close box confirms, as OK
+
+    int IdProtection() const { return id_; }
+    int OngletCourant() const { return ongletCourant_; }
+    bool AltActif() const { return altActif_; }
+    int NombreOnglets() const { return static_cast<int>(onglets_.size()); }
+    const std::vector<std::string>& Onglets() const { return onglets_; }
+    // The sheet in front is enabled, the others are not.
+    bool OngletActif(int i) const { return i == ongletCourant_; }
+    // The row of the table that declared a field; nullptr for a field declared otherwise.
+    const DescriptionChamp* Description(const std::string& nom) const;
+    // Mode "Return" of the working window (PanneauRelais): the panel starts from the rules.
+    bool ModeRetour() const;
+
+protected:
+    void DeclarerOnglets(std::vector<std::string> titres);
+    // Makes the fields of the table, in its order.
+    void DeclarerChamps(const std::vector<DescriptionChamp>& table);
+    // The steps in the order of the sheets: step i is the step of sheet i; the steps after the
+    // last sheet (the diagnostics) run at the end of every chain.
+    void DeclarerEtapes(std::vector<EtapeCalcul> etapes);
+    // The options chkTéléaction, chkaccélération and chkVerrouillage on the study's Teleaction,
+    // Acceleration and Verrouillage, in that frame.
+    void DeclarerTeleaction(const std::string& groupe,
+                            const std::string& legendeTeleaction = "Signalling scheme",
+                            const std::string& legendeAcceleration = "acceleration",
+                            const std::string& legendeVerrouillage = "Blocking overreach");
+    // The relay does not treat plant to substation links: each change of sheet on such a link
+    // tells it, under the relay's name.
+    void DeclarerAvisCentrale(std::string nomRelais);
+
+    // Every field of the table that shows a study variable shows it again.
+    void AfficherChamps();
+    // The chain from the step of that name.
+    void RecalculDepuis(const std::string& etape);
+    // Runs a command of the panel: a failure is stored in ErrCalcul. True when it went through.
+    bool Commande(const std::function<void()>& commande);
+
+    // What a relay gives.
+    // The half width of the plane in primary ohms, from the relay's widest zone.
+    virtual double DemiLargeurPlan() = 0;
+    // The relay's own options from the study, first part of ChargerPanneau.
+    virtual void LireOptions() {}
+    // The chain from the computation of the zones, after a change of the signalling options.
+    virtual void RecalculZones() { RecalculOnglet(0); }
+    // After the exit of a field of the table, once the value was limited, rounded and written:
+    // the steps that depend on it.
+    virtual void ApresSaisie(const DescriptionChamp& /*champ*/, double /*valeur*/) {}
+    // After a click on anything else than OK and the sheets, once an option of the table wrote
+    // its variable: the relay's own handling.
+    virtual void ApresClic(const std::string& /*nom*/) {}
+    // The fields written at the end of a chain.
+    virtual void Afficher() { AfficherChamps(); }
+    // Teleaction in mode "Return" (true for most relays).
+    virtual bool TeleactionParDefaut() const { return true; }
+
+    Etude& e_;
+    Dialogue& d_;
+
+private:
+    void MessagesDuPanneau();
+    void LireTeleaction();
+    void ChoixOngletGarde(int i);
+    void SortieChamp(const DescriptionChamp& d, Champ& champ);
+    void ClicOption(const DescriptionChamp& d, Champ& champ);
+    void ClicTeleaction(const std::string& nom);
+    void AfficherTeleaction();
+
+    int id_;
+    std::vector<std::string> onglets_;
+    std::vector<DescriptionChamp> descriptions_;
+    std::map<std::string, std::size_t> indexDescriptions_;
+    std::vector<EtapeCalcul> etapes_;
+    std::string avisCentrale_; // the relay's name in the notice; empty without the notice
+    bool teleaction_ = false;  // the panel has the signalling options
+    int ongletCourant_ = 0;
+    bool altActif_ = false;
+};
+
+// The drawing that OK runs in mode "Return", once the plane is fitted: whoever owns the plane
+// registers it; without it the diagram is only marked as out of date.
+using TraceValidation = std::function<void(Etude&)>;
+void InscrireTraceValidation(TraceValidation trace);
+
+// The making of a relay's panel for InscrirePanneauRelais: the panel is made and opened, so that
+// its creation computes its settings.
+template <class P> std::unique_ptr<Panneau> FabriquerPanneau(Etude& e, Dialogue& d) {
+    auto panneau = std::make_unique<P>(e, d);
+    panneau->Ouvrir();
+    return panneau;
+}
+
+} // namespace tournesol

@@ -1,0 +1,230 @@
+// The diagnostics: flags and limits, the numbering by relay, the rule texts, the window
+// frmDiagnostics and the rules as the report prints them.
+#include "diagnostics/Diagnostics.h"
+#include "diagnostics/FenetreDiagnostics.h"
+#include "diagnostics/ReglesGuide.h"
+#include "shell/Erreurs.h"
+#include "shell/Etude.h"
+
+#include <cmath>
+#include <gtest/gtest.h>
+#include <limits>
+
+using namespace tournesol;
+
+namespace {
+
+bool Visible(Panneau& p, const std::string& nom) {
+    const Champ* c = p.Trouver(nom);
+    return c && c->Visible;
+}
+
+std::string TexteDe(Panneau& p, const std::string& nom) {
+    return p.Trouver(nom)->Texte;
+}
+
+// The PXLP's texts for the last two rules, which its window does not show.
+void TextesPXLP() {
+    ASSERT_TRUE(InscrireReglesRelais(
+        6, {{.Numero = 42, .Rapport = {"Rule forty-two", "It must not overcome "}},
+            {.Numero = 43, .Rapport = {"Rule forty-three, i.e. "}, .ValeurImprimee = 42}}));
+}
+
+} // namespace
+
+TEST(Diagnostics, NumerotationParRelais) {
+    const BlocRegles* pxlp = BlocDuRelais(6);
+    ASSERT_NE(pxlp, nullptr);
+    EXPECT_EQ(pxlp->PremiereImprimee, 35);
+    EXPECT_EQ(pxlp->DerniereImprimee, 43);
+    EXPECT_EQ(pxlp->DerniereAffichee, 41);
+    EXPECT_STREQ(BlocDuRelais(1)->TitreFeuille, "Diagnostics concerning the  7 SA 511");
+    EXPECT_EQ(BlocDuRelais(0), nullptr);
+    EXPECT_EQ(RelaisDeLaRegle(42), 6);
+    for (int n : {13, 14, 26, 27, 28, 63, 77, 78, 88})
+        EXPECT_EQ(RelaisDeLaRegle(n), 0) << n;
+}
+
+TEST(Diagnostics, DrapeauxEtValeurs) {
+    Etude e;
+    PoserRegle(e, 15, 3.5);
+    EXPECT_TRUE(e.DiagDrapeaux[14]);
+    EXPECT_DOUBLE_EQ(e.DiagValeurs[14], 3.5);
+    PoserRegle(e, 29, 1.0);
+    EffacerReglesRelais(e, 3);
+    EXPECT_FALSE(RegleActive(e, 15));
+    EXPECT_DOUBLE_EQ(ValeurRegle(e, 15), 3.5); // the limit stays, the flag goes
+    EXPECT_TRUE(RegleActive(e, 29));           // another relay's block is left alone
+    EXPECT_EQ(ExecuterEtape([&] { PoserRegle(e, 101, 0.0); }), ERR_INDICE);
+    EXPECT_EQ(ExecuterEtape([&] { RegleActive(e, 0); }), ERR_INDICE);
+}
+
+TEST(Diagnostics, TextesTenusParLeGuide) {
+    EXPECT_EQ(TexteFenetre(3), "The external out of step may see the faults beyond the "
+                               "transformers of the remote substation. It must not overcomer:");
+    EXPECT_EQ(TextesRegleRapport(6),
+              (std::vector<std::string>{"the first zone of the relay located at the remote end "
+                                        "risks to overcome",
+                                        "the backward zone of the relay,",
+                                        "That last zone must be greater than "}));
+    EXPECT_TRUE(TextesRegleRapport(13).empty());
+    EXPECT_EQ(UniteFenetre(57), "ΩΠ");
+    // A relay registers its report texts; the window texts held here stay.
+    ASSERT_TRUE(InscrireReglesRelais(
+        11, {{.Numero = 71,
+              .Rapport = {"The third zone is lower than 1.2 times the second zone, "
+                          "i.e. "}}}));
+    EXPECT_EQ(TexteFenetre(71), "The downstream pick up on phase to phase fault is lower than 1.2 "
+                                "times the second zone, i. e.:");
+    EXPECT_EQ(TexteDeRegle(71)->Rapport.size(), 1U);
+    // A rule outside the relay's block is refused.
+    EXPECT_FALSE(InscrireReglesRelais(11, {{.Numero = 77, .Rapport = {"x"}}}));
+    EXPECT_FALSE(TexteDeRegle(77));
+}
+
+TEST(Diagnostics, FenetreSansDiscordance) {
+    Etude e;
+    e.NomPoste = "BAYET";
+    e.id_protection = 3;
+    bool ouverts = false;
+    FenetreDiagnostics f(e, ouverts);
+    f.Montrer();
+    EXPECT_TRUE(ouverts);
+    EXPECT_EQ(f.Nom(), "frmDiagnostics");
+    EXPECT_EQ(f.Titre(), "TOURNESOL [BAYET]");
+    EXPECT_TRUE(Visible(f, "fraDiagnostics(3)"));
+    EXPECT_EQ(TexteDe(f, "fraDiagnostics(3)"), "Diagnostics concerning the PD3A");
+    EXPECT_FALSE(Visible(f, "fraDiagnostics(1)"));
+    EXPECT_TRUE(Visible(f, "lblConforme(3)"));
+    EXPECT_EQ(TexteDe(f, "lblConforme(3)"), "In accordance with the setting guide");
+    for (int n = 15; n <= 21; ++n)
+        EXPECT_FALSE(Visible(f, FenetreDiagnostics::NomTexte(n))) << n;
+    EXPECT_TRUE(ReglesRapport(e).empty());
+    EXPECT_EQ(NombreReglesImprimees(e), 7);
+    f.Cliquer("cmdOK");
+    EXPECT_FALSE(ouverts);
+    EXPECT_TRUE(f.Ferme());
+}
+
+TEST(Diagnostics, UneRegleDansLaFenetreEtLeRapport) {
+    Etude e;
+    e.id_protection = 9;
+    bool ouverts = false;
+    FenetreDiagnostics f(e, ouverts);
+    PoserRegle(e, 60, 12.3456);
+    e.DiagValeurs[60] = 12.0; // rule 61, not set
+    f.Montrer();
+    EXPECT_FALSE(Visible(f, "lblConforme(9)"));
+    EXPECT_TRUE(Visible(f, "lblRegle(60)"));
+    EXPECT_TRUE(Visible(f, "lblValeur(60)"));
+    EXPECT_TRUE(Visible(f, "lblUnite(60)"));
+    EXPECT_EQ(TexteDe(f, "lblRegle(60)"), "The upstream pick up may see the faults beyond the "
+                                          "transformers of the close substation. It must not "
+                                          "overcome:");
+    EXPECT_EQ(TexteDe(f, "lblValeur(60)"), "12.35");
+    EXPECT_EQ(TexteDe(f, "lblValeur(61)"), "12.");
+    EXPECT_EQ(TexteDe(f, "lblUnite(60)"), "ΩΠ");
+    EXPECT_FALSE(Visible(f, "lblRegle(61)"));
+    EXPECT_FALSE(Visible(f, "lblValeur(61)"));
+
+    const auto regles = ReglesRapport(e);
+    ASSERT_EQ(regles.size(), 1U);
+    EXPECT_EQ(regles[0].Numero, 60);
+    EXPECT_EQ(regles[0].Valeur, "12.35");
+    EXPECT_EQ(TexteRapport(regles[0]), "The backward pick up risks to see the faults beyond the "
+                                       "transformers of the close substation. \r\nIt must not "
+                                       "overcome 12.35 Ω P");
+    EXPECT_EQ(RegleRapport(e, 61)->Valeur, "12.0");
+    // The window follows the study when brought up to date.
+    EffacerRegle(e, 60);
+    f.MajDiagnostics();
+    EXPECT_TRUE(Visible(f, "lblConforme(9)"));
+    EXPECT_FALSE(Visible(f, "lblRegle(60)"));
+}
+
+TEST(Diagnostics, PXLPImprimeLaRegle42SansLaMontrer) {
+    TextesPXLP();
+    Etude e;
+    e.id_protection = 6;
+    bool ouverts = false;
+    FenetreDiagnostics f(e, ouverts);
+    PoserRegle(e, 42, 7.5);
+    f.Montrer();
+    EXPECT_EQ(f.Trouver("lblRegle(42)"), nullptr);
+    EXPECT_NE(f.Trouver("lblRegle(41)"), nullptr);
+    EXPECT_TRUE(Visible(f, "lblConforme(6)"));
+    const auto regles = ReglesRapport(e);
+    ASSERT_EQ(regles.size(), 1U);
+    EXPECT_EQ(regles[0].Lignes,
+              (std::vector<std::string>{"Rule forty-two", "It must not overcome "}));
+    EXPECT_EQ(regles[0].Valeur, "7.5");
+    EXPECT_EQ(NombreReglesImprimees(e), 9);
+    // A rule may print the limit of another one.
+    PoserRegle(e, 43, 99.0);
+    EXPECT_EQ(RegleRapport(e, 43)->Valeur, "7.5");
+}
+
+TEST(Diagnostics, UnEchecLaisseLaFenetreCommeElleEtait) {
+    Etude e;
+    e.id_protection = 10;
+    bool ouverts = false;
+    FenetreDiagnostics f(e, ouverts);
+    PoserRegle(e, 64, 3.0);
+    f.Montrer();
+    e.DiagValeurs[65] = std::numeric_limits<double>::infinity();
+    EffacerRegle(e, 64);
+    f.MajDiagnostics();
+    EXPECT_EQ(e.ErrCalcul, ERR_DEPASSEMENT);
+    EXPECT_TRUE(Visible(f, "lblRegle(64)"));
+    EXPECT_FALSE(Visible(f, "lblConforme(10)"));
+}
+
+TEST(Diagnostics, ReglesDuREL100) {
+    Etude e;
+    e.Kz = 2.0;
+    e.Ligne_XAV = 40.0F;
+    e.Ligne_XAM = 30.0F;
+    e.Ligne_X1PB = 25.0F;
+    e.XL_eq = 20.0;
+    e.Ligne_lc = true;
+    // Rf = 50, Rb = 24, T = 11.3.
+    DiagnosticsREL100(e, 10.0, 11.0, 9.0);
+    EXPECT_TRUE(RegleActive(e, 57));
+    EXPECT_DOUBLE_EQ(ValeurRegle(e, 57), 24.0);
+    EXPECT_FALSE(RegleActive(e, 58));
+    EXPECT_FALSE(RegleActive(e, 59));
+    EXPECT_FALSE(RegleActive(e, 60));
+    EXPECT_TRUE(RegleActive(e, 61));
+    EXPECT_DOUBLE_EQ(ValeurRegle(e, 61), 24.0 / 1.15);
+    EXPECT_FALSE(RegleActive(e, 62));
+    DiagnosticsREL100(e, 10.0, 11.0, 5.0); // 10 < 11.3
+    EXPECT_TRUE(RegleActive(e, 62));
+    EXPECT_NEAR(ValeurRegle(e, 62), 11.3, 1e-12);
+}
+
+TEST(Diagnostics, Regle3Du7SA511PrendLaLigneSelonSonAngle) {
+    Etude e;
+    e.Kz = 2.0;
+    e.Ligne_XAV = 40.0F;
+    e.XL_eq = 20.0;
+    e.PHI_eq = std::asin(0.5);
+    // The test compares 32 + 9 = 41 with 1.15 (9 + 10) 2 = 43.7; the value is Rf / 1.15.
+    Diagnostics7SA511(e, 5.0, 10.0, 0.0, 9.0);
+    EXPECT_TRUE(RegleActive(e, 3));
+    EXPECT_DOUBLE_EQ(ValeurRegle(e, 3), 50.0 / 1.15);
+    EXPECT_FALSE(RegleActive(e, 2));
+    EXPECT_FALSE(RegleActive(e, 6)); // only on a long line
+}
+
+TEST(Diagnostics, ReglesDuREZ1) {
+    Etude e;
+    e.Ligne_XAV = 40.0F;
+    e.XL_eq = 20.0;
+    e.Ligne_XAM = 30.0F;
+    DiagnosticsREZ1(e, 10.0, 30.0, 10.0, 30.0); // Rf = 50, Rb = 24
+    EXPECT_FALSE(RegleActive(e, 65));           // 50 < 34.5 is false
+    EXPECT_TRUE(RegleActive(e, 67));            // 30 < 34.5
+    EXPECT_DOUBLE_EQ(ValeurRegle(e, 67), 0.9 * 30.0 / 1.1);
+    EXPECT_TRUE(RegleActive(e, 69)); // 24 < 43.125
+    EXPECT_DOUBLE_EQ(ValeurRegle(e, 69), 0.9 * 24.0 / 1.1);
+}
