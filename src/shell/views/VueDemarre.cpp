@@ -199,16 +199,23 @@ void VueDemarre::ApresHandler() {
         diagnostics_->setModal(false);
         diagnostics_->setAttribute(Qt::WA_DeleteOnClose);
         diagnostics_->setWindowFlag(Qt::WindowStaysOnTopHint, true);
-        connect(diagnostics_, &QDialog::finished, this, [this] {
-            if (demarre_.Diagnostics()) {
-                demarre_.Trouver("cmdDiagnostics")->Valeur = false;
-                demarre_.Cliquer("cmdDiagnostics");
-                lieur_->Rafraichir();
-            }
-        });
+        // Closed by the user: the button comes up once the window is gone (its model with it).
+        connect(
+            diagnostics_, &QDialog::finished, this,
+            [this] {
+                if (demarre_.Diagnostics()) {
+                    demarre_.Trouver("cmdDiagnostics")->Valeur = false;
+                    demarre_.Cliquer("cmdDiagnostics");
+                    lieur_->Rafraichir();
+                }
+            },
+            Qt::QueuedConnection);
         diagnostics_->show();
     } else if (!diagnostics && diagnostics_) {
-        diagnostics_->close();
+        // Its model is gone already: the window goes without asking it anything.
+        diagnostics_->hide();
+        diagnostics_->deleteLater();
+        diagnostics_ = nullptr;
     } else if (diagnostics_ && diagnostics_->Liaison()) {
         diagnostics_->Liaison()->Rafraichir();
     }
