@@ -1,5 +1,6 @@
 // tournesol-cli: the engine without windows, for batch work, reports and checks.
 #ifdef TOURNESOL_AVEC_BASE
+#include "cli/Rapport.h"
 #include "database/BaseEtudesSql.h"
 #include "database/Import.h"
 #endif
@@ -32,6 +33,7 @@ const char* const USAGE =
     "       tournesol-cli save STUDY.json [--base DIR]\n"
     "       tournesol-cli open --poste A --depart B [--piquage C] --protection NAME\n"
     "                          --numero N [--base DIR]\n"
+    "       tournesol-cli report STUDY.json -o FILE.pdf\n"
     "  calc   reads a study file, runs it from Open to the first drawing and prints the\n"
     "         resulting study as JSON\n"
     "  svg    the same run, then writes the diagram as the working window draws it (the\n"
@@ -39,7 +41,9 @@ const char* const USAGE =
     "  save   the same run, then saves the study in the base DIR/bd1.mdb (made when\n"
     "         missing) and prints the study with its keys\n"
     "  open   opens a saved study by its names, as the opening dialog does, runs it and\n"
-    "         prints it\n";
+    "         prints it\n"
+    "  report the same run as calc, then the printed report (drawing, diagnostics, line)\n"
+    "         written as a PDF file\n";
 
 // A study file run headless from Open to the first drawing.
 struct Session {
@@ -155,6 +159,8 @@ int main(int argc, char** argv) {
     if (args.size() >= 2 && args[0] == "save" && (args.size() == 2 || args.size() == 4))
         return Save(args[1], args);
     if (!args.empty() && args[0] == "open") return Open(args);
+    if (!args.empty() && args[0] == "report")
+        return CommandeRapport({args.begin() + 1, args.end()});
 #endif
     if (args.size() == 2 && args[0] == "calc") return Calc(args[1]);
     if (args.size() == 2 && args[0] == "svg") return Svg(args[1], std::nullopt);

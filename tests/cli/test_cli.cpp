@@ -98,8 +98,7 @@ TEST(LigneDeCommande, MauvaiseEntreeCode2) {
 // Each example saved into a new base and opened again by its names comes back as it was.
 TEST(LigneDeCommande, SaveEtOpenRendentLEtude) {
     for (const auto& entree : fs::directory_iterator(TOURNESOL_EXEMPLES)) {
-        if (entree.path().extension() != ".json")
-            continue;
+        if (entree.path().extension() != ".json") continue;
         const std::string nom = entree.path().filename().string();
         const fs::path base = fs::temp_directory_path() / ("tournesol-base-" + nom);
         fs::remove_all(base);
@@ -126,4 +125,29 @@ TEST(LigneDeCommande, SaveEtOpenRendentLEtude) {
         }
         fs::remove_all(base);
     }
+}
+
+// The report of an example as a PDF: its pages hold the fixed texts of the report.
+TEST(LigneDeCommande, RapportPdf) {
+    const fs::path pdf = fs::temp_directory_path() / "tournesol-rapport.pdf";
+    fs::remove(pdf);
+    const fs::path exemple = fs::path(TOURNESOL_EXEMPLES) / "champagnier-grande-ile-225kV.json";
+    const Resultat r = Lancer("report " + exemple.string() + " -o " + pdf.string());
+    ASSERT_EQ(r.code, 0) << r.erreurs;
+    ASSERT_TRUE(fs::exists(pdf));
+    std::ifstream f(pdf, std::ios::binary);
+    std::string debut(4, '\0');
+    f.read(debut.data(), 4);
+    EXPECT_EQ(debut, "%PDF");
+    const fs::path texte = fs::temp_directory_path() / "tournesol-rapport.txt";
+    ASSERT_EQ(std::system(("pdftotext -layout " + pdf.string() + " " + texte.string()).c_str()), 0);
+    std::ifstream t(texte);
+    const std::string contenu((std::istreambuf_iterator<char>(t)), {});
+    for (const char* attendu :
+         {"TOURNESOL", "CHAMPAGNIER", "Line characteristics", "Characteristics of the cell",
+          "No discordance with the setting guide."})
+        EXPECT_NE(contenu.find(attendu), std::string::npos) << attendu;
+
+    const Resultat sans = Lancer("report " + exemple.string());
+    EXPECT_EQ(sans.code, 2);
 }

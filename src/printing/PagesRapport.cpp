@@ -1,0 +1,309 @@
+// The pages that every relay's report shares: the diagnostics section under the diagram, the
+// line characteristics, the head of the settings.
+#include "network/Format.h"
+#include "printing/Impression.h"
+#include "shell/Etude.h"
+
+#include <array>
+
+namespace tournesol {
+
+namespace {
+
+constexpr double TAILLE_TITRE_BLOC = 10.0;
+constexpr double TAILLE_CARACTERISTIQUES = 8.0;
+constexpr double TAILLE_REGLAGES = 10.0;
+constexpr int RETRAIT = 5;
+constexpr const char* FORMAT_OHMS = "##0.0#";
+constexpr const char* FORMAT_LONGUEUR = "##0.0#";
+constexpr const char* FORMAT_COURANT = "###0";
+constexpr const char* FORMAT_FACTEUR = "##0.0#";
+constexpr const char* FORMAT_CELLULE = "##0.##";
+constexpr const char* PRIMAIRE = " \xCE\xA0"; // " Π"
+
+// Rules printed, by id_protection.
+constexpr std::array<std::pair<int, int>, 12> REGLES = {{{1, 6},
+                                                         {7, 12},
+                                                         {15, 21},
+                                                         {22, 25},
+                                                         {29, 34},
+                                                         {35, 43},
+                                                         {44, 49},
+                                                         {50, 56},
+                                                         {57, 62},
+                                                         {64, 70},
+                                                         {71, 76},
+                                                         {79, 87}}};
+
+// Columns of the settings: the setting's name, then its three values.
+constexpr int COLONNE_SECONDAIRE = 50;
+constexpr int COLONNE_PRIMAIRE = 80;
+constexpr int COLONNE_POURCENTAGE = 108;
+
+// A line of texts at a column; the pen then goes to the next line.
+void Ligne(ContexteImpression& c, int colonne, std::initializer_list<std::string> pieces) {
+    if (c.e.ArretImpression) return;
+    AllerColonne(c, colonne);
+    for (const std::string& piece : pieces)
+        c.page.Ecrire(piece);
+    c.page.ALaLigne();
+}
+
+// The title of a block, in bold.
+void TitreBloc(ContexteImpression& c, const std::string& titre) {
+    c.page.ChoisirGras(true);
+    Ligne(c, 0, {titre});
+    c.page.ChoisirGras(false);
+}
+
+// Half a line between two blocks.
+void Espace(ContexteImpression& c) {
+    c.page.CurrentY += 0.5 * c.page.HauteurTexte(" ");
+}
+
+// "Zd :   " R " +   j   " X " Ω" at the pen.
+void Impedance(Page& page, const std::string& nom, double r, double x) {
+    page.Ecrire(nom);
+    page.Ecrire(FormaterNombre(r, FORMAT_OHMS));
+    page.Ecrire(" +   j   ");
+    page.Ecrire(FormaterNombre(x, FORMAT_OHMS));
+    EcrireOhm(page);
+}
+
+// A section: its length and positive sequence impedance, its zero sequence impedance under.
+void Section(ContexteImpression& c, const std::string& libelle, std::size_t i, bool kom) {
+    if (c.e.ArretImpression) return;
+    Page& page = c.page;
+    const Etude& e = c.e;
+    AllerColonne(c, 0);
+    page.Ecrire(libelle + FormaterNombre(e.Ligne_Longueur[i], FORMAT_LONGUEUR) + " km     ");
+    const double colonneZ = page.CurrentX;
+    Impedance(page, "Zd :   ", e.Ligne_RL[i], e.Ligne_XL[i]);
+    page.ALaLigne();
+    AllerColonne(c, 0);
+    if (e.ArretImpression) return;
+    page.CurrentX = colonneZ;
+    Impedance(page, "Zo :   ", e.Ligne_Ro[i], e.Ligne_Xo[i]);
+    if (kom) page.Ecrire("     kom   :  " + FormaterNombre(e.Ligne_kom, FORMAT_FACTEUR));
+    page.ALaLigne();
+}
+
+void Genre(ContexteImpression& c) {
+    switch (c.e.Ligne_Tl) {
+    case 0:
+        Ligne(c, 0, {" single circuit line with two ends"});
+        break;
+    case 1:
+        Ligne(c, 0, {"Two ended circuit of a double circuit line"});
+        break;
+    case 2:
+        Ligne(c, 0, {"ligne à 2 extrémités et 2 tronçons dont un avec support "});
+        Ligne(c, 0, {"commun avec une autre ligne"});
+        break;
+    case 3:
+        Ligne(c, 0, {"single circuit three ended line"});
+        break;
+    default:
+        break;
+    }
+}
+
+void Alimentation(ContexteImpression& c) {
+    switch (c.e.Ligne_alim) {
+    case 0:
+        Ligne(c, 0, {"meshed link"});
+        break;
+    case 1:
+        Ligne(c, 0, {"power plant - substation link"});
+        break;
+    case 2:
+        Ligne(c, 0, {"substation - power plant link"});
+        break;
+    case 3:
+        Ligne(c, 0, {"customer supply"});
+        break;
+    default:
+        break;
+    }
+}
+
+void Sections(ContexteImpression& c) {
+    const Etude& e = c.e;
+    if (e.Ligne_Tl == 2 || e.Ligne_Tl == 3) {
+        Section(c, "Length of section 1 : ", 0, false);
+        Section(c, "Length of section 2 : ", 1, false);
+        if (e.Ligne_Tl == 3) Section(c, "Length of section 3 : ", 2, false);
+        if (e.Ligne_Tl == 2)
+            Ligne(c, 0,
+                  {"zero sequence mutual inductance global factor kom   :  " +
+                   FormaterNombre(e.kom_eq, FORMAT_FACTEUR)});
+    } else {
+        Section(c, "Length           : ", 0, e.Ligne_Tl == 1);
+    }
+}
+
+void Charge(ContexteImpression& c) {
+    const Etude& e = c.e;
+    auto courant = [&](const std::string& texte, double i) {
+        Ligne(c, 0, {texte + FormaterNombre(i, FORMAT_COURANT) + " A"});
+    };
+    auto facteur = [&](double cr) {
+        Ligne(c, RETRAIT,
+              {"Corresponding load report factor : " + FormaterNombre(cr, FORMAT_FACTEUR)});
+    };
+    switch (e.Ligne_alim) {
+    case 0:
+        courant("Maximal current before three phase load report  : ", e.Ligne_Ittri);
+        facteur(e.Ligne_CRt);
+        courant("Maximal current before single phase load report  : ", e.Ligne_Itmono);
+        facteur(e.Ligne_CRm);
+        courant("Maximal current without allowed load report  : ", e.Ligne_Itmax);
+        break;
+    case 1:
+    case 2:
+        Ligne(c, 0,
+              {"Apparent power of the generator:  " + FormaterNombre(e.Ligne_Smax, FORMAT_COURANT) +
+               " MVA"});
+        Ligne(c, 0,
+              {"Active power of the generator:     " +
+               FormaterNombre(e.Ligne_Pmax, FORMAT_COURANT) + " MW"});
+        break;
+    case 3:
+        courant("Maximal current supplying a customer  : ", e.Ligne_itclient);
+        break;
+    default:
+        break;
+    }
+    if (e.Ligne_Tl == 3) {
+        courant("Maximal current on end A  : ", e.Ligne_ItA);
+        courant("Maximal current on end B  : ", e.Ligne_ItB);
+        courant("Maximal current on end C  : ", e.Ligne_ItC);
+    }
+}
+
+void Cellule(ContexteImpression& c) {
+    const Etude& e = c.e;
+    TitreBloc(c, "Characteristics of the cell");
+    Ligne(c, 0,
+          {"CT    : " + FormaterNombre(e.Ligne_Ip, FORMAT_COURANT) + "/" +
+           FormaterNombre(e.Is, FORMAT_COURANT)});
+    Ligne(c, 0, {"Un    : " + FormaterNombre(e.Ligne_Up * 1000.0, "# ##0") + " V"});
+    Ligne(c, 0, {"ku     : " + FormaterNombre(e.Kv, FORMAT_CELLULE)});
+    Ligne(c, 0, {"ki      : " + FormaterNombre(e.Ki, FORMAT_CELLULE)});
+    Ligne(c, 0, {" kz :    " + FormaterNombre(e.Kz, FORMAT_CELLULE)});
+}
+
+void Transformateurs(ContexteImpression& c) {
+    const Etude& e = c.e;
+    TitreBloc(c, "Constraints dues to the transformers");
+    auto transformateur = [&](const std::string& texte, double x) {
+        if (e.ArretImpression) return;
+        AllerColonne(c, 0);
+        c.page.Ecrire(texte + FormaterNombre(x, FORMAT_OHMS));
+        EcrireOhm(c.page);
+        c.page.ALaLigne();
+    };
+    transformateur("Impedance of the transformers at substation A :          ", e.Ligne_XAM);
+    transformateur("Impédance des transformateurs au poste B :           ", e.Ligne_XAV);
+    if (e.Ligne_Tl == 3)
+        transformateur("Impedance of the transformers at substation C :          ", e.Ligne_XAZ);
+}
+
+} // namespace
+
+void ImprimerCaracteristiquesLigne(ContexteImpression& c) {
+    Etude& e = c.e;
+    if (e.ArretImpression) return;
+    Page& page = c.page;
+    const PolicePage avant = page.Police();
+    page.CurrentY = c.cadres.CadreCaracteristiques.Top + e.Pas;
+    page.ChoisirTaille(TAILLE_TITRE_BLOC);
+    TitreBloc(c, "Line characteristics");
+    page.ChoisirTaille(TAILLE_CARACTERISTIQUES);
+    Espace(c);
+    void (*const blocs[])(ContexteImpression&) = {Genre,  Alimentation, Sections,
+                                                  Charge, Cellule,      Transformateurs};
+    for (const auto bloc : blocs) {
+        if (e.ArretImpression) break;
+        bloc(c);
+        if (bloc != Genre) Espace(c);
+        AvancerProgression(e, c.etat, 1);
+    }
+    page.ChoisirTaille(avant.Taille);
+    page.ChoisirGras(avant.Gras);
+}
+
+std::pair<int, int> ReglesImprimees(int id_protection) {
+    if (id_protection < 1 || id_protection > 12) return {1, 0};
+    return REGLES[static_cast<std::size_t>(id_protection - 1)];
+}
+
+void ImprimerDiagnostics(ContexteImpression& c) {
+    Etude& e = c.e;
+    if (e.ArretImpression) return;
+    Page& page = c.page;
+    page.CurrentY = c.cadres.CadrePied.Top + e.Pas;
+    page.ChoisirTaille(TAILLE_TITRE_BLOC);
+    TitreBloc(c, "Diagnostics");
+    bool imprime = false;
+    const auto [premiere, derniere] = ReglesImprimees(e.id_protection);
+    for (int regle = premiere; regle <= derniere; ++regle) {
+        if (e.ArretImpression) return;
+        const auto i = static_cast<std::size_t>(regle - 1);
+        if (e.DiagDrapeaux[i]) {
+            const std::vector<std::string> lignes =
+                c.textesRegles ? c.textesRegles(regle) : std::vector<std::string>{};
+            AllerColonne(c, 0);
+            for (std::size_t n = 0; n < lignes.size(); ++n) {
+                if (n > 0) {
+                    page.ALaLigne();
+                    AllerColonne(c, RETRAIT);
+                }
+                page.Ecrire(lignes[n]);
+            }
+            page.Ecrire(FormaterNombre(e.DiagValeurs[i], "##0.0#"));
+            EcrireOhm(page);
+            page.Ecrire(PRIMAIRE);
+            page.ALaLigne();
+            page.ALaLigne();
+            imprime = true;
+        }
+        AvancerProgression(e, c.etat, 1);
+    }
+    if (!imprime) Ligne(c, 0, {"No discordance with the setting guide."});
+}
+
+void ImprimerTeteReglages(ContexteImpression& c) {
+    if (c.e.ArretImpression) return;
+    Page& page = c.page;
+    page.CurrentY = c.cadres.CadreSuite.Top + c.e.Pas;
+    page.ChoisirTaille(TAILLE_REGLAGES);
+    TitreBloc(c, "settings");
+    AllerColonne(c, COLONNE_SECONDAIRE);
+    page.Ecrire("Secondary values");
+    AllerColonne(c, COLONNE_PRIMAIRE);
+    page.Ecrire("Primary values");
+    AllerColonne(c, COLONNE_POURCENTAGE);
+    page.Ecrire("Percentage");
+    page.ALaLigne();
+}
+
+void ImprimerLigneReglage(ContexteImpression& c, const std::string& libelle,
+                          const std::string& secondaire, const std::string& primaire,
+                          const std::string& pourcentage) {
+    if (c.e.ArretImpression) return;
+    Page& page = c.page;
+    page.ChoisirTaille(TAILLE_REGLAGES);
+    page.ChoisirGras(false);
+    AllerColonne(c, 0);
+    page.Ecrire(libelle);
+    AllerColonne(c, COLONNE_SECONDAIRE);
+    page.Ecrire(secondaire);
+    AllerColonne(c, COLONNE_PRIMAIRE);
+    page.Ecrire(primaire);
+    AllerColonne(c, COLONNE_POURCENTAGE);
+    page.Ecrire(pourcentage);
+    page.ALaLigne();
+}
+
+} // namespace tournesol
