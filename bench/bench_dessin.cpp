@@ -1,7 +1,10 @@
 // A full redraw of the diagram, the plane and the load area of an example study, into a
 // 1000 x 1000 image through QPainter, as the diagram widget draws it.
+#include "diagnostics/Diagnostics.h"
 #include "diagram/Plan.h"
 #include "diagram/views/SurfaceQt.h"
+#include "printing/Impression.h"
+#include "printing/views/RapportPdf.h"
 #include "shell/Couleurs.h"
 #include "shell/Dialogue.h"
 #include "shell/Etude.h"
@@ -9,6 +12,7 @@
 #include "shell/Ouverture.h"
 #include "shell/Registre.h"
 
+#include <QDir>
 #include <QGuiApplication>
 #include <QImage>
 #include <QPainter>
@@ -46,6 +50,29 @@ BENCHMARK_CAPTURE(BM_Redessin, maillee_225kV, std::string("champagnier-grande-il
     ->Unit(benchmark::kMicrosecond);
 BENCHMARK_CAPTURE(BM_Redessin, centrale_225kV, std::string("saint-alban-centrale-225kV.json"))
     ->Unit(benchmark::kMicrosecond);
+
+// The whole report of an example (drawing and diagnostics page, line page) written as a PDF.
+void BM_RapportPdf(benchmark::State& state) {
+    Etude e;
+    InitRegistre(e);
+    PreparerOuverture(e);
+    LireFichierEtude(
+        std::filesystem::path(TOURNESOL_EXEMPLES) / "champagnier-grande-ile-225kV.json", e);
+    OptionsReport options;
+    options.Choisir(e.TypeReportCharge);
+    DialogueSansFenetre d;
+    InitEtude(e, d, options);
+    PreparerRapport(e);
+    OptionsImpression impression;
+    impression.textesRegles = [](int regle) { return TextesRegleRapport(regle); };
+    const QString chemin = QDir::temp().filePath("tournesol-bench-rapport.pdf");
+    for (auto _ : state) {
+        e.ArretImpression = false;
+        if (!EcrireRapportPdf(e, d, chemin, impression))
+            state.SkipWithError("the PDF was not written");
+    }
+}
+BENCHMARK(BM_RapportPdf)->Unit(benchmark::kMillisecond);
 
 int main(int argc, char** argv) {
     qputenv("QT_QPA_PLATFORM", "offscreen");
