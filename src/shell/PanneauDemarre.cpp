@@ -6,6 +6,7 @@
 #include "network/PanneauOptionsReseau.h"
 #include "network/PanneauValeursReseau.h"
 #include "network/PanneauxBouts.h"
+#include "printing/PanneauImpression.h"
 #include "shell/BaseEtudes.h"
 #include "shell/Couleurs.h"
 #include "shell/Dialogue.h"
@@ -91,6 +92,7 @@ PanneauDemarre::PanneauDemarre(Etude& e, Dialogue& d, OptionsReport& options, Ba
     Ajouter(GenreChamp::Bouton, "cmdsave", "save the network values and the settings", "commandes")
         .Actif = base_ != nullptr;
     Ajouter(GenreChamp::Bouton, "cmdprint", "document printing", "commandes").Actif = false;
+    // Printing is offered once the window has a printer to give.
     Ajouter(GenreChamp::Case, "cmdDiagnostics", "shows the setting diagnostics", "commandes");
     Ajouter(GenreChamp::Case, "cmdhelp", "?", "commandes");
     Ajouter(GenreChamp::Bouton, "cmdquitter", "leave", "commandes");
@@ -129,6 +131,7 @@ PanneauDemarre::PanneauDemarre(Etude& e, Dialogue& d, OptionsReport& options, Ba
     for (int i = 1; i <= 8; ++i)
         Ajouter(GenreChamp::Bouton, Menu(i), TEXTES_COULEURS[i - 1], "mnuCouleurs");
     Ajouter(GenreChamp::Bouton, "mnuImprimer", "print...", "mnuCouleurs").Actif = false;
+
     Ajouter(GenreChamp::Bouton, "mnuAPropos", "about", "mnuCouleurs");
     Ajouter(GenreChamp::Bouton, "mnuClearScreen", "&Redraw", "mnuZoom");
     Ajouter(GenreChamp::Bouton, "mnuZoomIdéal", "ideal zoom ", "mnuZoom");
@@ -321,6 +324,15 @@ void PanneauDemarre::Cliquer(const std::string& nom) {
         e_.Sauvegarde = true;
         if (base_->Sauver(e_, d_))
             SauverColonnesPostes(e_, reglages_ ? *reglages_ : FichierReglages(e_));
+    } else if (nom == "cmdprint" || nom == "mnuImprimer") {
+        if (!imprimeur_) return;
+        if (!e_.ImpressionActuelle) CalculerEtTracer(e_, d_, options_);
+        e_.ArretImpression = false;
+        e_.ErrCalcul = 0;
+        PanneauImpression impression(e_);
+        d_.MontrerPanneau(impression);
+        EcrireReglages();
+        if (e_.ErrCalcul == 0) imprimeur_(*this);
     } else if (nom == "cmdDiagnostics") {
         if (Trouver(nom)->Valeur && !diagnostics_) {
             diagnostics_ = std::make_unique<FenetreDiagnostics>(e_, e_.DiagnosticsOuverts);
@@ -365,6 +377,11 @@ void PanneauDemarre::Cliquer(const std::string& nom) {
 
 int PanneauDemarre::Outil() const {
     return e_.OptionDessin;
+}
+
+void PanneauDemarre::DefinirImprimeur(Imprimeur imprimeur) {
+    imprimeur_ = std::move(imprimeur);
+    Trouver("cmdprint")->Actif = Trouver("mnuImprimer")->Actif = imprimeur_ != nullptr;
 }
 
 std::string PanneauDemarre::TexteOutil(int outil) {

@@ -8,6 +8,7 @@
 #include "shell/Panneau.h"
 
 #include <filesystem>
+#include <functional>
 #include <optional>
 
 namespace tournesol {
@@ -61,6 +62,10 @@ public:
     // The outline of the circle, line or square being dragged, if any.
     std::optional<Annotation> Ebauche() const;
     const std::vector<Annotation>& Annotations() const { return annotations_; }
+    // What prints the report once the print dialog was confirmed: the window gives the printer.
+    using Imprimeur = std::function<void(PanneauDemarre&)>;
+    void DefinirImprimeur(Imprimeur imprimeur);
+
     // The diagnostics window while cmdDiagnostics is down; null otherwise.
     FenetreDiagnostics* Diagnostics() { return diagnostics_.get(); }
 
@@ -95,6 +100,7 @@ private:
     Complexe depart_, courant_;
     std::optional<Annotation> texte_; // the text being typed
     std::unique_ptr<FenetreDiagnostics> diagnostics_;
+    Imprimeur imprimeur_;
 };
 
 } // namespace tournesol

@@ -205,3 +205,33 @@ TEST(Demarre, OutilsDeDessinEtCoordonnees) {
     EXPECT_EQ(e.sTitre, "TOURNESOL : Close");
     EXPECT_TRUE(e.QuitterAppli);
 }
+
+TEST(Demarre, ImpressionApresLeDialogueDImpression) {
+    Etude e;
+    RemplirLigne225(e);
+    e.ScaleWidth = 40.0f;
+    e.ScaleLeft = -20.0f;
+    e.ScaleTop = 20.0f;
+    e.ScaleHeight = -40.0f;
+    DialogueScripte d;
+    int annulations = 0;
+    d.QuandPanneau("frmPrint", [&annulations](Panneau& p) {
+        if (annulations-- > 0)
+            p.Cliquer("cmd(1)"); // cancel
+        else
+            p.Cliquer("cmd(0)"); // OK
+    });
+    OptionsReport options;
+    PanneauDemarre w(e, d, options, nullptr, std::nullopt);
+    EXPECT_FALSE(w.Trouver("cmdprint")->Actif); // nothing to print on yet
+    int impressions = 0;
+    w.DefinirImprimeur([&impressions](PanneauDemarre&) { ++impressions; });
+    EXPECT_TRUE(w.Trouver("cmdprint")->Actif);
+    annulations = 1;
+    w.Cliquer("cmdprint");
+    EXPECT_EQ(impressions, 0);
+    w.Cliquer("mnuImprimer");
+    EXPECT_EQ(impressions, 1);
+    EXPECT_EQ(e.ErrCalcul, 0);
+    EXPECT_FALSE(e.ArretImpression);
+}

@@ -1,13 +1,18 @@
 #include "shell/views/VueDemarre.h"
 
+#include "diagnostics/Diagnostics.h"
 #include "diagram/Plan.h"
 #include "diagram/views/SurfaceQt.h"
+#include "printing/Impression.h"
+#include "printing/views/PageQt.h"
+#include "shell/Dialogue.h"
 #include "shell/Etude.h"
 #include "shell/PanneauDemarre.h"
 #include "shell/views/Lieur.h"
 
 #include <QCheckBox>
 #include <QColorDialog>
+#include <QCoreApplication>
 #include <QFormLayout>
 #include <QGroupBox>
 #include <QHBoxLayout>
@@ -18,6 +23,8 @@
 #include <QMenuBar>
 #include <QMouseEvent>
 #include <QPainter>
+#include <QPrintDialog>
+#include <QPrinter>
 #include <QPushButton>
 #include <QVBoxLayout>
 
@@ -27,6 +34,12 @@ namespace {
 QString Q(const std::string& s) {
     return QString::fromStdString(s);
 }
+
+// While the report prints, events run between its blocks, so that Escape stops it.
+class DialogueImpression : public DialogueSansFenetre {
+public:
+    void LaisserPasserEvenements() override { QCoreApplication::processEvents(); }
+};
 QColor VersQt(Couleur c) {
     return QColor(Rouge(c), Vert(c), Bleu(c));
 }
@@ -177,6 +190,22 @@ VueDemarre::VueDemarre(PanneauDemarre& modele, Etude& e)
     for (int i = 1; i <= 8; ++i)
         if (auto* a = findChild<QAction*>(QString("mnucouleur(%1)").arg(i)))
             connect(a, &QAction::triggered, this, [this, i] { ChoisirCouleur(i); });
+    // The report goes to the printer chosen in the printer's dialog (a PDF file among them).
+    demarre_.DefinirImprimeur([this](PanneauDemarre& modele) {
+        QPrinter imprimante(QPrinter::HighResolution);
+        imprimante.setPageSize(QPageSize(QPageSize::A4));
+        QPrintDialog choix(&imprimante, this);
+        choix.setObjectName("dlgImprimante");
+        if (choix.exec() != QDialog::Accepted) return;
+        PageQt page(imprimante);
+        EtatImpression etat;
+        OptionsImpression options;
+        options.textesRegles = [](int regle) { return TextesRegleRapport(regle); };
+        options.dessin = [&modele](Plan& plan) { modele.Dessiner(plan); };
+        DialogueImpression evenements;
+        Imprimer(e_, evenements, page, etat, options);
+        page.Fermer();
+    });
     resize(1100, 760);
     Lier();
 }
