@@ -3,6 +3,7 @@
 #include "shell/Couleurs.h"
 #include "shell/Dialogue.h"
 #include "shell/Etude.h"
+#include "shell/Ouverture.h"
 #include "shell/Registre.h"
 
 #include <algorithm>
@@ -275,15 +276,13 @@ std::string DateHeureCourte(std::time_t moment) {
 
 void PreparerRapport(Etude& e) {
     // The titles of the working window's report options.
-    static const char* const TITRES_REPORTS[] = {"three phase report", "single phase report",
-                                                 "maximal transit without report"};
     InitCouleurs(e);
     e.ImpParties = {true, true, true};
     e.ImpCopies = 1;
     e.ArretImpression = false;
     if (!(e.ScaleWidth > 0.0f)) ZoomIdeal(e);
     if (e.sReport.empty() && e.TypeReportCharge >= 0 && e.TypeReportCharge <= 2)
-        e.sReport = TITRES_REPORTS[e.TypeReportCharge];
+        e.sReport = TitreReport(e.TypeReportCharge);
 }
 
 void Imprimer(Etude& e, Dialogue& d, Page& page, EtatImpression& etat,

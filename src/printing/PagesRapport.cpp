@@ -1,5 +1,6 @@
 // The pages that every relay's report shares: the diagnostics section under the diagram, the
 // line characteristics, the head of the settings.
+#include "diagnostics/Diagnostics.h"
 #include "network/Format.h"
 #include "printing/Impression.h"
 #include "shell/Etude.h"
@@ -22,18 +23,6 @@ constexpr const char* FORMAT_CELLULE = "##0.##";
 constexpr const char* PRIMAIRE = " \xCE\xA0"; // " Π"
 
 // Rules printed, by id_protection.
-constexpr std::array<std::pair<int, int>, 12> REGLES = {{{1, 6},
-                                                         {7, 12},
-                                                         {15, 21},
-                                                         {22, 25},
-                                                         {29, 34},
-                                                         {35, 43},
-                                                         {44, 49},
-                                                         {50, 56},
-                                                         {57, 62},
-                                                         {64, 70},
-                                                         {71, 76},
-                                                         {79, 87}}};
 
 // Columns of the settings: the setting's name, then its three values.
 constexpr int COLONNE_SECONDAIRE = 50;
@@ -234,8 +223,10 @@ void ImprimerCaracteristiquesLigne(ContexteImpression& c) {
 }
 
 std::pair<int, int> ReglesImprimees(int id_protection) {
-    if (id_protection < 1 || id_protection > 12) return {1, 0};
-    return REGLES[static_cast<std::size_t>(id_protection - 1)];
+    // The printed range of the relay's block of rules.
+    const BlocRegles* bloc = BlocDuRelais(id_protection);
+    if (!bloc) return {1, 0};
+    return {bloc->PremiereImprimee, bloc->DerniereImprimee};
 }
 
 void ImprimerDiagnostics(ContexteImpression& c) {

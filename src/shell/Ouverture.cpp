@@ -40,6 +40,12 @@ void AppliquerReports(const Etude& e, OptionsReport& options) {
     }
 }
 
+const char* TitreReport(int cas) {
+    static const char* const TITRES[] = {"three phase report", "single phase report",
+                                         "maximal transit without report"};
+    return cas >= 0 && cas < 3 ? TITRES[cas] : "";
+}
+
 double CourantDuCas(const Etude& e, int cas) {
     switch (cas) {
     case REPORT_TRIPHASE:

@@ -24,6 +24,9 @@ struct OptionsReport {
 // Enables the report options by the feed of the line and the relay's admitted cases.
 void AppliquerReports(const Etude& e, OptionsReport& options);
 
+// The title of a report case (0, 1, 2), as sReport holds it.
+const char* TitreReport(int cas);
+
 // The transit current of a report case; on a plant link the maximal case keeps It as it is.
 double CourantDuCas(const Etude& e, int cas);
 

@@ -23,8 +23,6 @@ namespace tournesol {
 namespace {
 
 const char* const REPORTS[] = {"chktriphasé", "chkmonophasé", "chkmaximal"};
-const char* const TITRES_REPORTS[] = {"three phase report", "single phase report",
-                                      "maximal transit without report"};
 
 // The legend: each characteristic's entry and the colour it takes.
 struct EntreeLegende {
@@ -238,7 +236,7 @@ void PanneauDemarre::ChangerPlume(int rouge, int vert, int bleu, int epaisseur, 
 }
 
 void PanneauDemarre::ChangerReport(int cas) {
-    e_.sReport = TITRES_REPORTS[cas];
+    e_.sReport = TitreReport(cas);
     e_.TransitOK1 = e_.TransitOK2 = false;
     e_.ErrCalcul = 0;
     // A change of case checks the line in all three cases: the new one first with the check
