@@ -12,6 +12,19 @@ namespace tournesol {
 
 namespace {
 
+// An impedance from resistance and reactance to module and argument in degrees; a resistance of
+// 0 leaves the argument as it stands.
+void VersPolaire(double r, double x, double& module, double& degres) {
+    module = std::sqrt(r * r + x * x);
+    if (r != 0.0) degres = RadToDeg(std::atan2(x, r));
+}
+
+// And back.
+void VersCartesien(double module, double degres, double& r, double& x) {
+    r = module * std::cos(DegToRad(degres));
+    x = module * std::sin(DegToRad(degres));
+}
+
 using Cplx = std::complex<double>;
 
 // The fields of one section; the names of the arrays.
@@ -155,13 +168,11 @@ void PanneauValeursReseau::Recalculer(int section) {
 
     // Positive sequence.
     if (champ("chkcart").Valeur) {
-        s.zl = std::sqrt(s.rl * s.rl + s.xl * s.xl);
-        if (s.rl != 0.0) s.phi = RadToDeg(std::atan2(s.xl, s.rl));
+        VersPolaire(s.rl, s.xl, s.zl, s.phi);
         ChampEcrire(champ("txtzl"), s.zl);
         ChampEcrire(champ("txtphi"), s.phi);
     } else {
-        s.rl = s.zl * std::cos(DegToRad(s.phi));
-        s.xl = s.zl * std::sin(DegToRad(s.phi));
+        VersCartesien(s.zl, s.phi, s.rl, s.xl);
         ChampEcrire(champ("txtrl"), s.rl);
         ChampEcrire(champ("txtxl"), s.xl);
     }
@@ -169,8 +180,7 @@ void PanneauValeursReseau::Recalculer(int section) {
     // Zero sequence.
     if (champ("chkko").Valeur) {
         ZoDepuisKo(s);
-        s.ro = s.zo * std::cos(DegToRad(s.phio));
-        s.xo = s.zo * std::sin(DegToRad(s.phio));
+        VersCartesien(s.zo, s.phio, s.ro, s.xo);
         ChampEcrire(champ("txtzo"), s.zo);
         ChampEcrire(champ("txtphio"), s.phio);
         ChampEcrire(champ("txtro"), s.ro);
@@ -178,13 +188,11 @@ void PanneauValeursReseau::Recalculer(int section) {
         return;
     }
     if (champ("chkhcart").Valeur) {
-        s.zo = std::sqrt(s.xo * s.xo + s.ro * s.ro);
-        if (s.ro != 0.0) s.phio = RadToDeg(std::atan2(s.xo, s.ro));
+        VersPolaire(s.ro, s.xo, s.zo, s.phio);
         ChampEcrire(champ("txtzo"), s.zo);
         ChampEcrire(champ("txtphio"), s.phio);
     } else {
-        s.ro = s.zo * std::cos(DegToRad(s.phio));
-        s.xo = s.zo * std::sin(DegToRad(s.phio));
+        VersCartesien(s.zo, s.phio, s.ro, s.xo);
         ChampEcrire(champ("txtro"), s.ro);
         ChampEcrire(champ("txtxo"), s.xo);
     }
