@@ -82,6 +82,15 @@ bool SegmentCross(const SegmentImage& s1, const SegmentImage& s2, Complexe& poin
     return Entre(point.Re, penche.A.Re, penche.B.Re);
 }
 
+bool CouleurAffichee(const Etude& e, const OptionsAffichage& options, Couleur couleur) {
+    if (couleur == e.CouleurAntipompage) return options.Antipompage;
+    if (couleur == e.CouleurMonophase) return options.Monophase;
+    if (couleur == e.CouleurTriphase) return options.Triphase;
+    if (couleur == e.CouleurZones) return options.Zones;
+    if (couleur == e.CouleurDirectionnel) return options.Directionnel;
+    return true;
+}
+
 void ZoneColours(Etude& e) {
     std::array<Couleur*, 5> couleurs = {&e.CouleurAntipompage, &e.CouleurMonophase,
                                         &e.CouleurTriphase, &e.CouleurZones,

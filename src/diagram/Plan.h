@@ -49,7 +49,17 @@ struct OptionsAffichage {
     bool Transit1 = true;   // legend entry "Transit"
     bool Transit2 = true;   // legend entry "line image"
     bool Transit3 = true;   // legend entry "lines at 30°"
+    // The parts of a relay's characteristic, by their colour.
+    bool Antipompage = true;  // CouleurAntipompage
+    bool Monophase = true;    // CouleurMonophase
+    bool Triphase = true;     // CouleurTriphase
+    bool Zones = true;        // CouleurZones
+    bool Directionnel = true; // CouleurDirectionnel
 };
+
+// Whether a figure of that colour is shown: the flag of the part of the characteristic drawn
+// in it; a colour that is none of theirs is always shown.
+bool CouleurAffichee(const Etude& e, const OptionsAffichage& options, Couleur couleur);
 
 void SetSegment(SegmentImage& s, const Complexe& a, const Complexe& b, Couleur couleur, int style,
                 int largeur);

@@ -1,6 +1,7 @@
 // The drawing of the load area: first on the plane, ahead of the relay's characteristic.
 #include "diagram/Plan.h"
 #include "network/Numerique.h"
+#include "network/Transit.h"
 #include "shell/Etude.h"
 
 #include <cmath>
@@ -49,23 +50,7 @@ void TransitDraw(Plan& plan, const OptionsAffichage& options) {
     Etude& e = plan.etude();
     Dessin d{plan, e, options};
 
-    // The transformer reactances behind the near and far ends, by the relay's end. From end C
-    // the far value is that of substation C, and the near one stays as it was.
-    switch (e.Ligne_pp) {
-    case 0:
-        e.XtrProche = e.Ligne_XAM;
-        e.XtrDistant = e.Ligne_XAV;
-        break;
-    case 1:
-        e.XtrProche = e.Ligne_XAV;
-        e.XtrDistant = e.Ligne_XAM;
-        break;
-    case 2:
-        e.XtrDistant = e.Ligne_XAZ;
-        break;
-    default:
-        break;
-    }
+    TransformateursDesBouts(e);
 
     plan.DrawPlan();
     if (e.Superposition) return;

@@ -74,6 +74,8 @@ void ChoisirCourant(Etude& e) {
         }
     }
     if (e.Ceq == 0.0) e.Ceq = 1.0;
+    // The relays read the factor in force under this name.
+    e.CRcourant = e.Ceq;
     if (e.Vmin == 0.0) e.Vmin = 1.0;
     if (e.It == 0.0) e.It = 1.0;
     if (e.ZL_eq == 0.0) e.ZL_eq = 0.001;
@@ -191,6 +193,25 @@ void Miroir(Etude& e) {
 
 } // namespace
 
+void TransformateursDesBouts(Etude& e) {
+    // From end C the far value is that of substation C, and the near one stays as it was.
+    switch (e.Ligne_pp) {
+    case 0:
+        e.XtrProche = e.Ligne_XAM;
+        e.XtrDistant = e.Ligne_XAV;
+        break;
+    case 1:
+        e.XtrProche = e.Ligne_XAV;
+        e.XtrDistant = e.Ligne_XAM;
+        break;
+    case 2:
+        e.XtrDistant = e.Ligne_XAZ;
+        break;
+    default:
+        break;
+    }
+}
+
 void TransitCalc(Etude& e) {
     e.ErrCalcul = 0;
     e.fNoIntersect = e.fNoUp = e.fNoDown = e.fNoP = false;
@@ -200,8 +221,7 @@ void TransitCalc(Etude& e) {
         if (e.PHI_eq == 0.0) e.PHI_eq = 0.1;
         ChoisirCourant(e);
         // Each feed's branch starts with the source reactance of the current in force.
-        if (e.Ligne_alim >= 0 && e.Ligne_alim <= 3)
-            e.Ligne_XS = ReactanceSource(e);
+        if (e.Ligne_alim >= 0 && e.Ligne_alim <= 3) e.Ligne_XS = ReactanceSource(e);
         switch (e.Ligne_alim) {
         case 0:
             LigneMaillee(e);

@@ -12,4 +12,8 @@ struct Etude;
 // the current is too high for the line) leaves its number in ErrCalcul.
 void TransitCalc(Etude& e);
 
+// The transformer reactances behind the near and far ends (XtrProche, XtrDistant), by the end
+// the relay stands at; the diagram and the relays' diagnostics read them.
+void TransformateursDesBouts(Etude& e);
+
 } // namespace tournesol

@@ -46,6 +46,9 @@ struct EtatImpression {
     // The progress panel: the bar (0 to 100) and its text (printstatus).
     double Progression = 0.0;
     std::string TexteProgression;
+    // Whoever shows the progress panel follows it here: called after each start, move or
+    // placing of the bar with the panel open, and once with `ouvert` false when it closes.
+    std::function<void(bool ouvert, double valeur, const std::string& texte)> SuiviProgression;
 };
 
 // Measures MargeImpression and DemiMarge on the page.
@@ -114,6 +117,18 @@ void ImprimerLigneReglage(ContexteImpression& c, const std::string& libelle,
 
 // The ohm sign after a value: " Ω" one point smaller than the text around it.
 void EcrireOhm(Page& page);
+
+// One cell of a row of a settings page: its text at column n (AllerColonne), then the ohm
+// sign where it is an impedance, then what follows it ("/ph", " P").
+struct CelluleReglage {
+    int Colonne = 0;
+    std::string Texte{};
+    bool Ohm = false;
+    std::string Suite{};
+};
+// A row of cells in that size (the settings' size by default), then the pen to the next line.
+void ImprimerCellules(ContexteImpression& c, const std::vector<CelluleReglage>& cellules,
+                      double taille = 10.0);
 
 // Each relay registers its print routine: its diagnostics, then its pages from page 2 on.
 using ImpressionRelais = void (*)(ContexteImpression&);

@@ -279,22 +279,30 @@ void ImprimerTeteReglages(ContexteImpression& c) {
     page.ALaLigne();
 }
 
+void ImprimerCellules(ContexteImpression& c, const std::vector<CelluleReglage>& cellules,
+                      double taille) {
+    if (c.e.ArretImpression) return;
+    Page& page = c.page;
+    page.ChoisirTaille(taille);
+    for (const CelluleReglage& cellule : cellules) {
+        AllerColonne(c, cellule.Colonne);
+        page.Ecrire(cellule.Texte);
+        if (cellule.Ohm) EcrireOhm(page);
+        if (!cellule.Suite.empty()) page.Ecrire(cellule.Suite);
+    }
+    page.ALaLigne();
+}
+
 void ImprimerLigneReglage(ContexteImpression& c, const std::string& libelle,
                           const std::string& secondaire, const std::string& primaire,
                           const std::string& pourcentage) {
-    if (c.e.ArretImpression) return;
-    Page& page = c.page;
-    page.ChoisirTaille(TAILLE_REGLAGES);
-    page.ChoisirGras(false);
-    AllerColonne(c, 0);
-    page.Ecrire(libelle);
-    AllerColonne(c, COLONNE_SECONDAIRE);
-    page.Ecrire(secondaire);
-    AllerColonne(c, COLONNE_PRIMAIRE);
-    page.Ecrire(primaire);
-    AllerColonne(c, COLONNE_POURCENTAGE);
-    page.Ecrire(pourcentage);
-    page.ALaLigne();
+    c.page.ChoisirGras(false);
+    ImprimerCellules(c,
+                     {{0, libelle},
+                      {COLONNE_SECONDAIRE, secondaire},
+                      {COLONNE_PRIMAIRE, primaire},
+                      {COLONNE_POURCENTAGE, pourcentage}},
+                     TAILLE_REGLAGES);
 }
 
 } // namespace tournesol

@@ -265,6 +265,8 @@ inline constexpr int NOMBRE_REGLES = 100;
     X(Reel, X4_HT) \
     X(Reel, X4reg_BT) \
     X(Reel, X4reg_HT) \
+    X(Reel, X3_commun) \
+    X(Reel, X4_commun) \
     X(Reel, ko_reg) \
     X(Entier16, T1) \
     X(Entier16, T2) \
@@ -309,7 +311,26 @@ inline constexpr int NOMBRE_REGLES = 100;
 // clang-format off
 #define RELAIS_SA511_VARIABLES(X)
 #define RELAIS_EPAC_VARIABLES(X)
-#define RELAIS_PD3A_VARIABLES(X)
+#define RELAIS_PD3A_VARIABLES(X) \
+    X(Booleen, Type6062) \
+    X(Booleen, Type6562) \
+    X(Reel32, CoefX1) \
+    X(Entier16, K1) \
+    X(Entier16, m1) \
+    X(Entier16, K2) \
+    X(Entier16, m2) \
+    X(Entier16, K3) \
+    X(Entier16, K4) \
+    X(Entier16, Rd) \
+    X(Reel, RsurX) \
+    X(Reel32, BandeX) \
+    X(Reel32, BandeR) \
+    X(Entier16, PosTeta) \
+    X(Entier16, C1) \
+    X(Entier16, TA) \
+    X(Entier16, TB) \
+    X(Entier16, TC) \
+    X(Entier16, TD)
 #define RELAIS_PDS_VARIABLES(X)
 #define RELAIS_PXLC_VARIABLES(X)
 #define RELAIS_PXLP_VARIABLES(X)

@@ -1,10 +1,12 @@
 #include "shell/Registre.h"
 
+#include "relays/Relais.h"
 #include "shell/Etude.h"
 
 namespace tournesol {
 
 void InitRegistre(Etude& e) {
+    InscrireRelais();
     for (int i = 0; i < NOMBRE_RELAIS; ++i) {
         e.ReportAdmis[static_cast<std::size_t>(i)].fill(true);
         e.NomsProtection[static_cast<std::size_t>(i)] =

@@ -101,6 +101,8 @@ TEST(Boucle, DuTitreALaFenetreDeTravailEtRetour) {
             QTest::mouseClick(w->findChild<QPushButton*>("Command2"), Qt::LeftButton);
         } else if (nom == "frmReportCharge") {
             QTest::mouseClick(w->findChild<QPushButton*>("Command2"), Qt::LeftButton);
+        } else if (nom == "frmPD3A") {
+            QTest::mouseClick(w->findChild<QPushButton*>("Command1"), Qt::LeftButton);
         } else if (nom == "frmDémarre") {
             EXPECT_EQ(w->windowTitle(), "TOURNESOL [CHAMPAGNIER]");
             QWidget* diagramme = w->findChild<QWidget*>("imgCaractéristique");
@@ -138,8 +140,10 @@ TEST(Boucle, DuTitreALaFenetreDeTravailEtRetour) {
     EXPECT_EQ(titres, 2);
     EXPECT_TRUE(e.QuitterAppli);
     EXPECT_EQ(e.id_protection, 3);
-    // Title, choice, two load report panels, working window, check panel, title.
-    EXPECT_EQ(vues.size(), 7);
+    // Title, choice, two load report panels, the relay's panel, working window, check panel,
+    // title.
+    EXPECT_EQ(vues.size(), 8);
+    EXPECT_TRUE(vues.contains("frmPD3A"));
 }
 
 TEST(Boucle, ChaqueChampASonWidget) {

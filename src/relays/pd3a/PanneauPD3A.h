@@ -1,0 +1,33 @@
+// frmPD3A: the PD3A's panel, three sheets ("zones", "Pick up", "timers") on the relay panel
+// framework. The chain runs the zones, the resistance, the settings, then the diagnostics.
+#pragma once
+
+#include "relays/PanneauProtection.h"
+
+namespace tournesol {
+
+class PanneauPD3A : public PanneauProtection {
+public:
+    PanneauPD3A(Etude& e, Dialogue& d);
+
+    // The four desired secondary reaches, in the order of the zones.
+    static constexpr const char* CHAMPS_SOUHAITES[4] = {"txtX1_bt", "txtX2_bt", "txtx3_bt",
+                                                        "txtX4_bt"};
+
+protected:
+    double DemiLargeurPlan() override;
+    void LireOptions() override;
+    void ApresSaisie(const DescriptionChamp& champ, double valeur) override;
+    void ApresClic(const std::string& nom) override;
+    void Afficher() override;
+
+private:
+    void CalculZones();
+    void SaisieZones();
+    void LireTypeEtPompage();
+    // The desired secondary fields show the limited values after an entry, the primary
+    // images of the desired reaches after a computation of the zones.
+    bool zonesSaisies_ = false;
+};
+
+} // namespace tournesol
