@@ -49,9 +49,9 @@ const char* GroupeCourant(std::size_t i) {
 }
 
 // The end the store holds for this panel; nothing when the store has no list of this panel
-// under the setting row (position 0 then holds the relay's own first setting, or nothing).
+// under the setting row.
 std::optional<int> LireBout(Etude& e, MagasinReglages& m, int bouts) {
-    DebutTR(e);
+    DebutTR(e, DEBUT_LISTE_BOUTS);
     const ValeurTR v = LireTR(e, m);
     const auto* bout = std::get_if<std::int16_t>(&v);
     if (!bout || *bout < 0 || *bout >= bouts) return std::nullopt;
@@ -128,7 +128,7 @@ void PanneauDeuxBouts::Valider() {
     // On a plant link the plant's side follows the relay's end.
     if (e_.Ligne_alim == 1 || e_.Ligne_alim == 2) e_.Ligne_alim = static_cast<Entier16>(1 + bout_);
     if (magasin_) {
-        DebutTR(e_);
+        DebutTR(e_, DEBUT_LISTE_BOUTS);
         EcrireTR(e_, *magasin_, e_.Ligne_pp);
     }
     e_.EtudeModifiee = true;
@@ -253,7 +253,7 @@ void PanneauTroisBouts::Valider() {
         if (e_.*c.valeur == 0.0) e_.*c.valeur = 1.0;
     // The list, in its order, under the relay's setting row.
     if (magasin_) {
-        DebutTR(e_);
+        DebutTR(e_, DEBUT_LISTE_BOUTS);
         EcrireTR(e_, *magasin_, e_.Ligne_pp);
         EcrireTR(e_, *magasin_, e_.Ligne_cc);
         for (const Courant& c : COURANTS)

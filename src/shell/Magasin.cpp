@@ -38,8 +38,8 @@ ValeurTR MagasinMemoire::LireValeur(std::int32_t id_key, std::int32_t id_pos) {
     return it == valeurs_.end() ? ValeurTR{} : it->second;
 }
 
-void DebutTR(Etude& e) {
-    e.PositionTR = 0;
+void DebutTR(Etude& e, std::int32_t debut) {
+    e.PositionTR = debut;
 }
 
 void EcrireTR(Etude& e, MagasinReglages& m, const ValeurTR& valeur) {

@@ -35,8 +35,13 @@ private:
     std::map<std::pair<std::int32_t, std::int32_t>, ValeurTR> valeurs_;
 };
 
-// The cursor of the whole system (PositionTR) over the setting row id_reglage.
-void DebutTR(Etude& e);
+// Where the list of the two- and three-ended line panels starts under the setting row: the
+// relay's own list takes the positions from 0, and neither may overwrite the other.
+inline constexpr std::int32_t DEBUT_LISTE_BOUTS = 100;
+
+// The cursor of the whole system (PositionTR) over the setting row id_reglage, put at the start
+// of a list.
+void DebutTR(Etude& e, std::int32_t debut = 0);
 void EcrireTR(Etude& e, MagasinReglages& m, const ValeurTR& valeur);
 // The value at the cursor; FinTR is set when it is missing. The cursor moves on in any case.
 ValeurTR LireTR(Etude& e, MagasinReglages& m);

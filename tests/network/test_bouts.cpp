@@ -31,8 +31,9 @@ void RemplirCourants(PanneauTroisBouts& p) {
         Saisir(p, nom, "2500");
 }
 
+// The value at `pos` of the panels' list, which starts after the relay's own list.
 template <class T> T Valeur(MagasinMemoire& m, int key, int pos) {
-    const ValeurTR v = m.LireValeur(key, pos);
+    const ValeurTR v = m.LireValeur(key, DEBUT_LISTE_BOUTS + pos);
     EXPECT_TRUE(std::holds_alternative<T>(v)) << "position " << pos;
     return std::holds_alternative<T>(v) ? std::get<T>(v) : T{};
 }
@@ -87,9 +88,10 @@ TEST(DeuxBouts, LiaisonCentraleSuitLeBoutEtSansMagasin) {
     EXPECT_EQ(e.Ligne_pp, 1);
     EXPECT_EQ(e.Ligne_alim, 2);
 
-    // A store holding a relay's list (a reach at position 0) is not this panel's value.
+    // A store holding a relay's list, whose first value could pass for an end, and no list of
+    // this panel.
     MagasinMemoire m;
-    m.EcrireValeur(e.id_reglage, 0, 12.5);
+    m.EcrireValeur(e.id_reglage, 0, std::int16_t{1});
     e.Ligne_pp = 0;
     PanneauDeuxBouts q(e, &m);
     EXPECT_EQ(q.Bout(), 0);
