@@ -1,5 +1,7 @@
 #include "shell/Application.h"
 
+#include "relays/Relais.h"
+
 #include "shell/Dialogue.h"
 #include "shell/Etude.h"
 #include "shell/PanneauDemarre.h"
@@ -9,6 +11,7 @@
 namespace tournesol {
 
 void RemplirRegistre(Etude& e, Dialogue& d) {
+    InscrireRelais();
     PanneauChoixProtection choix(e, d); // never shown: only its captions are read
     for (int id = 1; id <= NOMBRE_RELAIS; ++id) {
         const auto i = static_cast<std::size_t>(id - 1);

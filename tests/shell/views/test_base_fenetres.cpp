@@ -1,5 +1,6 @@
 // The study base through the windows: a study typed, saved, left, and opened again by picking
 // its names from the opening dialog's lists.
+#include "Gestes.h"
 #include "Pilote.h"
 #include "database/BaseEtudesSql.h"
 #include "shell/Application.h"
@@ -22,32 +23,6 @@
 #include <gtest/gtest.h>
 
 using namespace tournesol;
-
-namespace {
-void Focus(QWidget* w, QEvent::Type type) {
-    QFocusEvent evenement(type, Qt::TabFocusReason);
-    QApplication::sendEvent(w, &evenement);
-}
-
-void Taper(QWidget* fenetre, const char* nom, const QString& texte) {
-    QLineEdit* ligne = fenetre->findChild<QComboBox*>(nom)->lineEdit();
-    Focus(ligne, QEvent::FocusIn);
-    QTest::keyClicks(ligne, texte);
-    Focus(ligne, QEvent::FocusOut);
-}
-
-// Picks an entry of a box's list, as the user does with the mouse.
-bool Choisir(QWidget* fenetre, const char* nom, const QString& entree) {
-    auto* liste = fenetre->findChild<QComboBox*>(nom);
-    Focus(liste->lineEdit(), QEvent::FocusIn);
-    const int i = liste->findText(entree);
-    if (i < 0) return false;
-    liste->setCurrentIndex(i);
-    emit liste->activated(i);
-    Focus(liste->lineEdit(), QEvent::FocusOut);
-    return true;
-}
-} // namespace
 
 TEST(BaseFenetres, SauverPuisRouvrirParLesListes) {
     QTemporaryDir dossier;

@@ -1,6 +1,7 @@
 // The program as a user drives it, offscreen: the opening dialog, the relay choice, the working
 // window with its diagram, the report options, the way back, and leaving.
 #include "../Ligne225.h"
+#include "Gestes.h"
 #include "Pilote.h"
 #include "shell/Application.h"
 #include "shell/Etude.h"
@@ -27,21 +28,6 @@
 using namespace tournesol;
 
 namespace {
-
-void Focus(QWidget* w, QEvent::Type type) {
-    QFocusEvent evenement(type, Qt::TabFocusReason);
-    QApplication::sendEvent(w, &evenement);
-}
-
-// The user goes into a box, types, and leaves it.
-void Taper(QWidget* fenetre, const char* nom, const QString& texte) {
-    auto* liste = fenetre->findChild<QComboBox*>(nom);
-    ASSERT_NE(liste, nullptr) << nom;
-    QLineEdit* ligne = liste->lineEdit();
-    Focus(ligne, QEvent::FocusIn);
-    QTest::keyClicks(ligne, texte);
-    Focus(ligne, QEvent::FocusOut);
-}
 
 QString Status(QWidget* fenetre) {
     return fenetre->findChild<QLabel*>("Status")->text();

@@ -1,0 +1,48 @@
+// What the user does with the mouse and the keyboard in the windows' tests: going into a field
+// and leaving it, typing into a box or a field, picking an entry of a list.
+#pragma once
+
+#include <QApplication>
+#include <QComboBox>
+#include <QFocusEvent>
+#include <QLineEdit>
+#include <QTest>
+#include <gtest/gtest.h>
+
+namespace tournesol {
+
+inline void Focus(QWidget* w, QEvent::Type type) {
+    QFocusEvent evenement(type, Qt::TabFocusReason);
+    QApplication::sendEvent(w, &evenement);
+}
+
+// Goes into the field, types, and leaves it.
+inline void TaperLigne(QLineEdit* ligne, const QString& texte, bool effacer = false) {
+    ASSERT_NE(ligne, nullptr);
+    Focus(ligne, QEvent::FocusIn);
+    if (effacer) ligne->selectAll();
+    QTest::keyClicks(ligne, texte);
+    Focus(ligne, QEvent::FocusOut);
+}
+
+// The same in the box of that name.
+inline void Taper(QWidget* fenetre, const char* nom, const QString& texte) {
+    auto* liste = fenetre->findChild<QComboBox*>(nom);
+    ASSERT_NE(liste, nullptr) << nom;
+    TaperLigne(liste->lineEdit(), texte);
+}
+
+// Picks an entry of a box's list, as the user does with the mouse.
+inline bool Choisir(QWidget* fenetre, const char* nom, const QString& entree) {
+    auto* liste = fenetre->findChild<QComboBox*>(nom);
+    if (!liste) return false;
+    Focus(liste->lineEdit(), QEvent::FocusIn);
+    const int i = liste->findText(entree);
+    if (i < 0) return false;
+    liste->setCurrentIndex(i);
+    emit liste->activated(i);
+    Focus(liste->lineEdit(), QEvent::FocusOut);
+    return true;
+}
+
+} // namespace tournesol
