@@ -57,11 +57,18 @@ double Valeur(const std::array<double, 13>& table, int i) {
     return table[static_cast<std::size_t>(i)];
 }
 
+// A reach kept on its wheel: beyond the wheel's end (is x above haut / coef) it is taken just
+// inside, at hautRetenu; below its start, at basRetenu.
+void Borner(double& x, double is, double coef, double haut, double hautRetenu, double bas,
+            double basRetenu) {
+    if (is * x > Div(haut, coef)) x = Div(hautRetenu, is * coef);
+    if (is * x < Div(bas, coef)) x = Div(basRetenu, is * coef);
+}
+
 void ZoneUn(Etude& e, RelaisPD3A& r) {
     const double coef = r.CoefX1;
     const double is = e.Is;
-    if (is * e.X1_BT > Div(258.0, coef)) e.X1_BT = Div(257.9, is * coef);
-    if (is * e.X1_BT < Div(2.6, coef)) e.X1_BT = Div(2.61, is * coef);
+    Borner(e.X1_BT, is, coef, 258.0, 257.9, 2.6, 2.61);
     // The first step above the desired reach, then the one below it: X1 rounds down.
     const double cible = is * e.X1_BT;
     const int j = Chercher(TableX, [&](double x) { return x / coef > cible; }) - 1;
@@ -86,8 +93,7 @@ void Zones6062(Etude& e, RelaisPD3A& r) {
 
 void Zones6562(Etude& e, RelaisPD3A& r) {
     const double is = e.Is;
-    if (is * e.X2_BT > 258.0) e.X2_BT = Div(257.9, is);
-    if (is * e.X2_BT < 2.6) e.X2_BT = Div(2.61, is);
+    Borner(e.X2_BT, is, 1.0, 258.0, 257.9, 2.6, 2.61);
     // No coefficient on the second wheel, and X2 rounds up.
     const double cible = is * e.X2_BT;
     const int i = Chercher(TableX, [&](double x) { return cible - x <= 0.0; });
@@ -103,8 +109,7 @@ void Zones6562(Etude& e, RelaisPD3A& r) {
 
 void ZoneArriere(Etude& e, RelaisPD3A& r) {
     const double is = e.Is;
-    if (is * e.X4_BT > 25.0) e.X4_BT = Div(24.9, is);
-    if (is * e.X4_BT < 2.5) e.X4_BT = Div(2.51, is);
+    Borner(e.X4_BT, is, 1.0, 25.0, 24.9, 2.5, 2.51);
     const double cible = is * e.X4_BT;
     r.K4 = static_cast<Entier16>(Chercher(TableK4, [&](double k) { return cible - k <= 0.0; }));
     e.X4reg_BT = Div(Valeur(TableK4, r.K4), is);

@@ -4,6 +4,7 @@
 #include "../../shell/Ligne225.h"
 #include "../../shell/views/Gestes.h"
 #include "../../shell/views/Pilote.h"
+#include "../../shell/views/Vues.h"
 #include "database/BaseEtudesSql.h"
 #include "diagnostics/FenetreDiagnostics.h"
 #include "shell/Application.h"
@@ -68,12 +69,7 @@ TEST(FenetresPD3A, DuTitreAuPanneauPuisALaBaseEtRetour) {
     Etude e;
     RemplirLigne225(e);
     DialogueQt d;
-    d.Inscrire("frmtitre", [](Panneau& p, DialogueQt&) -> std::unique_ptr<FenetrePanneau> {
-        return std::make_unique<VueTitre>(dynamic_cast<PanneauTitre&>(p));
-    });
-    d.Inscrire("frmDémarre", [&e](Panneau& p, DialogueQt&) -> std::unique_ptr<FenetrePanneau> {
-        return std::make_unique<VueDemarre>(dynamic_cast<PanneauDemarre&>(p), e);
-    });
+    InscrireVues(d, e);
     Application app(e, d, &base, std::nullopt);
 
     int titres = 0, fenetres = 0, panneaux = 0;
@@ -101,11 +97,9 @@ TEST(FenetresPD3A, DuTitreAuPanneauPuisALaBaseEtRetour) {
                 QTest::mouseClick(w->findChild<QPushButton*>("cmdQuitter"), Qt::LeftButton);
                 return;
             }
-            Focus(w->findChild<QComboBox*>("txtposte")->lineEdit(), QEvent::FocusIn);
-            QTest::mouseClick(w->findChild<QPushButton*>("cmdOK"), Qt::LeftButton);
+            ConfirmerTitre(w);
         } else if (nom == "frmChoixProtection") {
-            w->findChild<QRadioButton*>("Option3D1(3)")->click();
-            QTest::mouseClick(w->findChild<QPushButton*>("Command1"), Qt::LeftButton);
+            ChoisirRelais(w, 3);
         } else if (nom == "frmPD3A") {
             ++panneaux;
             EXPECT_EQ(w->windowTitle(), "TOURNESOL [CHAMPAGNIER]");

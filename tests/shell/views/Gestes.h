@@ -6,8 +6,11 @@
 #include <QComboBox>
 #include <QFocusEvent>
 #include <QLineEdit>
+#include <QPushButton>
+#include <QRadioButton>
 #include <QTest>
 #include <gtest/gtest.h>
+#include <string>
 
 namespace tournesol {
 
@@ -43,6 +46,19 @@ inline bool Choisir(QWidget* fenetre, const char* nom, const QString& entree) {
     emit liste->activated(i);
     Focus(liste->lineEdit(), QEvent::FocusOut);
     return true;
+}
+
+// The opening dialog confirmed with OK, its first box left as the user leaves it.
+inline void ConfirmerTitre(QWidget* titre) {
+    Focus(titre->findChild<QComboBox*>("txtposte")->lineEdit(), QEvent::FocusIn);
+    QTest::mouseClick(titre->findChild<QPushButton*>("cmdOK"), Qt::LeftButton);
+}
+
+// The relay chosen in frmChoixProtection by its number.
+inline void ChoisirRelais(QWidget* choix, int id) {
+    const std::string option = "Option3D1(" + std::to_string(id) + ")";
+    choix->findChild<QRadioButton*>(QString::fromStdString(option))->click();
+    QTest::mouseClick(choix->findChild<QPushButton*>("Command1"), Qt::LeftButton);
 }
 
 } // namespace tournesol

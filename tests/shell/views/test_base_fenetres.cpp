@@ -2,6 +2,7 @@
 // its names from the opening dialog's lists.
 #include "Gestes.h"
 #include "Pilote.h"
+#include "Vues.h"
 #include "database/BaseEtudesSql.h"
 #include "shell/Application.h"
 #include "shell/Etude.h"
@@ -30,12 +31,7 @@ TEST(BaseFenetres, SauverPuisRouvrirParLesListes) {
     BaseEtudesSql base(dossier.path().toStdString() + "/");
     Etude e;
     DialogueQt d;
-    d.Inscrire("frmtitre", [](Panneau& p, DialogueQt&) -> std::unique_ptr<FenetrePanneau> {
-        return std::make_unique<VueTitre>(dynamic_cast<PanneauTitre&>(p));
-    });
-    d.Inscrire("frmDémarre", [&e](Panneau& p, DialogueQt&) -> std::unique_ptr<FenetrePanneau> {
-        return std::make_unique<VueDemarre>(dynamic_cast<PanneauDemarre&>(p), e);
-    });
+    InscrireVues(d, e);
     Application app(e, d, &base, std::nullopt);
 
     int titres = 0, fenetres = 0;
@@ -62,11 +58,9 @@ TEST(BaseFenetres, SauverPuisRouvrirParLesListes) {
                 QTest::mouseClick(w->findChild<QPushButton*>("cmdQuitter"), Qt::LeftButton);
                 return;
             }
-            Focus(w->findChild<QComboBox*>("txtposte")->lineEdit(), QEvent::FocusIn);
-            QTest::mouseClick(w->findChild<QPushButton*>("cmdOK"), Qt::LeftButton);
+            ConfirmerTitre(w);
         } else if (nom == "frmChoixProtection") {
-            w->findChild<QRadioButton*>("Option3D1(3)")->click();
-            QTest::mouseClick(w->findChild<QPushButton*>("Command1"), Qt::LeftButton);
+            ChoisirRelais(w, 3);
         } else if (nom == "frmDémarre") {
             ++fenetres;
             if (fenetres == 1) {

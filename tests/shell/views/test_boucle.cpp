@@ -3,6 +3,7 @@
 #include "../Ligne225.h"
 #include "Gestes.h"
 #include "Pilote.h"
+#include "Vues.h"
 #include "shell/Application.h"
 #include "shell/Etude.h"
 #include "shell/PanneauDemarre.h"
@@ -31,15 +32,6 @@ namespace {
 
 QString Status(QWidget* fenetre) {
     return fenetre->findChild<QLabel*>("Status")->text();
-}
-
-void InscrireVues(DialogueQt& d, Etude& e) {
-    d.Inscrire("frmtitre", [](Panneau& p, DialogueQt&) -> std::unique_ptr<FenetrePanneau> {
-        return std::make_unique<VueTitre>(dynamic_cast<PanneauTitre&>(p));
-    });
-    d.Inscrire("frmDémarre", [&e](Panneau& p, DialogueQt&) -> std::unique_ptr<FenetrePanneau> {
-        return std::make_unique<VueDemarre>(dynamic_cast<PanneauDemarre&>(p), e);
-    });
 }
 
 } // namespace
@@ -79,8 +71,7 @@ TEST(Boucle, DuTitreALaFenetreDeTravailEtRetour) {
             QTest::keyClick(w, Qt::Key_Return);
         } else if (nom == "frmChoixProtection") {
             EXPECT_EQ(w->windowTitle(), "TOURNESOL [CHAMPAGNIER]");
-            w->findChild<QRadioButton*>("Option3D1(3)")->click();
-            QTest::mouseClick(w->findChild<QPushButton*>("Command1"), Qt::LeftButton);
+            ChoisirRelais(w, 3);
         } else if (nom == "frmValeurs") {
             // A change of report case shows what the computation made of the line.
             EXPECT_EQ(w->findChild<QLineEdit*>("txtxprim1")->text(), "24.3");

@@ -1,0 +1,24 @@
+// The windows of the opening dialog and of the working window, registered as the program does.
+#pragma once
+
+#include "shell/Etude.h"
+#include "shell/PanneauDemarre.h"
+#include "shell/PanneauTitre.h"
+#include "shell/views/DialogueQt.h"
+#include "shell/views/VueDemarre.h"
+#include "shell/views/VueTitre.h"
+
+#include <memory>
+
+namespace tournesol {
+
+inline void InscrireVues(DialogueQt& d, Etude& e) {
+    d.Inscrire("frmtitre", [](Panneau& p, DialogueQt&) -> std::unique_ptr<FenetrePanneau> {
+        return std::make_unique<VueTitre>(dynamic_cast<PanneauTitre&>(p));
+    });
+    d.Inscrire("frmDémarre", [&e](Panneau& p, DialogueQt&) -> std::unique_ptr<FenetrePanneau> {
+        return std::make_unique<VueDemarre>(dynamic_cast<PanneauDemarre&>(p), e);
+    });
+}
+
+} // namespace tournesol
