@@ -2,6 +2,7 @@
 #include "database/BaseEtudesSql.h"
 #include "database/Import.h"
 #include "network/Format.h"
+#include "relays/views/FenetreRelais.h"
 #include "shell/Application.h"
 #include "shell/Dialogue.h"
 #include "shell/Etude.h"
@@ -93,6 +94,7 @@ int main(int argc, char** argv) {
         "frmDémarre", [&etude](Panneau& p, DialogueQt&) -> std::unique_ptr<FenetrePanneau> {
             return std::make_unique<VueDemarre>(dynamic_cast<PanneauDemarre&>(p), etude);
         });
+    InscrireFenetreRelais(dialogue);
 
     // The path file in the user's configuration folder; without it both folders stay empty.
     const QString config = QStandardPaths::writableLocation(QStandardPaths::AppConfigLocation);

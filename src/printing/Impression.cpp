@@ -99,26 +99,37 @@ void MesurerMarge(Page& page, EtatImpression& etat) {
 
 // ---- progress ----
 
+namespace {
+void Signaler(const Etude& e, const EtatImpression& etat) {
+    if (etat.SuiviProgression)
+        etat.SuiviProgression(e.ProgressionActive, etat.Progression, etat.TexteProgression);
+}
+} // namespace
+
 void DebutProgression(Etude& e, EtatImpression& etat, int pas, const std::string& texte) {
     e.PasProgression = pas > 0 ? 100.0 / pas : 100.0;
     etat.TexteProgression = texte;
     etat.Progression = 0.0;
     e.ProgressionActive = true;
+    Signaler(e, etat);
 }
 
 void AvancerProgression(Etude& e, EtatImpression& etat, int n) {
     if (!e.ProgressionActive) return;
     etat.Progression = std::clamp(etat.Progression + n * e.PasProgression, 0.0, 100.0);
+    Signaler(e, etat);
 }
 
 void PlacerProgression(Etude& e, EtatImpression& etat, int n) {
     if (!e.ProgressionActive) return;
     etat.Progression = std::clamp(n * e.PasProgression, 0.0, 100.0);
+    Signaler(e, etat);
 }
 
 void FinProgression(Etude& e, EtatImpression& etat) {
     e.ProgressionActive = false;
     etat.TexteProgression.clear();
+    Signaler(e, etat);
 }
 
 bool DoitImprimer(const Etude& e) {

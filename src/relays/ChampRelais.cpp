@@ -4,10 +4,15 @@
 
 namespace tournesol {
 
+std::string UniteDuChamp(const DescriptionChamp& d) {
+    if (!d.Unite.empty()) return d.Unite;
+    if (d.Colonne == ColonneOhms::Secondaire) return UNITE_SECONDAIRE;
+    if (d.Colonne == ColonneOhms::Primaire) return UNITE_PRIMAIRE;
+    return {};
+}
+
 std::string LegendeAvecUnite(const DescriptionChamp& d) {
-    std::string unite = d.Unite;
-    if (unite.empty() && d.Colonne == ColonneOhms::Secondaire) unite = UNITE_SECONDAIRE;
-    if (unite.empty() && d.Colonne == ColonneOhms::Primaire) unite = UNITE_PRIMAIRE;
+    const std::string unite = UniteDuChamp(d);
     if (unite.empty()) return d.Legende;
     if (d.Legende.empty()) return unite;
     return d.Legende + " (" + unite + ")";

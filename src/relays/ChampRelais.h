@@ -81,6 +81,9 @@ struct DescriptionChamp {
     ModeArrondi Arrondi = ModeArrondi::Proche;
 };
 
+// The unit of a field: its own, or that of its column of ohms; empty for none.
+std::string UniteDuChamp(const DescriptionChamp& d);
+
 // The caption of a field as the panel shows it: the caption, then the unit in brackets.
 std::string LegendeAvecUnite(const DescriptionChamp& d);
 

@@ -94,6 +94,32 @@ TEST(Impression, BarreDeProgression) {
     EXPECT_DOUBLE_EQ(etat.Progression, 75.0);
 }
 
+// What the progress panel is told: every change of the bar while it is open, then its closing.
+TEST(Impression, LeSuiviDeLaBarre) {
+    struct Etape {
+        bool ouvert;
+        double valeur;
+        std::string texte;
+        bool operator==(const Etape&) const = default;
+    };
+    std::vector<Etape> suivi;
+    Etude e;
+    EtatImpression etat;
+    etat.SuiviProgression = [&suivi](bool ouvert, double valeur, const std::string& texte) {
+        suivi.push_back({ouvert, valeur, texte});
+    };
+    AvancerProgression(e, etat, 1); // closed: nothing to tell
+    DebutProgression(e, etat, 4, "Page 2 : Line");
+    AvancerProgression(e, etat, 1);
+    PlacerProgression(e, etat, 7);
+    FinProgression(e, etat);
+    PlacerProgression(e, etat, 1);
+    EXPECT_EQ(suivi, (std::vector<Etape>{{true, 0.0, "Page 2 : Line"},
+                                         {true, 25.0, "Page 2 : Line"},
+                                         {true, 100.0, "Page 2 : Line"},
+                                         {false, 100.0, ""}}));
+}
+
 TEST(Impression, AllerColonneLaisseVoirEchap) {
     Essai x;
     x.e.Pas = 1.0;

@@ -102,6 +102,10 @@ void DialogueQt::Inscrire(const std::string& panneau, FabriqueVue fabrique) {
     fabriques_[panneau] = std::move(fabrique);
 }
 
+void DialogueQt::InscrireGenre(FabriqueVue fabrique) {
+    genres_.push_back(std::move(fabrique));
+}
+
 void DialogueQt::Message(const std::string& titre, const std::string& texte, int icone) {
     FenetreMessage fenetre(Q(titre), Lignes(texte), icone, {}, QApplication::activeWindow());
     fenetre.exec();
@@ -123,6 +127,8 @@ void DialogueQt::MontrerPanneau(Panneau& panneau) {
     std::unique_ptr<FenetrePanneau> fenetre;
     if (const auto it = fabriques_.find(panneau.Nom()); it != fabriques_.end())
         fenetre = it->second(panneau, *this);
+    for (auto genre = genres_.begin(); !fenetre && genre != genres_.end(); ++genre)
+        fenetre = (*genre)(panneau, *this);
     if (!fenetre) {
         fenetre = std::make_unique<FenetrePanneau>(panneau, QApplication::activeWindow());
         fenetre->ConstruireGenerique();

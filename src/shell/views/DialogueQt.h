@@ -8,6 +8,7 @@
 #include <functional>
 #include <map>
 #include <memory>
+#include <vector>
 
 class QLabel;
 
@@ -22,6 +23,9 @@ public:
     DialogueQt();
     // The dedicated window of a panel; the others are built from their fields.
     void Inscrire(const std::string& panneau, FabriqueVue fabrique);
+    // The window of a kind of panel (the relay panels, say): the fabrique answers nullptr for a
+    // panel of another kind. Tried in order for a panel without a window of its own name.
+    void InscrireGenre(FabriqueVue fabrique);
 
     void Message(const std::string& titre, const std::string& texte, int icone) override;
     int Question(const std::string& titre, const std::string& texte, int icone,
@@ -33,6 +37,7 @@ public:
 
 private:
     std::map<std::string, FabriqueVue> fabriques_;
+    std::vector<FabriqueVue> genres_;
     bool sablier_ = false;
 };
 

@@ -33,68 +33,64 @@ FenetrePanneau::FenetrePanneau(Panneau& modele, QWidget* parent)
     setWindowTitle(Q(modele.Titre()));
 }
 
+QWidget* FenetrePanneau::CreerWidget(Panneau& modele, const Champ& c, QWidget* parent) {
+    QWidget* w = nullptr;
+    switch (c.Genre) {
+    case GenreChamp::Texte:
+        w = new QLineEdit(parent);
+        break;
+    case GenreChamp::Liste: {
+        auto* liste = new QComboBox(parent);
+        liste->setEditable(true);
+        liste->setInsertPolicy(QComboBox::NoInsert);
+        liste->setMinimumWidth(220);
+        w = liste;
+        break;
+    }
+    case GenreChamp::Option:
+        w = new QRadioButton(Q(c.Texte), parent);
+        break;
+    case GenreChamp::Case:
+        w = new QCheckBox(Q(c.Texte), parent);
+        break;
+    case GenreChamp::Bouton: {
+        auto* bouton = new QPushButton(Q(c.Texte), parent);
+        bouton->setAutoDefault(false);
+        w = bouton;
+        break;
+    }
+    case GenreChamp::Etiquette: {
+        if (c.Nom == "placerprotection") {
+            // The picture of the line, where a click places the relay.
+            auto* image = new ImageLigne(c, parent);
+            image->Choisir = [&modele, image](int bout) {
+                modele.Cliquer("placerprotection(" + std::to_string(bout) + ")");
+                if (auto* fenetre = qobject_cast<FenetrePanneau*>(image->window()))
+                    fenetre->Liaison()->Rafraichir(), fenetre->Apres();
+            };
+            return image;
+        }
+        auto* etiquette = new QLabel(Q(c.Texte), parent);
+        etiquette->setWordWrap(true);
+        w = etiquette;
+        break;
+    }
+    }
+    w->setObjectName(Q(c.Nom));
+    return w;
+}
+
 void FenetrePanneau::Construire(Panneau& modele, const std::string& groupe, QFormLayout* formulaire,
                                 QBoxLayout* boutons, QWidget* parent) {
     for (const Champ& c : modele.Champs()) {
         if (c.Groupe != groupe || (c.Genre == GenreChamp::Etiquette && c.Nom == groupe)) continue;
-        const QString nom = Q(c.Nom);
-        switch (c.Genre) {
-        case GenreChamp::Texte: {
-            auto* ligne = new QLineEdit(parent);
-            ligne->setObjectName(nom);
-            formulaire->addRow(Q(c.Legende), ligne);
-            break;
-        }
-        case GenreChamp::Liste: {
-            auto* liste = new QComboBox(parent);
-            liste->setEditable(true);
-            liste->setInsertPolicy(QComboBox::NoInsert);
-            liste->setObjectName(nom);
-            liste->setMinimumWidth(220);
-            formulaire->addRow(Q(c.Legende), liste);
-            break;
-        }
-        case GenreChamp::Option: {
-            auto* option = new QRadioButton(Q(c.Texte), parent);
-            option->setObjectName(nom);
-            formulaire->addRow(option);
-            break;
-        }
-        case GenreChamp::Case: {
-            auto* boite = new QCheckBox(Q(c.Texte), parent);
-            boite->setObjectName(nom);
-            formulaire->addRow(boite);
-            break;
-        }
-        case GenreChamp::Bouton: {
-            auto* bouton = new QPushButton(Q(c.Texte), parent);
-            bouton->setObjectName(nom);
-            bouton->setAutoDefault(false);
-            if (boutons)
-                boutons->addWidget(bouton);
-            else
-                formulaire->addRow(bouton);
-            break;
-        }
-        case GenreChamp::Etiquette: {
-            if (c.Nom == "placerprotection") {
-                // The picture of the line, where a click places the relay.
-                auto* image = new ImageLigne(c, parent);
-                image->Choisir = [&modele, image](int bout) {
-                    modele.Cliquer("placerprotection(" + std::to_string(bout) + ")");
-                    if (auto* fenetre = qobject_cast<FenetrePanneau*>(image->window()))
-                        fenetre->Liaison()->Rafraichir(), fenetre->Apres();
-                };
-                formulaire->addRow(image);
-                break;
-            }
-            auto* etiquette = new QLabel(Q(c.Texte), parent);
-            etiquette->setObjectName(nom);
-            etiquette->setWordWrap(true);
-            formulaire->addRow(etiquette);
-            break;
-        }
-        }
+        QWidget* w = CreerWidget(modele, c, parent);
+        if (c.Genre == GenreChamp::Texte || c.Genre == GenreChamp::Liste)
+            formulaire->addRow(Q(c.Legende), w);
+        else if (c.Genre == GenreChamp::Bouton && boutons)
+            boutons->addWidget(w);
+        else
+            formulaire->addRow(w);
     }
 }
 

@@ -11,6 +11,7 @@ namespace tournesol {
 
 class Panneau;
 class Lieur;
+struct Champ;
 
 class FenetrePanneau : public QDialog {
     Q_OBJECT
@@ -19,6 +20,9 @@ public:
     Panneau& Modele() { return modele_; }
     Lieur* Liaison() { return lieur_; }
 
+    // The widget of a field, named as the field: a line, a list, an option, a check box, a
+    // button or a text (the picture of the line for placerprotection).
+    static QWidget* CreerWidget(Panneau& modele, const Champ& c, QWidget* parent);
     // Builds the widgets of every field of a group into a layout (labels from the captions).
     static void Construire(Panneau& modele, const std::string& groupe, QFormLayout* formulaire,
                            QBoxLayout* boutons, QWidget* parent);

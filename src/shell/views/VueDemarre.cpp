@@ -4,6 +4,7 @@
 #include "diagram/Plan.h"
 #include "diagram/views/SurfaceQt.h"
 #include "printing/Impression.h"
+#include "printing/views/FenetreProgression.h"
 #include "printing/views/PageQt.h"
 #include "shell/Dialogue.h"
 #include "shell/Etude.h"
@@ -191,23 +192,35 @@ VueDemarre::VueDemarre(PanneauDemarre& modele, Etude& e)
         if (auto* a = findChild<QAction*>(QString("mnucouleur(%1)").arg(i)))
             connect(a, &QAction::triggered, this, [this, i] { ChoisirCouleur(i); });
     // The report goes to the printer chosen in the printer's dialog (a PDF file among them).
-    demarre_.DefinirImprimeur([this](PanneauDemarre& modele) {
+    progression_ = new FenetreProgression(this);
+    progression_->Echap = [this] {
+        demarre_.Touche(Panneau::TOUCHE_ECHAP);
+        return e_.ArretImpression;
+    };
+    demarre_.DefinirImprimeur([this](PanneauDemarre&) {
         QPrinter imprimante(QPrinter::HighResolution);
         imprimante.setPageSize(QPageSize(QPageSize::A4));
         QPrintDialog choix(&imprimante, this);
         choix.setObjectName("dlgImprimante");
         if (choix.exec() != QDialog::Accepted) return;
-        PageQt page(imprimante);
-        EtatImpression etat;
-        OptionsImpression options;
-        options.textesRegles = [](int regle) { return TextesRegleRapport(regle); };
-        options.dessin = [&modele](Plan& plan) { modele.Dessiner(plan); };
-        DialogueImpression evenements;
-        Imprimer(e_, evenements, page, etat, options);
-        page.Fermer();
+        ImprimerSur(imprimante);
     });
     resize(1100, 760);
     Lier();
+}
+
+void VueDemarre::ImprimerSur(QPagedPaintDevice& support) {
+    PageQt page(support);
+    EtatImpression etat;
+    etat.SuiviProgression = [this](bool ouvert, double valeur, const std::string& texte) {
+        progression_->Suivre(ouvert, valeur, texte);
+    };
+    OptionsImpression options;
+    options.textesRegles = [](int regle) { return TextesRegleRapport(regle); };
+    options.dessin = [this](Plan& plan) { demarre_.Dessiner(plan); };
+    DialogueImpression evenements;
+    Imprimer(e_, evenements, page, etat, options);
+    page.Fermer();
 }
 
 void VueDemarre::ApresHandler() {

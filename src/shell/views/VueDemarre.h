@@ -8,11 +8,13 @@
 
 class QMenu;
 class QLabel;
+class QPagedPaintDevice;
 
 namespace tournesol {
 
 struct Etude;
 class PanneauDemarre;
+class FenetreProgression;
 
 // The diagram: the plane drawn through QPainter, one ohm equal on both axes.
 class Diagramme : public QWidget {
@@ -45,6 +47,8 @@ class VueDemarre : public FenetrePanneau {
     Q_OBJECT
 public:
     VueDemarre(PanneauDemarre& modele, Etude& e);
+    // The report onto a printer or a PDF file, the progress panel up while it prints.
+    void ImprimerSur(QPagedPaintDevice& support);
 
 protected:
     void ApresHandler() override;
@@ -58,6 +62,7 @@ private:
     Diagramme* diagramme_;
     int version_ = -1;
     QPointer<FenetrePanneau> diagnostics_; // frmDiagnostics, beside the working window
+    FenetreProgression* progression_;      // frmImpress
 };
 
 } // namespace tournesol

@@ -23,6 +23,7 @@
 #include <QLineEdit>
 #include <QPushButton>
 #include <QRadioButton>
+#include <QTabWidget>
 #include <QTemporaryDir>
 #include <cmath>
 #include <gtest/gtest.h>
@@ -107,6 +108,10 @@ TEST(FenetresPD3A, DuTitreAuPanneauPuisALaBaseEtRetour) {
                 // In "Modify" a desired first zone of 12 secondary ohms, and a timer.
                 EXPECT_FALSE(e.PanneauRelais);
                 TaperLigne(w->findChild<QLineEdit*>("txtX1_bt"), "12", true);
+                // The timers are on the third sheet, enabled once it is in front.
+                auto* feuilles = w->findChild<QTabWidget*>();
+                ASSERT_NE(feuilles, nullptr);
+                feuilles->setCurrentIndex(2);
                 TaperLigne(w->findChild<QLineEdit*>("txtt2"), "257", true);
                 EXPECT_EQ(w->findChild<QLineEdit*>("txtt2")->text(), "250");
             }

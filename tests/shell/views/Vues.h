@@ -1,6 +1,8 @@
-// The windows of the opening dialog and of the working window, registered as the program does.
+// The windows of the opening dialog, of the working window and of the relays, registered as the
+// program does.
 #pragma once
 
+#include "relays/views/FenetreRelais.h"
 #include "shell/Etude.h"
 #include "shell/PanneauDemarre.h"
 #include "shell/PanneauTitre.h"
@@ -19,6 +21,7 @@ inline void InscrireVues(DialogueQt& d, Etude& e) {
     d.Inscrire("frmDémarre", [&e](Panneau& p, DialogueQt&) -> std::unique_ptr<FenetrePanneau> {
         return std::make_unique<VueDemarre>(dynamic_cast<PanneauDemarre&>(p), e);
     });
+    InscrireFenetreRelais(d);
 }
 
 } // namespace tournesol
