@@ -22,6 +22,7 @@
 #include <QElapsedTimer>
 #include <QFile>
 #include <QLocale>
+#include <QPushButton>
 #include <QStandardPaths>
 #include <QTimer>
 #include <iostream>
@@ -32,24 +33,47 @@ namespace {
 
 // `tournesol --capture IMAGE.png STUDY.json`: the working window on a study, saved as an image
 // once its diagram is drawn, then the program ends. It prints how long the start took.
-// The panels that come up on the way are confirmed unchanged.
-void Capturer(const QString& image, const QElapsedTimer& chrono) {
-    QTimer::singleShot(0, [image, &chrono] {
+// `--capture-relais IMAGE.png STUDY.json`: the same with the relay's panel, opened by "set" from
+// the working window. The panels that come up on the way are confirmed unchanged.
+struct Capture {
+    QString image;
+    bool relais = false;
+    bool prise = false;
+};
+
+void Capturer(Capture capture, const QElapsedTimer& chrono) {
+    QTimer::singleShot(0, [capture, &chrono]() mutable {
+        QWidget* modal = QApplication::activeModalWidget();
+        // The working window itself is modal; a panel above it is the modal one.
+        if (modal && modal->objectName() == "frmDémarre") modal = nullptr;
+        if (auto* panneau = qobject_cast<FenetreRelais*>(modal); panneau && capture.relais) {
+            panneau->grab().save(capture.image);
+            capture.prise = true;
+        }
         for (QWidget* w : QApplication::topLevelWidgets()) {
-            if (w->objectName() != "frmDémarre" || !w->isVisible()) continue;
-            w->grab().save(image);
-            std::cout << "first diagram drawn after " << chrono.elapsed() << " ms\n";
+            if (modal || w->objectName() != "frmDémarre" || !w->isVisible()) continue;
+            if (capture.relais && !capture.prise) {
+                // The relay's panel comes up modally, in a turn of events of its own.
+                auto* regler = w->findChild<QPushButton*>("cmdextra");
+                QTimer::singleShot(0, regler, [regler] { regler->click(); });
+                Capturer(capture, chrono);
+                return;
+            }
+            if (!capture.relais) {
+                w->grab().save(capture.image);
+                std::cout << "first diagram drawn after " << chrono.elapsed() << " ms\n";
+            }
             if (auto* quitter = w->findChild<QAction*>("mnuQuitter")) quitter->trigger();
             return;
         }
         // The panels of the opening are confirmed as they stand, as the command line does.
-        if (auto* panneau = qobject_cast<FenetrePanneau*>(QApplication::activeModalWidget())) {
+        if (auto* panneau = qobject_cast<FenetrePanneau*>(modal)) {
             panneau->Modele().Valider();
             panneau->accept();
-        } else if (auto* message = qobject_cast<QDialog*>(QApplication::activeModalWidget())) {
+        } else if (auto* message = qobject_cast<QDialog*>(modal)) {
             message->accept();
         }
-        Capturer(image, chrono);
+        Capturer(capture, chrono);
     });
 }
 
@@ -102,9 +126,10 @@ int main(int argc, char** argv) {
 
     QStringList args = QApplication::arguments();
     args.removeFirst();
-    QString capture;
-    if (args.size() >= 2 && args.first() == "--capture") {
-        capture = args.at(1);
+    Capture capture;
+    if (args.size() >= 2 && (args.first() == "--capture" || args.first() == "--capture-relais")) {
+        capture.relais = args.first() == "--capture-relais";
+        capture.image = args.at(1);
         args = args.mid(2);
     }
     // The study base: bd1.mdb in the folder of the master base, made on first use.
@@ -128,7 +153,7 @@ int main(int argc, char** argv) {
         }
         application.OuvrirAuDemarrage();
     }
-    if (!capture.isEmpty()) Capturer(capture, chrono);
+    if (!capture.image.isEmpty()) Capturer(capture, chrono);
     application.Main();
     return 0;
 }

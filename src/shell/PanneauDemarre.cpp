@@ -25,20 +25,23 @@ namespace {
 const char* const REPORTS[] = {"chktriphasé", "chkmonophasé", "chkmaximal"};
 
 // The legend: each characteristic's entry and the colour it takes.
+// An entry of the legend: its colour, and the part of the drawing its check box shows.
 struct EntreeLegende {
     const char* nom;
     const char* texte;
     Couleur Etude::*couleur;
+    bool OptionsAffichage::*montre;
 };
 constexpr EntreeLegende LEGENDE[] = {
-    {"txtTransit1", "Transit", &Etude::CouleurTransit1},
-    {"txtTransit2", "line image", &Etude::CouleurTransit2},
-    {"txttransit3", "lines at 30°", &Etude::CouleurTransit3},
-    {"txtZoneanti", "anti-out of step", &Etude::CouleurAntipompage},
-    {"txtmono", "Mise en route boucle mono", &Etude::CouleurMonophase},
-    {"txttri", "phase to phase pick up", &Etude::CouleurTriphase},
-    {"txtZones", "Zones", &Etude::CouleurZones},
-    {"txtdir", "Directional", &Etude::CouleurDirectionnel},
+    {"txtTransit1", "Transit", &Etude::CouleurTransit1, &OptionsAffichage::Transit1},
+    {"txtTransit2", "line image", &Etude::CouleurTransit2, &OptionsAffichage::Transit2},
+    {"txttransit3", "lines at 30°", &Etude::CouleurTransit3, &OptionsAffichage::Transit3},
+    {"txtZoneanti", "anti-out of step", &Etude::CouleurAntipompage, &OptionsAffichage::Antipompage},
+    {"txtmono", "Mise en route boucle mono", &Etude::CouleurMonophase,
+     &OptionsAffichage::Monophase},
+    {"txttri", "phase to phase pick up", &Etude::CouleurTriphase, &OptionsAffichage::Triphase},
+    {"txtZones", "Zones", &Etude::CouleurZones, &OptionsAffichage::Zones},
+    {"txtdir", "Directional", &Etude::CouleurDirectionnel, &OptionsAffichage::Directionnel},
 };
 
 // The colour menu's entries, mnucouleur(1..12).
@@ -286,13 +289,7 @@ void PanneauDemarre::Cliquer(const std::string& nom) {
         }
     for (const EntreeLegende& l : LEGENDE)
         if (nom == l.nom) {
-            const bool actif = Trouver(nom)->Valeur;
-            if (nom == std::string("txtTransit1"))
-                affichage_.Transit1 = actif;
-            else if (nom == std::string("txtTransit2"))
-                affichage_.Transit2 = actif;
-            else if (nom == std::string("txttransit3"))
-                affichage_.Transit3 = actif;
+            affichage_.*l.montre = Trouver(nom)->Valeur;
             Redessiner();
             return;
         }

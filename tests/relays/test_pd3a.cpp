@@ -2,6 +2,7 @@
 // limits, the resistance and its step, the angle and earth factor wheels, the timers, the rules
 // of the setting guide, the characteristic, the stored list and the panel.
 #include "diagnostics/Diagnostics.h"
+#include "diagram/SurfaceEnregistree.h"
 #include "network/Numerique.h"
 #include "relays/Relais.h"
 #include "relays/pd3a/CalculPD3A.h"
@@ -326,6 +327,24 @@ TEST(CaracteristiquePD3A, ParallelogrammesParCasDeReport) {
     e.Pompage = true;
     e.PD3A.BandeX = 3.0F;
     EXPECT_EQ(SegmentsPD3A(e).size(), 21u);
+
+    // The legend's check box of a part hides its segments, and only them.
+    e.ScaleLeft = -50.0F;
+    e.ScaleTop = 50.0F;
+    e.ScaleWidth = 100.0F;
+    e.ScaleHeight = -100.0F;
+    SurfaceEnregistree surface(500.0, 500.0);
+    Plan plan(e, surface);
+    OptionsAffichage options;
+    options.Zones = false;
+    DrawPD3A(plan, options);
+    int zones = 0, triphase = 0;
+    for (const SegmentImage& seg : plan.Segments()) {
+        zones += seg.Couleur == e.CouleurZones;
+        triphase += seg.Couleur == e.CouleurTriphase;
+    }
+    EXPECT_EQ(zones, 0);
+    EXPECT_EQ(triphase, 5);
 
     // The single phase case: the parallelogram of Rm = Rreg CRm / CRcourant.
     e.TypeReportCharge = 1;
