@@ -82,14 +82,9 @@ TEST(FenetresPD3A, DuTitreAuPanneauPuisALaBaseEtRetour) {
         if (nom == "frmtitre") {
             ++titres;
             if (titres == 1) {
-                Taper(w, "txtposte", "CHAMPAGNIER");
-                Taper(w, "txtDépart", "GRANDE-ILE");
-                Taper(w, "txtProtection", "PD3A");
-                Taper(w, "txtnuméro", "1");
+                NommerEtude(w, "CHAMPAGNIER", "GRANDE-ILE", "PD3A", "1");
             } else if (titres == 2) {
-                EXPECT_TRUE(Choisir(w, "txtposte", "CHAMPAGNIER") &&
-                            Choisir(w, "txtDépart", "GRANDE-ILE") &&
-                            Choisir(w, "txtProtection", "PD3A") && Choisir(w, "txtnuméro", "1"));
+                EXPECT_TRUE(ChoisirEtude(w, "CHAMPAGNIER", "GRANDE-ILE", "PD3A", "1"));
                 // What stays in memory must not be what comes back.
                 e.X1_HT = e.X1reg_HT = e.X3reg_HT = e.R_HT = 0.0;
                 e.PD3A.K1 = e.PD3A.Rd = 0;

@@ -48,6 +48,21 @@ inline bool Choisir(QWidget* fenetre, const char* nom, const QString& entree) {
     return true;
 }
 
+// A study named in the opening dialog: typed, or picked from the lists (true when every name was
+// in its list).
+inline void NommerEtude(QWidget* titre, const QString& poste, const QString& depart,
+                        const QString& relais, const QString& numero) {
+    Taper(titre, "txtposte", poste);
+    Taper(titre, "txtDépart", depart);
+    Taper(titre, "txtProtection", relais);
+    Taper(titre, "txtnuméro", numero);
+}
+inline bool ChoisirEtude(QWidget* titre, const QString& poste, const QString& depart,
+                         const QString& relais, const QString& numero) {
+    return Choisir(titre, "txtposte", poste) && Choisir(titre, "txtDépart", depart) &&
+           Choisir(titre, "txtProtection", relais) && Choisir(titre, "txtnuméro", numero);
+}
+
 // The opening dialog confirmed with OK, its first box left as the user leaves it.
 inline void ConfirmerTitre(QWidget* titre) {
     Focus(titre->findChild<QComboBox*>("txtposte")->lineEdit(), QEvent::FocusIn);

@@ -41,16 +41,10 @@ TEST(BaseFenetres, SauverPuisRouvrirParLesListes) {
         if (nom == "frmtitre") {
             ++titres;
             if (titres == 1) {
-                Taper(w, "txtposte", "SAINT-\"VICTOR\"");
-                Taper(w, "txtDépart", "L'ISLE");
-                Taper(w, "txtProtection", "PD3A");
-                Taper(w, "txtnuméro", "2");
+                NommerEtude(w, "SAINT-\"VICTOR\"", "L'ISLE", "PD3A", "2");
             } else if (titres == 2) {
                 // The names come back from the base's lists.
-                listesRemplies = Choisir(w, "txtposte", "SAINT-\"VICTOR\"") &&
-                                 Choisir(w, "txtDépart", "L'ISLE") &&
-                                 Choisir(w, "txtProtection", "PD3A") &&
-                                 Choisir(w, "txtnuméro", "2");
+                listesRemplies = ChoisirEtude(w, "SAINT-\"VICTOR\"", "L'ISLE", "PD3A", "2");
                 // What stayed in memory from the first pass must not be what comes back.
                 e.Ligne_XLA = 0.0;
                 e.Ligne_Up = 400;
