@@ -90,7 +90,7 @@ TEST(FenetresPD3A, DuTitreAuPanneauPuisALaBaseEtRetour) {
                 e.PD3A.K1 = e.PD3A.Rd = 0;
                 e.T2 = 0;
             } else {
-                QTest::mouseClick(w->findChild<QPushButton*>("cmdQuitter"), Qt::LeftButton);
+                QuitterTitre(w);
                 return;
             }
             ConfirmerTitre(w);
@@ -147,12 +147,8 @@ TEST(FenetresPD3A, DuTitreAuPanneauPuisALaBaseEtRetour) {
                 rouverts = LireReglages(e);
             }
             w->findChild<QAction*>("mnuChangerPoste")->trigger();
-        } else if (auto* annuler = w->findChild<QPushButton*>("Command2")) {
-            QTest::mouseClick(annuler, Qt::LeftButton);
-        } else if (auto* ok = w->findChild<QPushButton*>("cmdBouton(0)")) {
-            QTest::mouseClick(ok, Qt::LeftButton);
         } else {
-            QTest::keyClick(w, Qt::Key_Return);
+            RepondreParDefaut(w);
         }
     };
     {

@@ -69,6 +69,22 @@ inline void ConfirmerTitre(QWidget* titre) {
     QTest::mouseClick(titre->findChild<QPushButton*>("cmdOK"), Qt::LeftButton);
 }
 
+// The opening dialog left by its Quit button.
+inline void QuitterTitre(QWidget* titre) {
+    QTest::mouseClick(titre->findChild<QPushButton*>("cmdQuitter"), Qt::LeftButton);
+}
+
+// Any other window on the way: a panel with a cancel button (Command2) is left unchanged, a
+// question gets its first button, a message is closed with Enter.
+inline void RepondreParDefaut(QWidget* w) {
+    if (auto* annuler = w->findChild<QPushButton*>("Command2"))
+        QTest::mouseClick(annuler, Qt::LeftButton);
+    else if (auto* premier = w->findChild<QPushButton*>("cmdBouton(0)"))
+        QTest::mouseClick(premier, Qt::LeftButton);
+    else
+        QTest::keyClick(w, Qt::Key_Return);
+}
+
 // The relay chosen in frmChoixProtection by its number.
 inline void ChoisirRelais(QWidget* choix, int id) {
     const std::string option = "Option3D1(" + std::to_string(id) + ")";

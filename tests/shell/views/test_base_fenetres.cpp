@@ -49,7 +49,7 @@ TEST(BaseFenetres, SauverPuisRouvrirParLesListes) {
                 e.Ligne_XLA = 0.0;
                 e.Ligne_Up = 400;
             } else {
-                QTest::mouseClick(w->findChild<QPushButton*>("cmdQuitter"), Qt::LeftButton);
+                QuitterTitre(w);
                 return;
             }
             ConfirmerTitre(w);
@@ -68,12 +68,8 @@ TEST(BaseFenetres, SauverPuisRouvrirParLesListes) {
                 EXPECT_EQ(e.id_numero, 2);
             }
             w->findChild<QAction*>("mnuChangerPoste")->trigger();
-        } else if (w->findChild<QPushButton*>("Command2")) {
-            QTest::mouseClick(w->findChild<QPushButton*>("Command2"), Qt::LeftButton);
-        } else if (auto* ok = w->findChild<QPushButton*>("cmdBouton(0)")) {
-            QTest::mouseClick(ok, Qt::LeftButton);
         } else {
-            QTest::keyClick(w, Qt::Key_Return);
+            RepondreParDefaut(w);
         }
     };
     {
