@@ -4,6 +4,9 @@
 #include <cmath>
 #include <cstdio>
 #include <cstdlib>
+#include <functional>
+#include <string>
+#include <unordered_map>
 #include <vector>
 
 namespace tournesol {
@@ -141,8 +144,9 @@ void Decomposer(double valeur, int nbDecimales, std::string& entier, std::string
     std::string chiffres;
     int avantPoint = 0; // digits of `chiffres` before the decimal point
     if (valeur != 0.0) {
-        char tampon[64];
-        std::snprintf(tampon, sizeof tampon, "%.*e", CHIFFRES_SIGNIFICATIFS - 1, valeur);
+        char tampon[64] = {};
+        std::to_chars(tampon, tampon + sizeof tampon - 1, valeur, std::chars_format::scientific,
+                      CHIFFRES_SIGNIFICATIFS - 1);
         chiffres.push_back(tampon[0]);
         chiffres.append(tampon + 2, tampon + 1 + CHIFFRES_SIGNIFICATIFS);
         avantPoint = std::atoi(tampon + 2 + CHIFFRES_SIGNIFICATIFS) + 1;
@@ -240,6 +244,20 @@ struct Choix {
     bool signe; // the section shows the minus sign itself
 };
 
+// A section's picture, analysed once: the formats are the program's own few literals.
+const Image& ImageDe(std::string_view section) {
+    struct Hachage {
+        using is_transparent = void;
+        std::size_t operator()(std::string_view s) const {
+            return std::hash<std::string_view>{}(s);
+        }
+    };
+    static std::unordered_map<std::string, Image, Hachage, std::equal_to<>> images;
+    auto it = images.find(section);
+    if (it == images.end()) it = images.emplace(std::string(section), Analyser(section)).first;
+    return it->second;
+}
+
 Choix Choisir(double valeur, std::string_view format) {
     const auto sections = Sections(format);
     if (valeur == 0.0 && sections.size() > 2 && !sections[2].empty())
@@ -263,7 +281,7 @@ std::string FormaterNombre(double valeur, std::string_view format) {
     if (!std::isfinite(valeur)) return "Overflow";
     const Choix choix = Choisir(valeur, format);
     if (choix.section.empty()) return Generale(choix.valeur);
-    const Image image = Analyser(choix.section);
+    const Image& image = ImageDe(choix.section);
     std::string entier, decimales;
     Decomposer(image.pourcent ? choix.valeur * 100.0 : choix.valeur, image.nbDecimales, entier,
                decimales);
@@ -293,7 +311,7 @@ std::string FormaterNombre(double valeur, std::string_view format) {
 double ArrondirSelonFormat(double valeur, std::string_view format) {
     if (!std::isfinite(valeur)) return valeur;
     const Choix choix = Choisir(valeur, format);
-    const Image image = Analyser(choix.section);
+    const Image& image = ImageDe(choix.section);
     if (choix.section.empty() || !image.chiffres) return valeur;
     const double echelle = image.pourcent ? 100.0 : 1.0;
     std::string entier, decimales;

@@ -3,13 +3,14 @@
 namespace tournesol {
 
 Champ* Panneau::Trouver(const std::string& nom) {
-    for (Champ& c : champs_)
-        if (c.Nom == nom) return &c;
-    return nullptr;
+    const auto it = index_.find(nom);
+    return it == index_.end() ? nullptr : it->second;
 }
 
 Champ& Panneau::AjouterChamp(Champ champ) {
-    return champs_.emplace_back(std::move(champ));
+    Champ& c = champs_.emplace_back(std::move(champ));
+    index_.emplace(c.Nom, &c);
+    return c;
 }
 
 Champ& Panneau::Ajouter(GenreChamp genre, const std::string& nom, const std::string& texte,

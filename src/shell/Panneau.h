@@ -6,6 +6,7 @@
 
 #include <deque>
 #include <string>
+#include <unordered_map>
 
 namespace tournesol {
 
@@ -75,6 +76,8 @@ private:
     std::string titre_;
     bool ferme_ = false;
     std::deque<Champ> champs_; // stable references for the views
+    // The first field of each name; a field keeps its name for the panel's life.
+    std::unordered_map<std::string, Champ*> index_;
 };
 
 } // namespace tournesol
