@@ -249,21 +249,20 @@ void PanneauPD3A::LireOptions() {
     if (!ModeRetour()) Trouver(CHK_POMPAGE)->Valeur = e_.Pompage;
 }
 
-void PanneauPD3A::LireTypeEtPompage() {
+void PanneauPD3A::LireType() {
     e_.PD3A.Type6062 = Trouver(CHK_TYPE1)->Valeur;
     e_.PD3A.Type6562 = Trouver(CHK_TYPE2)->Valeur;
-    e_.Pompage = Trouver(CHK_POMPAGE)->Valeur;
 }
 
 void PanneauPD3A::CalculZones() {
-    LireTypeEtPompage();
+    LireType();
+    e_.Pompage = Trouver(CHK_POMPAGE)->Valeur;
     CalculZonesPD3A(e_);
     zonesSaisies_ = false;
 }
 
 void PanneauPD3A::SaisieZones() {
-    e_.PD3A.Type6062 = Trouver(CHK_TYPE1)->Valeur;
-    e_.PD3A.Type6562 = Trouver(CHK_TYPE2)->Valeur;
+    LireType();
     for (const Zone& z : ZONES_PD3A) {
         e_.*z.xBT = ChampLire(*Trouver(z.souhaiteBT));
         e_.*z.xHT = Verifier(e_.Kz * (e_.*z.xBT));
@@ -275,8 +274,8 @@ void PanneauPD3A::SaisieZones() {
 
 void PanneauPD3A::ApresSaisie(const DescriptionChamp& champ, double /*valeur*/) {
     const std::string& nom = champ.Nom;
-    for (const char* souhaite : CHAMPS_SOUHAITES)
-        if (nom == souhaite) {
+    for (const Zone& z : ZONES_PD3A)
+        if (nom == z.souhaiteBT) {
             SaisieZones();
             return;
         }

@@ -10,10 +10,6 @@ class PanneauPD3A : public PanneauProtection {
 public:
     PanneauPD3A(Etude& e, Dialogue& d);
 
-    // The four desired secondary reaches, in the order of the zones.
-    static constexpr const char* CHAMPS_SOUHAITES[4] = {"txtX1_bt", "txtX2_bt", "txtx3_bt",
-                                                        "txtX4_bt"};
-
 protected:
     double DemiLargeurPlan() override;
     void LireOptions() override;
@@ -24,7 +20,7 @@ protected:
 private:
     void CalculZones();
     void SaisieZones();
-    void LireTypeEtPompage();
+    void LireType();
     // The desired secondary fields show the limited values after an entry, the primary
     // images of the desired reaches after a computation of the zones.
     bool zonesSaisies_ = false;
