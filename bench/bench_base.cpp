@@ -1,12 +1,13 @@
 // The study base at the size of a network region: 10,000 lines and 50,000 relays with their
 // settings. Measured: saving one study, opening it again, and filling the opening dialog's
 // lists for it.
+#include "core/Dialogue.h"
+#include "core/Etude.h"
+#include "core/Magasin.h"
+#include "core/Registre.h"
 #include "database/BaseEtudesSql.h"
-#include "shell/Dialogue.h"
-#include "shell/Etude.h"
-#include "shell/Magasin.h"
+#include "relays/Relais.h"
 #include "shell/Ouverture.h"
-#include "shell/Registre.h"
 
 #include <QSqlDatabase>
 #include <QSqlQuery>
@@ -129,6 +130,7 @@ struct Region {
     // The first relay of line 4321: a PD3A numbered 1.
     Etude Etude4321() const {
         Etude e;
+        InscrireRelais();
         InitRegistre(e);
         PreparerOuverture(e);
         e.NomPoste = NomPoste((4321 - 1) % POSTES + 1).toStdString();

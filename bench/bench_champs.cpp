@@ -1,9 +1,9 @@
 // Speed of the field mechanism that every panel runs on each field exit, and of the study file.
-#include "network/Champ.h"
-#include "network/Format.h"
-#include "shell/Etude.h"
-#include "shell/FichierEtude.h"
-#include "shell/Registre.h"
+#include "core/Champ.h"
+#include "core/Etude.h"
+#include "core/FichierEtude.h"
+#include "core/Format.h"
+#include "core/Registre.h"
 
 #include <benchmark/benchmark.h>
 

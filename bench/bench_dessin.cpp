@@ -1,16 +1,17 @@
 // A full redraw of the diagram, the plane and the load area of an example study, into a
 // 1000 x 1000 image through QPainter, as the diagram widget draws it.
+#include "core/Couleurs.h"
+#include "core/Dialogue.h"
+#include "core/Etude.h"
+#include "core/FichierEtude.h"
+#include "core/Registre.h"
 #include "diagnostics/Diagnostics.h"
 #include "diagram/Plan.h"
 #include "diagram/views/SurfaceQt.h"
 #include "printing/Impression.h"
 #include "printing/views/RapportPdf.h"
-#include "shell/Couleurs.h"
-#include "shell/Dialogue.h"
-#include "shell/Etude.h"
-#include "shell/FichierEtude.h"
+#include "relays/Relais.h"
 #include "shell/Ouverture.h"
-#include "shell/Registre.h"
 
 #include <QDir>
 #include <QGuiApplication>
@@ -25,6 +26,7 @@ namespace {
 
 void BM_Redessin(benchmark::State& state, const std::string& nom) {
     Etude e;
+    InscrireRelais();
     InitRegistre(e);
     PreparerOuverture(e);
     LireFichierEtude(std::filesystem::path(TOURNESOL_EXEMPLES) / nom, e);
@@ -54,6 +56,7 @@ BENCHMARK_CAPTURE(BM_Redessin, centrale_225kV, std::string("saint-alban-centrale
 // The whole report of an example (drawing and diagnostics page, line page) written as a PDF.
 void BM_RapportPdf(benchmark::State& state) {
     Etude e;
+    InscrireRelais();
     InitRegistre(e);
     PreparerOuverture(e);
     LireFichierEtude(

@@ -1,10 +1,11 @@
 // The whole opening sequence on each example study: the line computation for the three report
 // cases, the load report panel where it comes up, and the transit area of the case in force.
-#include "shell/Dialogue.h"
-#include "shell/Etude.h"
-#include "shell/FichierEtude.h"
+#include "core/Dialogue.h"
+#include "core/Etude.h"
+#include "core/FichierEtude.h"
+#include "core/Registre.h"
+#include "relays/Relais.h"
 #include "shell/Ouverture.h"
-#include "shell/Registre.h"
 
 #include <benchmark/benchmark.h>
 #include <filesystem>
@@ -15,6 +16,7 @@ namespace {
 
 Etude Charger(const std::string& nom) {
     Etude e;
+    InscrireRelais();
     InitRegistre(e);
     PreparerOuverture(e);
     LireFichierEtude(std::filesystem::path(TOURNESOL_EXEMPLES) / nom, e);

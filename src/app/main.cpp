@@ -1,18 +1,20 @@
 // tournesol: the engineer's desktop tool.
+#include "core/Dialogue.h"
+#include "core/Etude.h"
+#include "core/FichierEtude.h"
+#include "core/FichierIni.h"
+#include "core/Format.h"
+#include "core/Registre.h"
+#include "core/views/DialogueQt.h"
 #include "database/BaseEtudesSql.h"
 #include "database/Import.h"
-#include "network/Format.h"
+#include "network/views/ImageLigne.h"
+#include "relays/Relais.h"
 #include "relays/views/FenetreRelais.h"
 #include "shell/Application.h"
-#include "shell/Dialogue.h"
-#include "shell/Etude.h"
-#include "shell/FichierEtude.h"
-#include "shell/FichierIni.h"
 #include "shell/Ouverture.h"
 #include "shell/PanneauDemarre.h"
 #include "shell/PanneauTitre.h"
-#include "shell/Registre.h"
-#include "shell/views/DialogueQt.h"
 #include "shell/views/VueDemarre.h"
 #include "shell/views/VueTitre.h"
 
@@ -109,6 +111,7 @@ int main(int argc, char** argv) {
     if (point.size() == 1 && point.at(0).unicode() < 128)
         DefinirSeparateurDecimal(static_cast<char>(point.at(0).unicode()));
 
+    InscrireRelais();
     Etude etude;
     DialogueQt dialogue;
     dialogue.Inscrire("frmtitre", [](Panneau& p, DialogueQt&) -> std::unique_ptr<FenetrePanneau> {
@@ -119,6 +122,7 @@ int main(int argc, char** argv) {
             return std::make_unique<VueDemarre>(dynamic_cast<PanneauDemarre&>(p), etude);
         });
     InscrireFenetreRelais(dialogue);
+    InscrireVuesReseau();
 
     // The path file in the user's configuration folder; without it both folders stay empty.
     const QString config = QStandardPaths::writableLocation(QStandardPaths::AppConfigLocation);

@@ -1,13 +1,14 @@
 #include "cli/Rapport.h"
 
+#include "core/Dialogue.h"
+#include "core/Etude.h"
+#include "core/FichierEtude.h"
+#include "core/Registre.h"
 #include "diagnostics/Diagnostics.h"
 #include "printing/Impression.h"
 #include "printing/views/RapportPdf.h"
-#include "shell/Dialogue.h"
-#include "shell/Etude.h"
-#include "shell/FichierEtude.h"
+#include "relays/Relais.h"
 #include "shell/Ouverture.h"
-#include "shell/Registre.h"
 
 #include <QFile>
 #include <QGuiApplication>
@@ -50,6 +51,7 @@ int CommandeRapport(const std::vector<std::string>& args) {
     Etude e;
     DialogueSansFenetre dialogue;
     OptionsReport options;
+    InscrireRelais();
     InitRegistre(e);
     PreparerOuverture(e);
     try {

@@ -4,14 +4,15 @@
 #include "database/BaseEtudesSql.h"
 #include "database/Import.h"
 #endif
+#include "core/Couleurs.h"
+#include "core/Dialogue.h"
+#include "core/Etude.h"
+#include "core/FichierEtude.h"
+#include "core/Registre.h"
 #include "diagram/Plan.h"
 #include "diagram/SurfaceSvg.h"
-#include "shell/Couleurs.h"
-#include "shell/Dialogue.h"
-#include "shell/Etude.h"
-#include "shell/FichierEtude.h"
+#include "relays/Relais.h"
 #include "shell/Ouverture.h"
-#include "shell/Registre.h"
 
 #include <cstdlib>
 #include <fstream>
@@ -53,6 +54,7 @@ struct Session {
 };
 
 bool Ouvrir(const std::string& chemin, Session& s) {
+    InscrireRelais();
     InitRegistre(s.e);
     PreparerOuverture(s.e);
     try {
@@ -127,6 +129,7 @@ int Open(const std::vector<std::string>& args) {
         return SORTIE_USAGE;
     }
     Session s;
+    InscrireRelais();
     InitRegistre(s.e);
     PreparerOuverture(s.e);
     s.e.NomPoste = *poste;

@@ -1,16 +1,15 @@
 #include "database/BaseEtudesSql.h"
 
-#include <cmath>
-
+#include "core/Dialogue.h"
+#include "core/Etude.h"
 #include "database/Cles.h"
 #include "database/Requete.h"
 #include "database/Schema.h"
-#include "shell/Dialogue.h"
-#include "shell/Etude.h"
 
 #include <QSqlDatabase>
 #include <algorithm>
 #include <atomic>
+#include <cmath>
 
 namespace tournesol {
 

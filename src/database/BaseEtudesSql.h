@@ -3,8 +3,8 @@
 // transaction: it is written whole or not at all.
 #pragma once
 
-#include "shell/BaseEtudes.h"
-#include "shell/Magasin.h"
+#include "core/BaseEtudes.h"
+#include "core/Magasin.h"
 
 #include <QString>
 #include <cstdint>

@@ -2,7 +2,7 @@
 // the study as it found it, as it leaves the base.
 #pragma once
 
-#include "shell/Etude.h"
+#include "core/Etude.h"
 
 namespace tournesol {
 

@@ -1,7 +1,7 @@
 #include "database/Import.h"
 
+#include "core/Etude.h"
 #include "database/BaseEtudesSql.h"
-#include "shell/Etude.h"
 
 namespace tournesol {
 

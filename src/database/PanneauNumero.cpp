@@ -1,6 +1,6 @@
 #include "database/PanneauNumero.h"
 
-#include "shell/Etude.h"
+#include "core/Etude.h"
 
 #include <cctype>
 #include <cmath>

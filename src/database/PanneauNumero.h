@@ -1,7 +1,7 @@
 // frmnuméro: the number of the relay, asked by the save when the study has none.
 #pragma once
 
-#include "shell/Panneau.h"
+#include "core/Panneau.h"
 
 namespace tournesol {
 

@@ -2,7 +2,7 @@
 // whole line (substation B, and C), or the whole substation A, after a confirmation.
 #pragma once
 
-#include "shell/Panneau.h"
+#include "core/Panneau.h"
 
 namespace tournesol {
 

@@ -1,11 +1,11 @@
 // SauverEtude: the study written table by table, in the system's order, as one transaction.
+#include "core/Dialogue.h"
+#include "core/Etude.h"
 #include "database/BaseEtudesSql.h"
 #include "database/Cles.h"
 #include "database/PanneauNumero.h"
 #include "database/Requete.h"
 #include "database/Schema.h"
-#include "shell/Dialogue.h"
-#include "shell/Etude.h"
 
 namespace tournesol {
 

@@ -1,6 +1,6 @@
 #include "database/Schema.h"
 
-#include "shell/Etude.h"
+#include "core/Etude.h"
 
 #include <array>
 

@@ -1,11 +1,11 @@
 // The deletion dialog and its three cascades: a relay, a line, a substation. Each cascade is one
 // transaction: all of it is deleted or nothing.
+#include "core/Dialogue.h"
+#include "core/Etude.h"
 #include "database/BaseEtudesSql.h"
 #include "database/Cles.h"
 #include "database/PanneauSupprimerPoste.h"
 #include "database/Requete.h"
-#include "shell/Dialogue.h"
-#include "shell/Etude.h"
 
 #include <vector>
 

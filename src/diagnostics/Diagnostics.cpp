@@ -1,8 +1,8 @@
 #include "diagnostics/Diagnostics.h"
 
-#include "network/Format.h"
-#include "shell/Erreurs.h"
-#include "shell/Etude.h"
+#include "core/Erreurs.h"
+#include "core/Etude.h"
+#include "core/Format.h"
 
 #include <array>
 #include <map>

@@ -1,10 +1,10 @@
 #include "diagnostics/FenetreDiagnostics.h"
 
+#include "core/ChampIndice.h"
+#include "core/Erreurs.h"
+#include "core/Etude.h"
+#include "core/Format.h"
 #include "diagnostics/Diagnostics.h"
-#include "network/ChampIndice.h"
-#include "network/Format.h"
-#include "shell/Erreurs.h"
-#include "shell/Etude.h"
 
 #include <cmath>
 #include <vector>

@@ -8,7 +8,7 @@
 // cmdDiagnostics come up when the window has closed (Ferme()).
 #pragma once
 
-#include "shell/Panneau.h"
+#include "core/Panneau.h"
 
 #include <string>
 

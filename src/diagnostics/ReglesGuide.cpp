@@ -1,7 +1,7 @@
 #include "diagnostics/ReglesGuide.h"
 
+#include "core/Etude.h"
 #include "diagnostics/Diagnostics.h"
-#include "shell/Etude.h"
 
 #include <cmath>
 

@@ -1,9 +1,9 @@
 #include "diagram/Plan.h"
 
-#include "network/Format.h"
-#include "network/Numerique.h"
-#include "shell/Erreurs.h"
-#include "shell/Etude.h"
+#include "core/Erreurs.h"
+#include "core/Etude.h"
+#include "core/Format.h"
+#include "core/Numerique.h"
 
 #include <algorithm>
 #include <array>

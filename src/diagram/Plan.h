@@ -3,8 +3,8 @@
 // what was plotted and draws straight to its surface.
 #pragma once
 
+#include "core/Complexe.h"
 #include "diagram/Surface.h"
-#include "network/Complexe.h"
 
 #include <cstdint>
 #include <string>

@@ -1,6 +1,6 @@
 #include "diagram/SurfaceSvg.h"
 
-#include "network/Numerique.h"
+#include "core/Numerique.h"
 
 #include <cmath>
 #include <cstdio>

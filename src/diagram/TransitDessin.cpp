@@ -1,8 +1,8 @@
 // The drawing of the load area: first on the plane, ahead of the relay's characteristic.
+#include "core/Etude.h"
+#include "core/Numerique.h"
 #include "diagram/Plan.h"
-#include "network/Numerique.h"
 #include "network/Transit.h"
-#include "shell/Etude.h"
 
 #include <cmath>
 

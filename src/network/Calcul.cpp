@@ -1,11 +1,11 @@
 #include "network/Calcul.h"
 
-#include "network/Numerique.h"
+#include "core/Dialogue.h"
+#include "core/Erreurs.h"
+#include "core/Etude.h"
+#include "core/Numerique.h"
 #include "network/PanneauxControle.h"
 #include "network/ReportCharge.h"
-#include "shell/Dialogue.h"
-#include "shell/Erreurs.h"
-#include "shell/Etude.h"
 
 #include <algorithm>
 #include <cmath>

@@ -1,8 +1,8 @@
 #include "network/PanneauOptionsReseau.h"
 
-#include "network/ChampIndice.h"
+#include "core/ChampIndice.h"
+#include "core/Etude.h"
 #include "network/Sections.h"
-#include "shell/Etude.h"
 
 #include <algorithm>
 #include <array>

@@ -3,7 +3,7 @@
 // values go to the study on OK; the line computation then runs.
 #pragma once
 
-#include "shell/Panneau.h"
+#include "core/Panneau.h"
 
 #include <cstdint>
 

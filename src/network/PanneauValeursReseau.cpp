@@ -1,9 +1,9 @@
 #include "network/PanneauValeursReseau.h"
 
-#include "network/ChampIndice.h"
-#include "network/Numerique.h"
+#include "core/ChampIndice.h"
+#include "core/Etude.h"
+#include "core/Numerique.h"
 #include "network/Sections.h"
-#include "shell/Etude.h"
 
 #include <cmath>
 #include <complex>

@@ -5,7 +5,7 @@
 // ones, so that ko = (Zo / Z1 - 1) / 3 holds between them as complex numbers.
 #pragma once
 
-#include "shell/Panneau.h"
+#include "core/Panneau.h"
 
 #include <array>
 

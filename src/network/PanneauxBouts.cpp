@@ -1,8 +1,8 @@
 #include "network/PanneauxBouts.h"
 
-#include "network/ChampIndice.h"
-#include "shell/Etude.h"
-#include "shell/Magasin.h"
+#include "core/ChampIndice.h"
+#include "core/Etude.h"
+#include "core/Magasin.h"
 
 #include <algorithm>
 #include <optional>

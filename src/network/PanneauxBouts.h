@@ -3,7 +3,7 @@
 // through the relay setting store, under the setting row of the relay, and read it back.
 #pragma once
 
-#include "shell/Panneau.h"
+#include "core/Panneau.h"
 
 #include <array>
 #include <cstdint>

@@ -1,6 +1,6 @@
 #include "network/PanneauxControle.h"
 
-#include "shell/Etude.h"
+#include "core/Etude.h"
 
 namespace tournesol {
 

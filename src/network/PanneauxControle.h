@@ -2,7 +2,7 @@
 // the user, who may correct the zone reactances (and, on a three-ended line, the currents).
 #pragma once
 
-#include "shell/Panneau.h"
+#include "core/Panneau.h"
 
 namespace tournesol {
 

@@ -1,10 +1,10 @@
 #include "network/ReportCharge.h"
 
+#include "core/Dialogue.h"
+#include "core/Erreurs.h"
+#include "core/Etude.h"
+#include "core/Numerique.h"
 #include "network/Calcul.h"
-#include "network/Numerique.h"
-#include "shell/Dialogue.h"
-#include "shell/Erreurs.h"
-#include "shell/Etude.h"
 
 #include <cmath>
 

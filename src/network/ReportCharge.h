@@ -3,7 +3,7 @@
 // reactance or typed in.
 #pragma once
 
-#include "shell/Panneau.h"
+#include "core/Panneau.h"
 
 namespace tournesol {
 

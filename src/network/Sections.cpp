@@ -1,6 +1,6 @@
 #include "network/Sections.h"
 
-#include "shell/Etude.h"
+#include "core/Etude.h"
 
 #include <utility>
 
@@ -15,22 +15,16 @@ void EchangerSections(Etude& e, int i, int j) {
 }
 
 void TrierEx(Etude& e) {
-    if (e.Ligne_Ex[0] != 1)
-        EchangerSections(e, 0, 1);
-    if (e.Ligne_Ex[0] != 1)
-        EchangerSections(e, 0, 2);
-    if (e.Ligne_Ex[1] != 2)
-        EchangerSections(e, 1, 2);
+    if (e.Ligne_Ex[0] != 1) EchangerSections(e, 0, 1);
+    if (e.Ligne_Ex[0] != 1) EchangerSections(e, 0, 2);
+    if (e.Ligne_Ex[1] != 2) EchangerSections(e, 1, 2);
 }
 
 void TrierLongueur(Etude& e) {
     const auto& l = e.Ligne_Longueur;
-    if (l[0] > l[1])
-        EchangerSections(e, 0, 1);
-    if (l[1] > l[2])
-        EchangerSections(e, 1, 2);
-    if (l[0] > l[1])
-        EchangerSections(e, 0, 1);
+    if (l[0] > l[1]) EchangerSections(e, 0, 1);
+    if (l[1] > l[2]) EchangerSections(e, 1, 2);
+    if (l[0] > l[1]) EchangerSections(e, 0, 1);
 }
 
 } // namespace tournesol

@@ -1,10 +1,10 @@
 #include "network/Transit.h"
 
+#include "core/Complexe.h"
+#include "core/Erreurs.h"
+#include "core/Etude.h"
+#include "core/Numerique.h"
 #include "network/Calcul.h"
-#include "network/Complexe.h"
-#include "network/Numerique.h"
-#include "shell/Erreurs.h"
-#include "shell/Etude.h"
 
 #include <algorithm>
 #include <cmath>

@@ -1,12 +1,12 @@
 // A three-ended line: whether the first stage of the relays is assured in the presence of the
 // third end's infeed, the zone reactances from the fault currents, and the equivalent two-ended
 // line seen from the relay's end.
+#include "core/Dialogue.h"
+#include "core/Erreurs.h"
+#include "core/Etude.h"
+#include "core/Numerique.h"
 #include "network/Calcul.h"
-#include "network/Numerique.h"
 #include "network/PanneauxControle.h"
-#include "shell/Dialogue.h"
-#include "shell/Erreurs.h"
-#include "shell/Etude.h"
 
 #include <algorithm>
 #include <array>

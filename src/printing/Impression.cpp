@@ -1,10 +1,9 @@
 #include "printing/Impression.h"
 
-#include "shell/Couleurs.h"
-#include "shell/Dialogue.h"
-#include "shell/Etude.h"
-#include "shell/Ouverture.h"
-#include "shell/Registre.h"
+#include "core/Couleurs.h"
+#include "core/Dialogue.h"
+#include "core/Etude.h"
+#include "core/Registre.h"
 
 #include <algorithm>
 #include <array>

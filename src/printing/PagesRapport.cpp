@@ -1,9 +1,9 @@
 // The pages that every relay's report shares: the diagnostics section under the diagram, the
 // line characteristics, the head of the settings.
+#include "core/Etude.h"
+#include "core/Format.h"
 #include "diagnostics/Diagnostics.h"
-#include "network/Format.h"
 #include "printing/Impression.h"
-#include "shell/Etude.h"
 
 #include <array>
 

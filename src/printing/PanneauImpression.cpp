@@ -1,7 +1,7 @@
 #include "printing/PanneauImpression.h"
 
-#include "network/ChampIndice.h"
-#include "shell/Etude.h"
+#include "core/ChampIndice.h"
+#include "core/Etude.h"
 
 #include <algorithm>
 #include <cmath>

@@ -2,7 +2,7 @@
 // the parts of the report. OK and cancel both take the options; cancel then stops the print.
 #pragma once
 
-#include "shell/Panneau.h"
+#include "core/Panneau.h"
 
 namespace tournesol {
 

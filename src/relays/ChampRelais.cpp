@@ -1,6 +1,6 @@
 #include "relays/ChampRelais.h"
 
-#include "network/Format.h"
+#include "core/Format.h"
 
 namespace tournesol {
 

@@ -4,8 +4,8 @@
 // the exit of every field by it.
 #pragma once
 
-#include "network/Champ.h"
-#include "shell/Etude.h"
+#include "core/Champ.h"
+#include "core/Etude.h"
 
 #include <cmath>
 #include <functional>

@@ -1,10 +1,10 @@
 #include "relays/PanneauProtection.h"
 
-#include "network/ChampIndice.h"
-#include "shell/Dialogue.h"
-#include "shell/Erreurs.h"
-#include "shell/Etude.h"
-#include "shell/Registre.h"
+#include "core/ChampIndice.h"
+#include "core/Dialogue.h"
+#include "core/Erreurs.h"
+#include "core/Etude.h"
+#include "core/Registre.h"
 
 #include <algorithm>
 #include <cctype>

@@ -13,8 +13,8 @@
 //     InscrirePanneauRelais(3, &FabriquerPanneau<PanneauPD3A>);
 #pragma once
 
+#include "core/Panneau.h"
 #include "relays/ChampRelais.h"
-#include "shell/Panneau.h"
 
 #include <functional>
 #include <map>

@@ -1,5 +1,5 @@
 // The relays the system knows, registered with the panels, the plane, the setting store, the
-// diagnostics and the report. Start-up registers them once (InitRegistre).
+// diagnostics and the report. The programs register them once at their start.
 #pragma once
 
 namespace tournesol {

@@ -1,12 +1,11 @@
 #include "shell/Application.h"
 
+#include "core/Dialogue.h"
+#include "core/Etude.h"
+#include "core/Registre.h"
 #include "relays/Relais.h"
-
-#include "shell/Dialogue.h"
-#include "shell/Etude.h"
 #include "shell/PanneauDemarre.h"
 #include "shell/PanneauTitre.h"
-#include "shell/Registre.h"
 
 namespace tournesol {
 

@@ -1,23 +1,15 @@
 #include "shell/Ouverture.h"
 
+#include "core/Dialogue.h"
+#include "core/Erreurs.h"
+#include "core/Etude.h"
+#include "core/Panneau.h"
+#include "core/Registre.h"
 #include "network/Calcul.h"
 #include "network/PanneauOptionsReseau.h"
 #include "network/Transit.h"
-#include "shell/Dialogue.h"
-#include "shell/Erreurs.h"
-#include "shell/Etude.h"
-#include "shell/Panneau.h"
-#include "shell/Registre.h"
 
 namespace tournesol {
-
-namespace {
-std::array<FabriquePanneauRelais, NOMBRE_RELAIS> fabriques{};
-
-bool RelaisConnu(int id) {
-    return id >= 1 && id <= NOMBRE_RELAIS;
-}
-} // namespace
 
 void OptionsReport::Choisir(int cas) {
     Coche.fill(false);
@@ -38,12 +30,6 @@ void AppliquerReports(const Etude& e, OptionsReport& options) {
     } else if (e.Ligne_alim >= 1 && e.Ligne_alim <= 3) {
         options.Actif = {false, false, true};
     }
-}
-
-const char* TitreReport(int cas) {
-    static const char* const TITRES[] = {"three phase report", "single phase report",
-                                         "maximal transit without report"};
-    return cas >= 0 && cas < 3 ? TITRES[cas] : "";
 }
 
 double CourantDuCas(const Etude& e, int cas) {
@@ -157,17 +143,6 @@ void ControleLongueur(Etude& e, Dialogue& d) {
     else
         return;
     AfficherMessage(e, d);
-}
-
-void InscrirePanneauRelais(int id_protection, FabriquePanneauRelais fabrique) {
-    if (RelaisConnu(id_protection))
-        fabriques[static_cast<std::size_t>(id_protection - 1)] = fabrique;
-}
-
-std::unique_ptr<Panneau> CreerPanneauRelais(Etude& e, Dialogue& d) {
-    if (!RelaisConnu(e.id_protection)) return nullptr;
-    const auto fabrique = fabriques[static_cast<std::size_t>(e.id_protection - 1)];
-    return fabrique ? fabrique(e, d) : nullptr;
 }
 
 } // namespace tournesol

@@ -2,13 +2,11 @@
 #pragma once
 
 #include <array>
-#include <memory>
 
 namespace tournesol {
 
 struct Etude;
 class Dialogue;
-class Panneau;
 
 // The three report options of the working window: chktriphasé, chkmonophasé, chkmaximal.
 struct OptionsReport {
@@ -23,9 +21,6 @@ struct OptionsReport {
 
 // Enables the report options by the feed of the line and the relay's admitted cases.
 void AppliquerReports(const Etude& e, OptionsReport& options);
-
-// The title of a report case (0, 1, 2), as sReport holds it.
-const char* TitreReport(int cas);
 
 // The transit current of a report case; on a plant link the maximal case keeps It as it is.
 double CourantDuCas(const Etude& e, int cas);
@@ -48,10 +43,5 @@ void OuvrirPanneau(Etude& e, Dialogue& d, OptionsReport& options, bool sansAffic
 // The notice of a line whose length does not match its long-line flag, once the network options
 // and values are both confirmed.
 void ControleLongueur(Etude& e, Dialogue& d);
-
-// Each relay registers the making of its panel; the panel's creation computes its settings.
-using FabriquePanneauRelais = std::unique_ptr<Panneau> (*)(Etude&, Dialogue&);
-void InscrirePanneauRelais(int id_protection, FabriquePanneauRelais fabrique);
-std::unique_ptr<Panneau> CreerPanneauRelais(Etude& e, Dialogue& d);
 
 } // namespace tournesol

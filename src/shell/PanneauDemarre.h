@@ -2,10 +2,10 @@
 // options, the drawing tools and the commands.
 #pragma once
 
+#include "core/Panneau.h"
 #include "diagnostics/FenetreDiagnostics.h"
 #include "diagram/Plan.h"
 #include "shell/Ouverture.h"
-#include "shell/Panneau.h"
 
 #include <filesystem>
 #include <functional>

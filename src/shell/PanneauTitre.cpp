@@ -1,11 +1,11 @@
 #include "shell/PanneauTitre.h"
 
-#include "shell/BaseEtudes.h"
-#include "shell/Dialogue.h"
-#include "shell/Erreurs.h"
-#include "shell/Etude.h"
+#include "core/BaseEtudes.h"
+#include "core/Dialogue.h"
+#include "core/Erreurs.h"
+#include "core/Etude.h"
+#include "core/Registre.h"
 #include "shell/Ouverture.h"
-#include "shell/Registre.h"
 
 #include <algorithm>
 

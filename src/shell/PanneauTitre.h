@@ -1,7 +1,7 @@
 // The opening dialog (frmtitre), the relay choice (frmChoixProtection) and frmAPropos.
 #pragma once
 
-#include "shell/Panneau.h"
+#include "core/Panneau.h"
 
 #include <array>
 #include <string_view>

@@ -2,11 +2,11 @@
 // their own to look into it, studies as the opening dialog leaves them, and a relay setting list.
 #pragma once
 
+#include "core/Dialogue.h"
+#include "core/Etude.h"
+#include "core/Magasin.h"
+#include "core/Panneau.h"
 #include "database/BaseEtudesSql.h"
-#include "shell/Dialogue.h"
-#include "shell/Etude.h"
-#include "shell/Magasin.h"
-#include "shell/Panneau.h"
 
 #include <QSqlDatabase>
 #include <QSqlError>

@@ -1,10 +1,10 @@
 // The diagnostics: flags and limits, the numbering by relay, the rule texts, the window
 // frmDiagnostics and the rules as the report prints them.
+#include "core/Erreurs.h"
+#include "core/Etude.h"
 #include "diagnostics/Diagnostics.h"
 #include "diagnostics/FenetreDiagnostics.h"
 #include "diagnostics/ReglesGuide.h"
-#include "shell/Erreurs.h"
-#include "shell/Etude.h"
 
 #include <cmath>
 #include <gtest/gtest.h>

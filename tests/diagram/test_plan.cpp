@@ -1,9 +1,9 @@
 // The plane: scale, zoom, graduations and the plotting primitives on screen and paper.
+#include "core/Etude.h"
+#include "core/Numerique.h"
 #include "diagram/Plan.h"
 #include "diagram/SurfaceEnregistree.h"
 #include "diagram/SurfaceSvg.h"
-#include "network/Numerique.h"
-#include "shell/Etude.h"
 
 #include <cmath>
 #include <gtest/gtest.h>

@@ -1,9 +1,9 @@
 // The load area as drawn for each feed: which arcs, around which centres, with which names.
+#include "core/Couleurs.h"
+#include "core/Etude.h"
 #include "diagram/Plan.h"
 #include "diagram/SurfaceEnregistree.h"
 #include "network/Transit.h"
-#include "shell/Couleurs.h"
-#include "shell/Etude.h"
 
 #include <cmath>
 #include <gtest/gtest.h>

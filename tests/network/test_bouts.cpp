@@ -1,7 +1,7 @@
 // frmdeuxbouts and frmtroisbouts: the relay's end, the fault currents, the setting store.
+#include "core/Etude.h"
+#include "core/Magasin.h"
 #include "network/PanneauxBouts.h"
-#include "shell/Etude.h"
-#include "shell/Magasin.h"
 
 #include <gtest/gtest.h>
 

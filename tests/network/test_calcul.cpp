@@ -1,10 +1,10 @@
 // The line computation, with values worked out by hand from the rules of each line kind.
+#include "core/Dialogue.h"
+#include "core/Erreurs.h"
+#include "core/Etude.h"
+#include "core/Numerique.h"
+#include "core/Panneau.h"
 #include "network/Calcul.h"
-#include "network/Numerique.h"
-#include "shell/Dialogue.h"
-#include "shell/Erreurs.h"
-#include "shell/Etude.h"
-#include "shell/Panneau.h"
 
 #include <cmath>
 #include <gtest/gtest.h>

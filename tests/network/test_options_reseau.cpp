@@ -1,7 +1,7 @@
 // frmRéseauOptions: defaults, option groups, visibility rules and the steps of OK.
-#include "network/ChampIndice.h"
+#include "core/ChampIndice.h"
+#include "core/Etude.h"
 #include "network/PanneauOptionsReseau.h"
-#include "shell/Etude.h"
 
 #include <gtest/gtest.h>
 

@@ -1,8 +1,8 @@
 // The load report step and its panel.
+#include "core/Dialogue.h"
+#include "core/Erreurs.h"
+#include "core/Etude.h"
 #include "network/ReportCharge.h"
-#include "shell/Dialogue.h"
-#include "shell/Erreurs.h"
-#include "shell/Etude.h"
 
 #include <cmath>
 #include <gtest/gtest.h>

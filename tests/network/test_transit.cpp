@@ -1,8 +1,8 @@
 // The load area, with points worked out from the geometry of each feed.
-#include "network/Numerique.h"
+#include "core/Erreurs.h"
+#include "core/Etude.h"
+#include "core/Numerique.h"
 #include "network/Transit.h"
-#include "shell/Erreurs.h"
-#include "shell/Etude.h"
 
 #include <cmath>
 #include <gtest/gtest.h>

@@ -1,9 +1,9 @@
 // frmréseauvaleurs: the entry forms of the positive and zero sequence, kept in step.
-#include "network/Champ.h"
-#include "network/Numerique.h"
+#include "core/Champ.h"
+#include "core/Etude.h"
+#include "core/Numerique.h"
 #include "network/PanneauValeursReseau.h"
 #include "network/Sections.h"
-#include "shell/Etude.h"
 
 #include <complex>
 #include <gtest/gtest.h>

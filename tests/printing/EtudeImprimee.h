@@ -2,17 +2,19 @@
 // recording page, with a dialogue that can press Escape while the print runs.
 #pragma once
 
+#include "core/Dialogue.h"
+#include "core/Etude.h"
+#include "core/Registre.h"
 #include "printing/Impression.h"
 #include "printing/PageEnregistree.h"
-#include "shell/Dialogue.h"
-#include "shell/Etude.h"
-#include "shell/Registre.h"
+#include "relays/Relais.h"
 
 #include <algorithm>
 
 namespace tournesol {
 
 inline void RemplirEtudeImprimee(Etude& e) {
+    InscrireRelais();
     InitRegistre(e);
     e.NomPoste = "CHAMPAGNIER";
     e.NomDepart = "GRANDE ILE";

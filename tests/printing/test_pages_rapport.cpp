@@ -1,8 +1,8 @@
 // What the report's pages say: the head, the line characteristics of each kind of line and
 // feeding, the diagnostics section, the drawing clipped to its frame.
 #include "EtudeImprimee.h"
+#include "core/Couleurs.h"
 #include "network/Transit.h"
-#include "shell/Couleurs.h"
 
 #include <cmath>
 #include <gtest/gtest.h>

@@ -1,6 +1,6 @@
 // frmPrint: what it shows of the study, the settings box by relay, OK and cancel.
+#include "core/Etude.h"
 #include "printing/PanneauImpression.h"
-#include "shell/Etude.h"
 
 #include <gtest/gtest.h>
 

@@ -1,10 +1,11 @@
 // The relay panel framework on a small relay of three sheets: the chain of steps, the sheets in
 // both modes, the exit of a field, OK, the Alt shortcuts, the signalling options and failures.
+#include "core/Dialogue.h"
+#include "core/Erreurs.h"
+#include "core/Etude.h"
+#include "core/Registre.h"
 #include "diagnostics/Diagnostics.h"
 #include "relays/PanneauProtection.h"
-#include "shell/Dialogue.h"
-#include "shell/Erreurs.h"
-#include "shell/Etude.h"
 #include "shell/Ouverture.h"
 
 #include <cmath>

@@ -1,19 +1,19 @@
 // The PD3A, worked out by hand from its wheel tables: the wheels of both variants and their
 // limits, the resistance and its step, the angle and earth factor wheels, the timers, the rules
 // of the setting guide, the characteristic, the stored list and the panel.
+#include "core/Dialogue.h"
+#include "core/Etude.h"
+#include "core/FichierEtude.h"
+#include "core/Magasin.h"
+#include "core/Numerique.h"
+#include "core/Registre.h"
 #include "diagnostics/Diagnostics.h"
 #include "diagram/SurfaceEnregistree.h"
-#include "network/Numerique.h"
 #include "relays/Relais.h"
 #include "relays/pd3a/CalculPD3A.h"
 #include "relays/pd3a/PanneauPD3A.h"
 #include "relays/pd3a/TracePD3A.h"
-#include "shell/Dialogue.h"
-#include "shell/Etude.h"
-#include "shell/FichierEtude.h"
-#include "shell/Magasin.h"
 #include "shell/Ouverture.h"
-#include "shell/Registre.h"
 
 #include <cmath>
 #include <functional>
@@ -173,6 +173,7 @@ TEST(ReglagesPD3A, ResistanceEtSonPas) {
 // The example line computed as the working window opens it.
 struct EtudePD3A : ::testing::Test {
     EtudePD3A() {
+        InscrireRelais();
         InitRegistre(e);
         PreparerOuverture(e);
         LireFichierEtude(TOURNESOL_EXEMPLES "/champagnier-grande-ile-225kV.json", e);

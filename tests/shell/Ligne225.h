@@ -2,7 +2,7 @@
 // link of its load report.
 #pragma once
 
-#include "shell/Etude.h"
+#include "core/Etude.h"
 
 namespace tournesol {
 

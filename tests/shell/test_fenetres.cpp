@@ -1,13 +1,13 @@
 // The opening dialog, the relay choice, the working window and the loop between them, driven
 // through the scripted dialogue.
 #include "Ligne225.h"
+#include "core/BaseEtudes.h"
+#include "core/Dialogue.h"
+#include "core/Etude.h"
+#include "core/Registre.h"
 #include "shell/Application.h"
-#include "shell/BaseEtudes.h"
-#include "shell/Dialogue.h"
-#include "shell/Etude.h"
 #include "shell/PanneauDemarre.h"
 #include "shell/PanneauTitre.h"
-#include "shell/Registre.h"
 
 #include <gtest/gtest.h>
 

@@ -1,10 +1,11 @@
 // From Open to the first drawing, driven through the dialogue interface.
 #include "Ligne225.h"
-#include "shell/Dialogue.h"
-#include "shell/Etude.h"
+#include "core/Dialogue.h"
+#include "core/Etude.h"
+#include "core/Panneau.h"
+#include "core/Registre.h"
+#include "relays/Relais.h"
 #include "shell/Ouverture.h"
-#include "shell/Panneau.h"
-#include "shell/Registre.h"
 
 #include <gtest/gtest.h>
 
@@ -14,6 +15,7 @@ namespace {
 // A 225 kV meshed line of 75 km with a PD3A.
 Etude Etude225() {
     Etude e;
+    InscrireRelais();
     InitRegistre(e);
     PreparerOuverture(e);
     e.NomPoste = "CHAMPAGNIER";

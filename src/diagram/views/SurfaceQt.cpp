@@ -1,6 +1,6 @@
 #include "diagram/views/SurfaceQt.h"
 
-#include "network/Numerique.h"
+#include "core/Numerique.h"
 
 #include <QFont>
 #include <QFontMetricsF>

@@ -1,6 +1,6 @@
 #include "printing/views/PageQt.h"
 
-#include "network/Numerique.h"
+#include "core/Numerique.h"
 
 #include <QFontMetricsF>
 #include <QPagedPaintDevice>

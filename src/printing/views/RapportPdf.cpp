@@ -1,7 +1,7 @@
 #include "printing/views/RapportPdf.h"
 
+#include "core/Etude.h"
 #include "printing/views/PageQt.h"
-#include "shell/Etude.h"
 
 #include <QPageLayout>
 #include <QPageSize>

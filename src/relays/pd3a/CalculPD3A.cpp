@@ -1,11 +1,11 @@
 #include "relays/pd3a/CalculPD3A.h"
 
+#include "core/Dialogue.h"
+#include "core/Erreurs.h"
+#include "core/Etude.h"
+#include "core/Numerique.h"
 #include "diagnostics/Diagnostics.h"
-#include "network/Numerique.h"
 #include "network/Transit.h"
-#include "shell/Dialogue.h"
-#include "shell/Erreurs.h"
-#include "shell/Etude.h"
 
 #include <algorithm>
 #include <cmath>

@@ -1,8 +1,8 @@
 #include "relays/pd3a/ImpressionPD3A.h"
 
-#include "network/Format.h"
+#include "core/Etude.h"
+#include "core/Format.h"
 #include "printing/Impression.h"
-#include "shell/Etude.h"
 
 #include <string>
 

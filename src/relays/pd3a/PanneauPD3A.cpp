@@ -1,9 +1,9 @@
 #include "relays/pd3a/PanneauPD3A.h"
 
-#include "network/Champ.h"
+#include "core/Champ.h"
+#include "core/Erreurs.h"
+#include "core/Etude.h"
 #include "relays/pd3a/CalculPD3A.h"
-#include "shell/Erreurs.h"
-#include "shell/Etude.h"
 
 #include <array>
 

@@ -1,13 +1,13 @@
 // The PD3A's list in the setting store and the registration of the relay.
+#include "core/Etude.h"
+#include "core/Magasin.h"
+#include "core/Registre.h"
 #include "diagnostics/Diagnostics.h"
 #include "printing/Impression.h"
 #include "relays/pd3a/CalculPD3A.h"
 #include "relays/pd3a/ImpressionPD3A.h"
 #include "relays/pd3a/PanneauPD3A.h"
 #include "relays/pd3a/TracePD3A.h"
-#include "shell/Etude.h"
-#include "shell/Magasin.h"
-#include "shell/Ouverture.h"
 
 namespace tournesol {
 

@@ -1,9 +1,9 @@
 #include "relays/pd3a/TracePD3A.h"
 
-#include "network/Complexe.h"
-#include "network/Numerique.h"
-#include "shell/Erreurs.h"
-#include "shell/Etude.h"
+#include "core/Complexe.h"
+#include "core/Erreurs.h"
+#include "core/Etude.h"
+#include "core/Numerique.h"
 
 #include <cmath>
 

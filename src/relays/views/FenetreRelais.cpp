@@ -1,8 +1,8 @@
 #include "relays/views/FenetreRelais.h"
 
+#include "core/views/DialogueQt.h"
+#include "core/views/Lieur.h"
 #include "relays/PanneauProtection.h"
-#include "shell/views/DialogueQt.h"
-#include "shell/views/Lieur.h"
 
 #include <QApplication>
 #include <QComboBox>

@@ -6,7 +6,7 @@
 // may refuse; letters typed with Alt down and Enter go to the model.
 #pragma once
 
-#include "shell/views/FenetrePanneau.h"
+#include "core/views/FenetrePanneau.h"
 
 #include <vector>
 

@@ -1,15 +1,15 @@
 #include "shell/views/VueDemarre.h"
 
+#include "core/Dialogue.h"
+#include "core/Etude.h"
+#include "core/views/Lieur.h"
 #include "diagnostics/Diagnostics.h"
 #include "diagram/Plan.h"
 #include "diagram/views/SurfaceQt.h"
 #include "printing/Impression.h"
 #include "printing/views/FenetreProgression.h"
 #include "printing/views/PageQt.h"
-#include "shell/Dialogue.h"
-#include "shell/Etude.h"
 #include "shell/PanneauDemarre.h"
-#include "shell/views/Lieur.h"
 
 #include <QCheckBox>
 #include <QColorDialog>

@@ -1,7 +1,7 @@
 // The working window: the diagram widget, the legend, the options, the tools, the menus.
 #pragma once
 
-#include "shell/views/FenetrePanneau.h"
+#include "core/views/FenetrePanneau.h"
 
 #include <QPointer>
 #include <QWidget>

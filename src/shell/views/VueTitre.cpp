@@ -1,7 +1,7 @@
 #include "shell/views/VueTitre.h"
 
+#include "core/views/Lieur.h"
 #include "shell/PanneauTitre.h"
-#include "shell/views/Lieur.h"
 
 #include <QCheckBox>
 #include <QFormLayout>

@@ -1,7 +1,7 @@
 // The opening dialog's window: two pages of boxes, the options and the commands.
 #pragma once
 
-#include "shell/views/FenetrePanneau.h"
+#include "core/views/FenetrePanneau.h"
 
 class QTabWidget;
 

@@ -1,9 +1,9 @@
 // The plane drawn through QPainter into an image, as the diagram widget and the printer draw it.
+#include "core/Couleurs.h"
+#include "core/Etude.h"
 #include "diagram/Plan.h"
 #include "diagram/views/SurfaceQt.h"
 #include "network/Transit.h"
-#include "shell/Couleurs.h"
-#include "shell/Etude.h"
 
 #include <QApplication>
 #include <QImage>

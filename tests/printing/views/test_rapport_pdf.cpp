@@ -1,7 +1,8 @@
 // The report of an example written to PDF, read back by pdftotext and pdfinfo.
 #include "../EtudeImprimee.h"
+#include "core/FichierEtude.h"
 #include "printing/views/RapportPdf.h"
-#include "shell/FichierEtude.h"
+#include "relays/Relais.h"
 #include "shell/Ouverture.h"
 
 #include <QProcess>
@@ -15,6 +16,7 @@ namespace {
 
 // An example opened as the command line opens it, made ready for the whole report.
 void OuvrirExemple(const std::string& nom, Etude& e, Dialogue& d) {
+    InscrireRelais();
     InitRegistre(e);
     PreparerOuverture(e);
     LireFichierEtude(std::string(TOURNESOL_EXEMPLES) + "/" + nom, e);

@@ -1,14 +1,14 @@
 // The window of a relay panel, offscreen, on a small relay of two sheets: the twins side by side,
 // the exit of a field, the set values shown only, the sheets as the model allows them, the Alt
 // shortcuts, and the dialogue that opens every relay panel in that window.
+#include "../../core/views/Pilote.h"
 #include "../../shell/views/Gestes.h"
-#include "../../shell/views/Pilote.h"
+#include "core/Erreurs.h"
+#include "core/Etude.h"
+#include "core/views/DialogueQt.h"
+#include "core/views/Lieur.h"
 #include "relays/PanneauProtection.h"
 #include "relays/views/FenetreRelais.h"
-#include "shell/Erreurs.h"
-#include "shell/Etude.h"
-#include "shell/views/DialogueQt.h"
-#include "shell/views/Lieur.h"
 
 #include <QCheckBox>
 #include <QGridLayout>

@@ -1,17 +1,17 @@
 // A PD3A set through the windows, offscreen: from the opening dialog to its panel, a desired
 // reach changed in mode "Modify", the zone on the diagram, the diagnostics, then the study saved
 // and opened again with the same settings.
+#include "../../core/views/Pilote.h"
 #include "../../shell/Ligne225.h"
 #include "../../shell/views/Gestes.h"
-#include "../../shell/views/Pilote.h"
 #include "../../shell/views/Vues.h"
+#include "core/Etude.h"
+#include "core/views/DialogueQt.h"
 #include "database/BaseEtudesSql.h"
 #include "diagnostics/FenetreDiagnostics.h"
 #include "shell/Application.h"
-#include "shell/Etude.h"
 #include "shell/PanneauDemarre.h"
 #include "shell/PanneauTitre.h"
-#include "shell/views/DialogueQt.h"
 #include "shell/views/VueDemarre.h"
 #include "shell/views/VueTitre.h"
 

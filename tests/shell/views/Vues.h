@@ -2,11 +2,12 @@
 // program does.
 #pragma once
 
+#include "core/Etude.h"
+#include "core/views/DialogueQt.h"
+#include "network/views/ImageLigne.h"
 #include "relays/views/FenetreRelais.h"
-#include "shell/Etude.h"
 #include "shell/PanneauDemarre.h"
 #include "shell/PanneauTitre.h"
-#include "shell/views/DialogueQt.h"
 #include "shell/views/VueDemarre.h"
 #include "shell/views/VueTitre.h"
 
@@ -22,6 +23,7 @@ inline void InscrireVues(DialogueQt& d, Etude& e) {
         return std::make_unique<VueDemarre>(dynamic_cast<PanneauDemarre&>(p), e);
     });
     InscrireFenetreRelais(d);
+    InscrireVuesReseau();
 }
 
 } // namespace tournesol

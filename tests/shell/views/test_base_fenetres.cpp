@@ -1,14 +1,14 @@
 // The study base through the windows: a study typed, saved, left, and opened again by picking
 // its names from the opening dialog's lists.
+#include "../../core/views/Pilote.h"
 #include "Gestes.h"
-#include "Pilote.h"
 #include "Vues.h"
+#include "core/Etude.h"
+#include "core/views/DialogueQt.h"
 #include "database/BaseEtudesSql.h"
 #include "shell/Application.h"
-#include "shell/Etude.h"
 #include "shell/PanneauDemarre.h"
 #include "shell/PanneauTitre.h"
-#include "shell/views/DialogueQt.h"
 #include "shell/views/VueDemarre.h"
 #include "shell/views/VueTitre.h"
 

@@ -1,15 +1,15 @@
 // The program as a user drives it, offscreen: the opening dialog, the relay choice, the working
 // window with its diagram, the report options, the way back, and leaving.
+#include "../../core/views/Pilote.h"
 #include "../Ligne225.h"
 #include "Gestes.h"
-#include "Pilote.h"
 #include "Vues.h"
+#include "core/Etude.h"
+#include "core/views/DialogueQt.h"
+#include "core/views/Lieur.h"
 #include "shell/Application.h"
-#include "shell/Etude.h"
 #include "shell/PanneauDemarre.h"
 #include "shell/PanneauTitre.h"
-#include "shell/views/DialogueQt.h"
-#include "shell/views/Lieur.h"
 #include "shell/views/VueDemarre.h"
 #include "shell/views/VueTitre.h"
 

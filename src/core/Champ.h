@@ -1,0 +1,51 @@
+// A field of a panel as the engine holds it, and the one way every field is written and read.
+#pragma once
+
+#include <string>
+#include <string_view>
+#include <vector>
+
+namespace tournesol {
+
+// What a field is on the window: a text box, a list with free text, an option of a group, a
+// check box, a button or a text to read.
+enum class GenreChamp { Texte, Liste, Option, Case, Bouton, Etiquette };
+
+struct Champ {
+    Champ() = default;
+    Champ(std::string nom, std::string texte, std::string format)
+        : Nom(std::move(nom)), Texte(std::move(texte)), Format(std::move(format)) {}
+
+    std::string Nom;     // the name the view's widget bears
+    std::string Texte;   // what the field shows
+    std::string Format;  // picture format of a numeric field, empty for a text
+    std::string Legende; // caption
+    bool Actif = true;   // enabled
+    bool Visible = true;
+    bool Valeur = false; // an option or check box: pressed
+    int SelDebut = 0;    // selection, in characters
+    int SelLongueur = 0;
+    GenreChamp Genre = GenreChamp::Texte;
+    std::string Groupe;             // the frame or tab it stands in
+    std::vector<std::string> Liste; // the entries of a list
+    int IndexListe = -1;            // the entry chosen, -1 for a free text
+};
+
+// Shows a value through the field's format. A pending run-time error, or an empty text,
+// shows 0 instead; the pending error is cleared.
+void ChampEcrire(Champ& champ, double valeur);
+void ChampEcrire(Champ& champ, std::string_view valeur);
+
+// The field's value, rounded to the decimals of its format. The first comma becomes the
+// machine's decimal separator in the field itself. "0", "," and an empty field read as 0, and
+// so does a text that is not a number.
+double ChampLire(Champ& champ);
+
+// Selects the whole text of the field.
+void ChampSelection(Champ& champ);
+
+// The text with every occurrence of `cherche` replaced; a replacement is not searched again.
+std::string Remplacer(std::string_view texte, std::string_view cherche,
+                      std::string_view remplacement);
+
+} // namespace tournesol

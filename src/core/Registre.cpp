@@ -1,0 +1,39 @@
+#include "core/Registre.h"
+
+#include "core/Etude.h"
+#include "core/Panneau.h"
+
+namespace tournesol {
+
+namespace {
+std::array<FabriquePanneauRelais, NOMBRE_RELAIS> fabriques{};
+} // namespace
+
+const char* TitreReport(int cas) {
+    static const char* const TITRES[] = {"three phase report", "single phase report",
+                                         "maximal transit without report"};
+    return cas >= 0 && cas < 3 ? TITRES[cas] : "";
+}
+
+void InitRegistre(Etude& e) {
+    for (int i = 0; i < NOMBRE_RELAIS; ++i) {
+        e.ReportAdmis[static_cast<std::size_t>(i)].fill(true);
+        e.NomsProtection[static_cast<std::size_t>(i)] =
+            std::string(LEGENDES_PROTECTION[static_cast<std::size_t>(i)]);
+    }
+    for (const int id : {1, 2, 6, 7, 11})
+        e.ReportAdmis[static_cast<std::size_t>(id - 1)][REPORT_MONOPHASE] = false;
+}
+
+void InscrirePanneauRelais(int id_protection, FabriquePanneauRelais fabrique) {
+    if (RelaisConnu(id_protection))
+        fabriques[static_cast<std::size_t>(id_protection - 1)] = fabrique;
+}
+
+std::unique_ptr<Panneau> CreerPanneauRelais(Etude& e, Dialogue& d) {
+    if (!RelaisConnu(e.id_protection)) return nullptr;
+    const auto fabrique = fabriques[static_cast<std::size_t>(e.id_protection - 1)];
+    return fabrique ? fabrique(e, d) : nullptr;
+}
+
+} // namespace tournesol

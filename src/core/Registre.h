@@ -1,0 +1,50 @@
+// The registry of the twelve relay types, addressed by id_protection (1 to 12, 0 none).
+#pragma once
+
+#include <array>
+#include <memory>
+#include <string_view>
+
+namespace tournesol {
+
+struct Etude;
+class Dialogue;
+class Panneau;
+
+// Captions of the relay choice's twelve option buttons, by id_protection - 1: the one source
+// of the relays' names.
+inline constexpr std::array<std::string_view, 12> LEGENDES_PROTECTION = {
+    "SA 511", "EPAC",  "PD3A",    "PDS",  "PXLC", "PXLP",
+    "PXLN",   "RAZOA", "REL 100", "REZ1", "RXAP", "S321-5"};
+
+// The panel of each relay, by id_protection - 1.
+inline constexpr std::array<std::string_view, 12> PANNEAUX_PROTECTION = {
+    "frmsa511", "frmEpac",  "frmPD3A",   "frmPDS",  "frmPXLC", "frmPXLP",
+    "frmPXLN",  "frmRAZOA", "frmREL100", "frmREZ1", "frmRXAP", "frmS321"};
+
+// Columns of ReportAdmis, which are also the values of TypeReportCharge.
+inline constexpr int REPORT_TRIPHASE = 0;
+inline constexpr int REPORT_MONOPHASE = 1;
+inline constexpr int REPORT_SANS = 2;
+
+// The title of a report case (0, 1, 2), as sReport holds it.
+const char* TitreReport(int cas);
+
+// True for an id_protection of the registry (1 to 12).
+inline bool RelaisConnu(int id_protection) {
+    return id_protection >= 1 && id_protection <= static_cast<int>(LEGENDES_PROTECTION.size());
+}
+
+// What the start of the process does to the registry: every report case offered, relay
+// names read from the relay choice, then the single-phase report withdrawn from the relays
+// that do not admit it (7SA511, EPAC, PXLP, PXLN, RXAP). The relays themselves fill the tables
+// below when they register (InscrireRelais, at the program's start).
+void InitRegistre(Etude& e);
+
+// The making of each relay's panel, filled by the relays as they register; the panel's creation
+// computes its settings. A relay that has not registered has no panel: nullptr.
+using FabriquePanneauRelais = std::unique_ptr<Panneau> (*)(Etude&, Dialogue&);
+void InscrirePanneauRelais(int id_protection, FabriquePanneauRelais fabrique);
+std::unique_ptr<Panneau> CreerPanneauRelais(Etude& e, Dialogue& d);
+
+} // namespace tournesol

@@ -1,0 +1,188 @@
+#include "core/views/FenetrePanneau.h"
+
+#include "core/Panneau.h"
+#include "core/views/Lieur.h"
+
+#include <QCheckBox>
+#include <QCloseEvent>
+#include <QComboBox>
+#include <QFormLayout>
+#include <QGroupBox>
+#include <QHBoxLayout>
+#include <QKeyEvent>
+#include <QLabel>
+#include <QLineEdit>
+#include <QPushButton>
+#include <QRadioButton>
+#include <QTabWidget>
+#include <QVBoxLayout>
+#include <map>
+
+namespace tournesol {
+
+namespace {
+QString Q(const std::string& s) {
+    return QString::fromStdString(s);
+}
+
+std::map<std::string, FenetrePanneau::FabriqueWidget>& WidgetsInscrits() {
+    static std::map<std::string, FenetrePanneau::FabriqueWidget> widgets;
+    return widgets;
+}
+} // namespace
+
+void FenetrePanneau::InscrireWidget(const std::string& nomChamp, FabriqueWidget fabrique) {
+    WidgetsInscrits()[nomChamp] = std::move(fabrique);
+}
+
+FenetrePanneau::FenetrePanneau(Panneau& modele, QWidget* parent)
+    : QDialog(parent), modele_(modele) {
+    setObjectName(Q(modele.Nom()));
+    setWindowTitle(Q(modele.Titre()));
+}
+
+QWidget* FenetrePanneau::CreerWidget(Panneau& modele, const Champ& c, QWidget* parent) {
+    QWidget* w = nullptr;
+    switch (c.Genre) {
+    case GenreChamp::Texte:
+        w = new QLineEdit(parent);
+        break;
+    case GenreChamp::Liste: {
+        auto* liste = new QComboBox(parent);
+        liste->setEditable(true);
+        liste->setInsertPolicy(QComboBox::NoInsert);
+        liste->setMinimumWidth(220);
+        w = liste;
+        break;
+    }
+    case GenreChamp::Option:
+        w = new QRadioButton(Q(c.Texte), parent);
+        break;
+    case GenreChamp::Case:
+        w = new QCheckBox(Q(c.Texte), parent);
+        break;
+    case GenreChamp::Bouton: {
+        auto* bouton = new QPushButton(Q(c.Texte), parent);
+        bouton->setAutoDefault(false);
+        w = bouton;
+        break;
+    }
+    case GenreChamp::Etiquette: {
+        const auto& widgets = WidgetsInscrits();
+        if (const auto it = widgets.find(c.Nom); it != widgets.end())
+            return it->second(modele, c, parent);
+        auto* etiquette = new QLabel(Q(c.Texte), parent);
+        etiquette->setWordWrap(true);
+        w = etiquette;
+        break;
+    }
+    }
+    w->setObjectName(Q(c.Nom));
+    return w;
+}
+
+void FenetrePanneau::Construire(Panneau& modele, const std::string& groupe, QFormLayout* formulaire,
+                                QBoxLayout* boutons, QWidget* parent) {
+    for (const Champ& c : modele.Champs()) {
+        if (c.Groupe != groupe || (c.Genre == GenreChamp::Etiquette && c.Nom == groupe)) continue;
+        QWidget* w = CreerWidget(modele, c, parent);
+        if (c.Genre == GenreChamp::Texte || c.Genre == GenreChamp::Liste)
+            formulaire->addRow(Q(c.Legende), w);
+        else if (c.Genre == GenreChamp::Bouton && boutons)
+            boutons->addWidget(w);
+        else
+            formulaire->addRow(w);
+    }
+}
+
+void FenetrePanneau::ConstruireGenerique() {
+    auto* pile = new QVBoxLayout(this);
+    std::vector<std::string> groupes;
+    for (const Champ& c : modele_.Champs())
+        if (std::find(groupes.begin(), groupes.end(), c.Groupe) == groupes.end())
+            groupes.push_back(c.Groupe);
+    // A group written "Tab/Group" stands in the page of that tab.
+    QTabWidget* onglets = nullptr;
+    std::map<QString, QVBoxLayout*> pages;
+    auto page = [&](const QString& titre) -> QVBoxLayout* {
+        if (!onglets) {
+            onglets = new QTabWidget(this);
+            onglets->setObjectName("Onglets");
+            onglets->setUsesScrollButtons(false); // every tab's title in full
+            pile->addWidget(onglets);
+        }
+        if (!pages.count(titre)) {
+            auto* feuille = new QWidget(onglets);
+            auto* disposition = new QVBoxLayout(feuille);
+            onglets->addTab(feuille, titre);
+            pages[titre] = disposition;
+        }
+        return pages[titre];
+    };
+    auto* boutons = new QHBoxLayout;
+    for (const std::string& groupe : groupes) {
+        if (groupe.empty()) {
+            auto* formulaire = new QFormLayout;
+            Construire(modele_, groupe, formulaire, boutons, this);
+            pile->addLayout(formulaire);
+            continue;
+        }
+        const QString nom = Q(groupe);
+        const qsizetype barre = nom.indexOf('/');
+        QVBoxLayout* cible = barre >= 0 ? page(nom.left(barre)) : pile;
+        auto* cadre = new QGroupBox(barre >= 0 ? nom.mid(barre + 1) : QString(), this);
+        if (Champ* titre = modele_.Trouver(groupe); titre && titre->Genre == GenreChamp::Etiquette)
+            cadre->setObjectName(nom);
+        auto* formulaire = new QFormLayout(cadre);
+        Construire(modele_, groupe, formulaire, nullptr, cadre);
+        cible->addWidget(cadre);
+    }
+    for (auto& [titre, disposition] : pages)
+        disposition->addStretch();
+    boutons->addStretch();
+    pile->addLayout(boutons);
+    Lier();
+}
+
+void FenetrePanneau::Lier() {
+    lieur_ = new Lieur(this, modele_, [this] { Apres(); });
+    ApresHandler();
+}
+
+void FenetrePanneau::Apres() {
+    ApresHandler();
+    update();
+    if (modele_.Ferme()) accept();
+}
+
+void FenetrePanneau::keyPressEvent(QKeyEvent* evenement) {
+    if (evenement->key() == Qt::Key_Return || evenement->key() == Qt::Key_Enter) {
+        // The field being typed in is left first, as when the user moves away from it.
+        if (QWidget* focus = focusWidget()) focus->clearFocus();
+        modele_.Touche(Panneau::TOUCHE_ENTREE);
+        lieur_->Rafraichir();
+        ApresHandler();
+        if (modele_.Ferme()) accept();
+        return;
+    }
+    QDialog::keyPressEvent(evenement);
+}
+
+void FenetrePanneau::reject() {
+    modele_.Touche(Panneau::TOUCHE_ECHAP);
+    if (lieur_) lieur_->Rafraichir();
+    ApresHandler();
+    if (modele_.Ferme()) QDialog::accept();
+}
+
+void FenetrePanneau::closeEvent(QCloseEvent* evenement) {
+    if (modele_.Ferme() || modele_.Fermer()) {
+        evenement->accept();
+        QDialog::accept();
+        return;
+    }
+    if (lieur_) lieur_->Rafraichir();
+    evenement->ignore();
+}
+
+} // namespace tournesol
