@@ -21,10 +21,10 @@ BENCHMARK(BM_FormaterNombre);
 static void BM_SortieDeChamp(benchmark::State& state) {
     Champ c{"txtX1", "12,345", "##0.00"};
     for (auto _ : state) {
-        c.Texte = "12,345";
+        c.DefinirTexte("12,345");
         const double v = ChampLire(c);
         ChampEcrire(c, v);
-        benchmark::DoNotOptimize(c.Texte);
+        benchmark::DoNotOptimize(c.Texte());
     }
 }
 BENCHMARK(BM_SortieDeChamp);

@@ -14,36 +14,54 @@ int LongueurCaracteres(const std::string& texte) {
 }
 } // namespace
 
+const std::string& Champ::Texte() const {
+    if (aFormater_) {
+        texte_ = FormaterNombre(nombre_, Format);
+        aFormater_ = false;
+    }
+    return texte_;
+}
+
+void Champ::DefinirTexte(std::string texte) {
+    texte_ = std::move(texte);
+    aFormater_ = false;
+}
+
 void ChampEcrire(Champ& champ, double valeur) {
     const bool enErreur = ErreurEnAttente() != 0;
     EffacerErreurEnAttente();
-    champ.Texte = FormaterNombre(enErreur ? 0.0 : valeur, champ.Format);
+    champ.nombre_ = enErreur ? 0.0 : valeur;
+    champ.aFormater_ = true;
 }
 
 void ChampEcrire(Champ& champ, std::string_view valeur) {
     const bool enErreur = ErreurEnAttente() != 0;
     EffacerErreurEnAttente();
     if (enErreur || valeur.empty()) {
-        champ.Texte = FormaterNombre(0.0, champ.Format);
+        champ.DefinirTexte(FormaterNombre(0.0, champ.Format));
         return;
     }
     // A text that is not a number is shown as it stands.
     const auto nombre = LireNombre(valeur);
-    champ.Texte = nombre ? FormaterNombre(*nombre, champ.Format) : std::string(valeur);
+    champ.DefinirTexte(nombre ? FormaterNombre(*nombre, champ.Format) : std::string(valeur));
 }
 
 double ChampLire(Champ& champ) {
-    const std::size_t virgule = champ.Texte.find(',');
-    if (virgule != std::string::npos) champ.Texte[virgule] = SeparateurDecimal();
-    if (champ.Texte == "0" || champ.Texte == "," || champ.Texte.empty()) return 0.0;
-    const auto nombre = LireNombre(champ.Texte);
+    std::string texte = champ.Texte();
+    const std::size_t virgule = texte.find(',');
+    if (virgule != std::string::npos) {
+        texte[virgule] = SeparateurDecimal();
+        champ.DefinirTexte(texte);
+    }
+    if (texte == "0" || texte == "," || texte.empty()) return 0.0;
+    const auto nombre = LireNombre(texte);
     if (!nombre) return 0.0;
     return ArrondirSelonFormat(*nombre, champ.Format);
 }
 
 void ChampSelection(Champ& champ) {
     champ.SelDebut = 0;
-    champ.SelLongueur = LongueurCaracteres(champ.Texte);
+    champ.SelLongueur = LongueurCaracteres(champ.Texte());
 }
 
 std::string Remplacer(std::string_view texte, std::string_view cherche,

@@ -14,10 +14,9 @@ enum class GenreChamp { Texte, Liste, Option, Case, Bouton, Etiquette };
 struct Champ {
     Champ() = default;
     Champ(std::string nom, std::string texte, std::string format)
-        : Nom(std::move(nom)), Texte(std::move(texte)), Format(std::move(format)) {}
+        : Nom(std::move(nom)), Format(std::move(format)), texte_(std::move(texte)) {}
 
     std::string Nom;     // the name the view's widget bears
-    std::string Texte;   // what the field shows
     std::string Format;  // picture format of a numeric field, empty for a text
     std::string Legende; // caption
     bool Actif = true;   // enabled
@@ -29,6 +28,17 @@ struct Champ {
     std::string Groupe;             // the frame or tab it stands in
     std::vector<std::string> Liste; // the entries of a list
     int IndexListe = -1;            // the entry chosen, -1 for a free text
+
+    // What the field shows. A number written by ChampEcrire is put through the format only
+    // here, when someone reads the field: a panel that nobody sees formats nothing.
+    const std::string& Texte() const;
+    void DefinirTexte(std::string texte);
+
+private:
+    friend void ChampEcrire(Champ& champ, double valeur);
+    mutable std::string texte_;
+    double nombre_ = 0.0;            // the number waiting to be formatted
+    mutable bool aFormater_ = false; // texte_ does not show nombre_ yet
 };
 
 // Shows a value through the field's format. A pending run-time error, or an empty text,

@@ -51,7 +51,7 @@ void PanneauNumero::Cliquer(const std::string& nom) {
 void PanneauNumero::Valider() {
     // Rounded to the nearest integer as the run-time assigns a 16-bit integer; a value beyond
     // that range leaves the number as it was.
-    const double n = std::nearbyint(ValeurNumerique(Trouver("txtnuméro")->Texte));
+    const double n = std::nearbyint(ValeurNumerique(Trouver("txtnuméro")->Texte()));
     if (n >= std::numeric_limits<Entier16>::min() && n <= std::numeric_limits<Entier16>::max())
         e_.id_numero = static_cast<Entier16>(n);
     FermerPanneau();

@@ -84,7 +84,7 @@ void FenetreDiagnostics::MajDiagnostics() {
         }
         for (Etat& etat : etats) {
             etat.champ->Visible = etat.visible;
-            etat.champ->Texte = std::move(etat.texte);
+            etat.champ->DefinirTexte(std::move(etat.texte));
         }
     });
 }

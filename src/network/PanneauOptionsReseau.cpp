@@ -221,9 +221,11 @@ void PanneauOptionsReseau::Afficher() {
     const char* const etiquettes[] = {"lblxam", "lblxav", "lblxaz"};
     const char* const normales[] = {"on substation A", "on substationB", "on substationC"};
     for (std::size_t i = 0; i < 3; ++i)
-        Trouver(etiquettes[i])->Texte =
-            centrale ? std::string("impedance of the transformers at substation ") + bouts[i]
-                     : std::string("transformer impedance                          ") + normales[i];
+        Trouver(etiquettes[i])
+            ->DefinirTexte(
+                centrale
+                    ? std::string("impedance of the transformers at substation ") + bouts[i]
+                    : std::string("transformer impedance                          ") + normales[i]);
     Trouver("lblxaz")->Visible = Trouver("txtxaz")->Visible = tl_ == 3;
     for (const char* nom : {"lblPmax", "txtpmax", "lblSmax", "txtsmax"})
         Trouver(nom)->Visible = centrale;
@@ -263,9 +265,9 @@ void PanneauOptionsReseau::AideTransit() {
         tri = mono = max = AIDE; // no guide for another level
         break;
     }
-    Trouver("aidetri")->Texte = tri;
-    Trouver("Aidemono")->Texte = mono;
-    Trouver("aidemax")->Texte = max;
+    Trouver("aidetri")->DefinirTexte(tri);
+    Trouver("Aidemono")->DefinirTexte(mono);
+    Trouver("aidemax")->DefinirTexte(max);
 }
 
 void PanneauOptionsReseau::Entrer(const std::string& nom) {

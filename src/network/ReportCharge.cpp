@@ -92,7 +92,7 @@ PanneauReportCharge::PanneauReportCharge(Etude& e, Dialogue& d)
 void PanneauReportCharge::ChoisirMode(bool calcul) {
     Trouver("chkcalcul")->Valeur = calcul;
     Trouver("chksaisie")->Valeur = !calcul;
-    Trouver("Command2")->Texte = calcul ? "&Calculer" : "OK";
+    Trouver("Command2")->DefinirTexte(calcul ? "&Calculer" : "OK");
     if (calcul && (e_.TypeReportCharge == 0 || e_.TypeReportCharge == 1)) Calculer();
 }
 

@@ -63,7 +63,7 @@ void PanneauProtection::DeclarerChamps(const std::vector<DescriptionChamp>& tabl
             c.Legende = LegendeAvecUnite(d);
             c.Actif = d.Saisie;
         } else {
-            c.Texte = LegendeAvecUnite(d);
+            c.DefinirTexte(LegendeAvecUnite(d));
         }
         indexDescriptions_[d.Nom] = descriptions_.size();
         descriptions_.push_back(std::move(d));

@@ -15,7 +15,7 @@ void RemplirRegistre(Etude& e, Dialogue& d) {
     for (int id = 1; id <= NOMBRE_RELAIS; ++id) {
         const auto i = static_cast<std::size_t>(id - 1);
         e.ReportAdmis[i].fill(true);
-        e.NomsProtection[i] = choix.Trouver("Option3D1(" + std::to_string(id) + ")")->Texte;
+        e.NomsProtection[i] = choix.Trouver("Option3D1(" + std::to_string(id) + ")")->Texte();
     }
     for (const int id : {1, 2, 6, 7, 11})
         e.ReportAdmis[static_cast<std::size_t>(id - 1)][REPORT_MONOPHASE] = false;

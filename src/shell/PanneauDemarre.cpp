@@ -387,7 +387,7 @@ std::string PanneauDemarre::TexteOutil(int outil) {
 void PanneauDemarre::ChoisirOutil(int outil) {
     if (texte_) Caractere("\r");
     e_.OptionDessin = static_cast<Entier16>(outil);
-    Trouver("status")->Texte = TexteOutil(outil);
+    Trouver("status")->DefinirTexte(TexteOutil(outil));
 }
 
 std::string PanneauDemarre::TexteCoordonnees(double r, double x) {
@@ -412,7 +412,7 @@ Annotation PanneauDemarre::Plume(Annotation::Genre genre) const {
 }
 
 void PanneauDemarre::SourisBouge(double r, double x) {
-    Trouver("coordonnées")->Texte = TexteCoordonnees(r, x);
+    Trouver("coordonnées")->DefinirTexte(TexteCoordonnees(r, x));
     const Complexe point = Cart(r, x);
     if (glisse_) {
         if (e_.OptionDessin == OUTIL_MAIN || e_.OptionDessin == OUTIL_GOMME) {
@@ -441,7 +441,7 @@ void PanneauDemarre::SourisBouge(double r, double x) {
         aide = " : click on the centre of the square, maintain to enlarge";
     else if (e_.OptionDessin >= 1 && e_.OptionDessin <= 5)
         aide = AIDES[e_.OptionDessin];
-    Trouver("status")->Texte = texte_ ? "ESC rubs out the text" : "Drawing area" + aide;
+    Trouver("status")->DefinirTexte(texte_ ? "ESC rubs out the text" : "Drawing area" + aide);
 }
 
 void PanneauDemarre::SourisBas(double r, double x) {
@@ -460,7 +460,7 @@ void PanneauDemarre::SourisHaut(double r, double x) {
     case OUTIL_TEXTE:
         texte_ = Plume(Annotation::Texte);
         texte_->a = point;
-        Trouver("status")->Texte = "ESC rubs out the text";
+        Trouver("status")->DefinirTexte("ESC rubs out the text");
         break;
     case OUTIL_CERCLE:
     case OUTIL_DROITE: {

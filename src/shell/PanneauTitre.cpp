@@ -87,7 +87,7 @@ void PanneauChoixProtection::Cliquer(const std::string& nom) {
         for (int id = 1; id <= NOMBRE_RELAIS; ++id)
             Trouver(Option(id))->Valeur = id == selection_;
         e_.EtudeModifiee = true;
-        e_.NomProtection = Trouver(nom)->Texte;
+        e_.NomProtection = Trouver(nom)->Texte();
     }
 }
 
@@ -156,7 +156,7 @@ void PanneauTitre::RemplirListe(const char* nom, std::vector<std::string> entree
     Champ& c = *Trouver(nom);
     c.Liste = std::move(entrees);
     c.IndexListe = -1;
-    const auto it = std::find(c.Liste.begin(), c.Liste.end(), c.Texte);
+    const auto it = std::find(c.Liste.begin(), c.Liste.end(), c.Texte());
     if (it != c.Liste.end()) c.IndexListe = static_cast<int>(it - c.Liste.begin());
 }
 
@@ -174,7 +174,7 @@ void PanneauTitre::ReglerOK() {
 void PanneauTitre::Indice(const std::string& message) {
     Champ& status = *Trouver("Status");
     status.Visible = !message.empty();
-    if (!message.empty()) status.Texte = message;
+    if (!message.empty()) status.DefinirTexte(message);
 }
 
 void PanneauTitre::AutoriserSuppression() {
@@ -231,8 +231,8 @@ void PanneauTitre::Quitter(const std::string& champ) {
     const bool premiere = b == &PREMIERE;
     if (champ == b->poste) {
         if (premiere && T(b->poste) != e_.NomPoste) {
-            Trouver(b->depart)->Texte.clear();
-            Trouver(b->piquage)->Texte.clear();
+            Trouver(b->depart)->DefinirTexte({});
+            Trouver(b->piquage)->DefinirTexte({});
             Trouver(b->protection)->IndexListe = -1;
         }
         if (premiere) {
@@ -244,7 +244,7 @@ void PanneauTitre::Quitter(const std::string& champ) {
         if (base_) RemplirListe(b->depart, base_->Departs(T(b->poste)));
     } else if (champ == b->depart) {
         if (premiere && T(b->depart) != e_.NomDepart) {
-            Trouver(b->piquage)->Texte.clear();
+            Trouver(b->piquage)->DefinirTexte({});
             Trouver(b->protection)->IndexListe = -1;
         }
         if (premiere) {
@@ -301,7 +301,7 @@ void PanneauTitre::Cliquer(const std::string& nom) {
         Trouver("cmdSupprimer")->Actif = !deux && base_ != nullptr;
         for (const char* boite : {PREMIERE.poste, PREMIERE.depart, PREMIERE.piquage, SECONDE.poste,
                                   SECONDE.depart, SECONDE.piquage})
-            Trouver(boite)->Texte.clear();
+            Trouver(boite)->DefinirTexte({});
         Trouver(PREMIERE.protection)->IndexListe = -1;
         Trouver(SECONDE.protection)->IndexListe = -1;
         ChoisirPage(0);
@@ -319,9 +319,9 @@ void PanneauTitre::Cliquer(const std::string& nom) {
             if (auto panneau = base_->PanneauSuppression(e_, d_)) {
                 d_.MontrerPanneau(*panneau);
                 // What was deleted is gone from the boxes and from the lists.
-                Trouver(PREMIERE.poste)->Texte = e_.NomPoste;
-                Trouver(PREMIERE.depart)->Texte = e_.NomDepart;
-                Trouver(PREMIERE.piquage)->Texte = e_.NomPiquage;
+                Trouver(PREMIERE.poste)->DefinirTexte(e_.NomPoste);
+                Trouver(PREMIERE.depart)->DefinirTexte(e_.NomDepart);
+                Trouver(PREMIERE.piquage)->DefinirTexte(e_.NomPiquage);
                 Trouver(PREMIERE.protection)->IndexListe = -1;
                 RemplirListe(PREMIERE.poste, base_->Postes());
                 RemplirListe(PREMIERE.depart, base_->Departs(e_.NomPoste));
@@ -400,7 +400,7 @@ void PanneauTitre::Ouvrir() {
         Champ& protection = *Trouver(PREMIERE.protection);
         if (e_.IdxProtection >= 0 &&
             static_cast<std::size_t>(e_.IdxProtection) < protection.Liste.size())
-            protection.Texte = protection.Liste[static_cast<std::size_t>(e_.IdxProtection)];
+            protection.DefinirTexte(protection.Liste[static_cast<std::size_t>(e_.IdxProtection)]);
         return;
     }
     Trouver("cmdSupprimer")->Actif = false;

@@ -71,7 +71,7 @@ private:
     void ReglerNumero(const char* protection, const char* label, const char* numero);
     void Ouvrir();
     void RemplirListe(const char* nom, std::vector<std::string> entrees);
-    std::string T(const char* nom) { return Trouver(nom)->Texte; }
+    std::string T(const char* nom) { return Trouver(nom)->Texte(); }
 
     Etude& e_;
     Dialogue& d_;

@@ -121,7 +121,7 @@ TEST(Dialogue, SansFenetreEtScripte) {
     PanneauEssai p;
     muet.MontrerPanneau(p);
     EXPECT_EQ(p.valide, 1); // confirmed without change
-    EXPECT_EQ(p.Trouver("txtValeur")->Texte, "1");
+    EXPECT_EQ(p.Trouver("txtValeur")->Texte(), "1");
     EXPECT_EQ(p.Trouver("txtAutre"), nullptr);
     EXPECT_FALSE(muet.Sablier(true));
     EXPECT_TRUE(muet.Sablier(false));
@@ -129,14 +129,14 @@ TEST(Dialogue, SansFenetreEtScripte) {
     DialogueScripte script;
     script.AjouterReponses({1});
     script.QuandPanneau("frmEssai",
-                        [](Panneau& panneau) { panneau.Trouver("txtValeur")->Texte = "2"; });
+                        [](Panneau& panneau) { panneau.Trouver("txtValeur")->DefinirTexte("2"); });
     PoserQuestion(e, script);
     EXPECT_EQ(e.ReponseQuestion, 1);
     PoserQuestion(e, script); // the script ran out: first button
     EXPECT_EQ(e.ReponseQuestion, 0);
     script.MontrerPanneau(p);
     EXPECT_EQ(p.valide, 1);
-    EXPECT_EQ(p.Trouver("txtValeur")->Texte, "2");
+    EXPECT_EQ(p.Trouver("txtValeur")->Texte(), "2");
     AfficherMessage(e, script);
 
     ASSERT_EQ(script.Messages().size(), 3u);

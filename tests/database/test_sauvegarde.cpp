@@ -86,7 +86,7 @@ TEST_F(Sauvegarde, UnNumeroManquantEstDemandeAvantLeLien) {
     Etude auPanneau;
     d_.QuandPanneau("frmnuméro", [&](Panneau& p) {
         auPanneau = e; // what was saved before the question
-        p.Trouver("txtnuméro")->Texte = "4";
+        p.Trouver("txtnuméro")->DefinirTexte("4");
         p.Entrer("txtnuméro");
         EXPECT_EQ(p.Trouver("txtnuméro")->SelLongueur, 1); // the text is selected
         p.Cliquer("cmdok");

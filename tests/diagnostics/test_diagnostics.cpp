@@ -20,7 +20,7 @@ bool Visible(Panneau& p, const std::string& nom) {
 }
 
 std::string TexteDe(Panneau& p, const std::string& nom) {
-    return p.Trouver(nom)->Texte;
+    return p.Trouver(nom)->Texte();
 }
 
 // The PXLP's texts for the last two rules, which its window does not show.

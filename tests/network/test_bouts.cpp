@@ -10,7 +10,7 @@ using namespace tournesol;
 namespace {
 
 void Saisir(Panneau& p, const std::string& nom, const std::string& texte) {
-    p.Trouver(nom)->Texte = texte;
+    p.Trouver(nom)->DefinirTexte(texte);
     p.Changer(nom);
 }
 
@@ -47,11 +47,11 @@ TEST(DeuxBouts, LeClicSurLImagePlaceLeRelais) {
     MagasinMemoire m;
     PanneauDeuxBouts p(e, &m);
     EXPECT_EQ(p.Nom(), "frmdeuxbouts");
-    EXPECT_EQ(p.Trouver("placerprotection")->Texte, "A-B");
+    EXPECT_EQ(p.Trouver("placerprotection")->Texte(), "A-B");
     EXPECT_EQ(p.Trouver("placerprotection")->Genre, GenreChamp::Etiquette);
-    EXPECT_EQ(p.Trouver("lblnom(0)")->Texte, "A : MARMAGNE");
-    EXPECT_EQ(p.Trouver("lblnom(1)")->Texte, "B : EGUZON");
-    EXPECT_EQ(p.Trouver("Fraoption")->Texte, "choose one end");
+    EXPECT_EQ(p.Trouver("lblnom(0)")->Texte(), "A : MARMAGNE");
+    EXPECT_EQ(p.Trouver("lblnom(1)")->Texte(), "B : EGUZON");
+    EXPECT_EQ(p.Trouver("Fraoption")->Texte(), "choose one end");
     EXPECT_EQ(p.Trouver("chkbout(1)")->Groupe, "Fraoption");
     EXPECT_EQ(p.Bout(), 0);
     EXPECT_TRUE(p.Trouver("chkbout(0)")->Valeur);
@@ -100,8 +100,8 @@ TEST(DeuxBouts, LiaisonCentraleSuitLeBoutEtSansMagasin) {
 TEST(TroisBouts, OngletsEtCourantsActivesParLEtude) {
     Etude e = LigneEnPiquage();
     PanneauTroisBouts p(e, nullptr);
-    EXPECT_EQ(p.Trouver("placerprotection")->Texte, "A-B-C");
-    EXPECT_EQ(p.Trouver("lblnom(2)")->Texte, "C : ARGENTON");
+    EXPECT_EQ(p.Trouver("placerprotection")->Texte(), "A-B-C");
+    EXPECT_EQ(p.Trouver("lblnom(2)")->Texte(), "C : ARGENTON");
     EXPECT_EQ(p.Trouver("chkcourcirc")->Groupe.substr(0, 15), "Relay position/");
     EXPECT_EQ(p.Trouver("txticcabt")->Groupe, "reckoned Icc/Icctri");
     EXPECT_EQ(p.Trouver("txticcabt")->Legende, "A - B");
@@ -149,7 +149,7 @@ TEST(TroisBouts, CourantsNulsAUn) {
     Etude e = LigneEnPiquage();
     e.Ligne_IPCCBT = 4300.0;
     PanneauTroisBouts p(e, nullptr);
-    EXPECT_EQ(p.Trouver("txtipccbt")->Texte, "4300.0");
+    EXPECT_EQ(p.Trouver("txtipccbt")->Texte(), "4300.0");
     Saisir(p, "txticcacm", "0");
     Saisir(p, "txtipcabm", "");
     p.Valider();
@@ -192,7 +192,7 @@ TEST(TroisBouts, ValeursEcritesPuisRelues) {
     EXPECT_TRUE(q.Trouver("chkcourcirc")->Valeur);
     EXPECT_TRUE(q.Trouver("txticcacm")->Actif);
     for (std::size_t i = 0; i < champs.size(); ++i)
-        EXPECT_EQ(q.Trouver(champs[i])->Texte, std::to_string(100 * (i + 1)) + ".0") << champs[i];
+        EXPECT_EQ(q.Trouver(champs[i])->Texte(), std::to_string(100 * (i + 1)) + ".0") << champs[i];
     EXPECT_EQ(f.Ligne_pp, 0); // the study takes them only on OK
     q.Valider();
     EXPECT_EQ(f.Ligne_pp, 1);
@@ -204,5 +204,5 @@ TEST(TroisBouts, ValeursEcritesPuisRelues) {
     g.Ligne_ICCACM = 333.0;
     PanneauTroisBouts r(g, &m);
     EXPECT_EQ(r.Bout(), 0);
-    EXPECT_EQ(r.Trouver("txticcacm")->Texte, "333.0");
+    EXPECT_EQ(r.Trouver("txticcacm")->Texte(), "333.0");
 }

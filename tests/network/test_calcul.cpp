@@ -178,8 +178,8 @@ TEST(Calcul, ErreursArretentLeCalcul) {
     vu.ErrCalcul = ERR_DIVISION;
     DialogueScripte script;
     script.QuandPanneau("frmValeurs", [](Panneau& p) {
-        EXPECT_EQ(p.Trouver("txtxprim1")->Texte, "4.");
-        p.Trouver("txtxprim1")->Texte = "5,25";
+        EXPECT_EQ(p.Trouver("txtxprim1")->Texte(), "4.");
+        p.Trouver("txtxprim1")->DefinirTexte("5,25");
         p.Valider();
     });
     Calcul(vu, script);

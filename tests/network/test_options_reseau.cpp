@@ -10,7 +10,7 @@ using namespace tournesol;
 namespace {
 
 void Saisir(Panneau& p, const std::string& nom, const std::string& texte) {
-    p.Trouver(nom)->Texte = texte;
+    p.Trouver(nom)->DefinirTexte(texte);
     p.Changer(nom);
 }
 
@@ -63,7 +63,7 @@ TEST(OptionsReseau, DefautsDUneNouvelleLigneSansEcraserLEtude) {
     PanneauOptionsReseau p(e);
     EXPECT_EQ(e.Ligne_Up, 225);
     EXPECT_TRUE(p.Trouver("chkup(225)")->Valeur);
-    EXPECT_EQ(p.Trouver("txtitmax")->Texte, "1200");
+    EXPECT_EQ(p.Trouver("txtitmax")->Texte(), "1200");
 }
 
 TEST(OptionsReseau, QuatreOngletsEtGroupesExclusifs) {
@@ -73,10 +73,10 @@ TEST(OptionsReseau, QuatreOngletsEtGroupesExclusifs) {
     EXPECT_EQ(Onglets(p), (std::vector<std::string>{" Transit current", "Impedance or power",
                                                     "CT's and VT's", "Line type"}));
     EXPECT_EQ(p.Trouver("chkup(400)")->Groupe, "CT's and VT's/primary voltage");
-    EXPECT_EQ(p.Trouver("chkip(500)")->Texte, "  500 A");
+    EXPECT_EQ(p.Trouver("chkip(500)")->Texte(), "  500 A");
     EXPECT_EQ(p.Trouver("chkcustomis")->Groupe, "CT's and VT's/secondary current");
     EXPECT_EQ(p.Trouver("chkliaisonclient")->Groupe, "Line type/feeding");
-    EXPECT_EQ(p.Trouver("chktypeligne(2)")->Texte, "partially double circuit line");
+    EXPECT_EQ(p.Trouver("chktypeligne(2)")->Texte(), "partially double circuit line");
     EXPECT_EQ(p.Trouver("txtxam")->Format, "##0.00");
     EXPECT_EQ(p.Trouver("txtcustomis")->Format, "0.0");
     EXPECT_EQ(p.Trouver("Command1")->Genre, GenreChamp::Bouton);
@@ -111,13 +111,13 @@ TEST(OptionsReseau, GroupesIndexesParLaValeur) {
     EXPECT_TRUE(q.Trouver("chkip(0)")->Valeur);
     EXPECT_TRUE(q.Trouver("chkcustomis")->Valeur);
     EXPECT_TRUE(q.Trouver("txtcustomup")->Actif);
-    EXPECT_EQ(q.Trouver("txtcustomup")->Texte, "150");
-    EXPECT_EQ(q.Trouver("txtcustomis")->Texte, "2.0");
+    EXPECT_EQ(q.Trouver("txtcustomup")->Texte(), "150");
+    EXPECT_EQ(q.Trouver("txtcustomis")->Texte(), "2.0");
 
     // "other" chosen with a listed value beside it stays "other", and the field is typed in.
     q.Cliquer("chkip(1000)");
     EXPECT_FALSE(q.Trouver("txtcustomip")->Actif);
-    EXPECT_EQ(q.Trouver("txtcustomip")->Texte, "1000");
+    EXPECT_EQ(q.Trouver("txtcustomip")->Texte(), "1000");
     q.Cliquer("chkip(0)");
     EXPECT_TRUE(q.Trouver("chkip(0)")->Valeur);
     EXPECT_FALSE(q.Trouver("chkip(1000)")->Valeur);
@@ -313,16 +313,16 @@ TEST(OptionsReseau, ReglesDeVisibilite) {
 
     // Generator powers and the plant's help: a plant link only.
     EXPECT_FALSE(Visible(p, "txtpmax"));
-    EXPECT_TRUE(p.Trouver("lblxam")->Texte.find("transformer impedance ") == 0);
-    EXPECT_EQ(p.Trouver("lblxav")->Texte,
+    EXPECT_TRUE(p.Trouver("lblxam")->Texte().find("transformer impedance ") == 0);
+    EXPECT_EQ(p.Trouver("lblxav")->Texte(),
               "transformer impedance                          on substationB");
     p.Cliquer("chkliaisoncentrale");
     for (const char* nom : {"txtpmax", "txtsmax", "lblPmax", "aidecentrale"})
         EXPECT_TRUE(Visible(p, nom)) << nom;
     for (const char* nom : {"txtitmax", "txtitmono", "txtittri", "txtitclient"})
         EXPECT_FALSE(Visible(p, nom)) << nom;
-    EXPECT_EQ(p.Trouver("lblxam")->Texte, "impedance of the transformers at substation A");
-    EXPECT_EQ(p.Trouver("lblxav")->Texte, "impedance of the transformers at substation B");
+    EXPECT_EQ(p.Trouver("lblxam")->Texte(), "impedance of the transformers at substation A");
+    EXPECT_EQ(p.Trouver("lblxav")->Texte(), "impedance of the transformers at substation B");
 
     // A customer link: its own current only.
     p.Cliquer("chkliaisonclient");
@@ -340,19 +340,20 @@ TEST(OptionsReseau, AideDuTransitSelonLeNiveau) {
     Etude e;
     e.Ligne_Up = 400;
     PanneauOptionsReseau p(e);
-    EXPECT_EQ(p.Trouver("aidemax")->Texte, "Point on the text to obtain its meaning");
+    EXPECT_EQ(p.Trouver("aidemax")->Texte(), "Point on the text to obtain its meaning");
     p.Entrer(PanneauOptionsReseau::ONGLET_TRANSIT);
-    EXPECT_EQ(p.Trouver("aidetri")->Texte, "The implementation of this value is not compulsory");
-    EXPECT_EQ(p.Trouver("Aidemono")->Texte, "The higher of IS2 (Winter2) and IS3 (spring-automn)");
-    EXPECT_EQ(p.Trouver("aidemax")->Texte, "IS3 (Winter2)");
+    EXPECT_EQ(p.Trouver("aidetri")->Texte(), "The implementation of this value is not compulsory");
+    EXPECT_EQ(p.Trouver("Aidemono")->Texte(),
+              "The higher of IS2 (Winter2) and IS3 (spring-automn)");
+    EXPECT_EQ(p.Trouver("aidemax")->Texte(), "IS3 (Winter2)");
     // The help on show follows the level chosen.
     p.Cliquer("chkup(63)");
-    EXPECT_EQ(p.Trouver("Aidemono")->Texte, "The implementation of this value is not compulsory");
-    EXPECT_EQ(p.Trouver("aidemax")->Texte, "1,15 x IMAP (Winter2)");
+    EXPECT_EQ(p.Trouver("Aidemono")->Texte(), "The implementation of this value is not compulsory");
+    EXPECT_EQ(p.Trouver("aidemax")->Texte(), "1,15 x IMAP (Winter2)");
     p.Cliquer("chkup(225)");
-    EXPECT_EQ(p.Trouver("aidetri")->Texte, "IMAP (Winter2)");
-    EXPECT_EQ(p.Trouver("Aidemono")->Texte, "IMAP (Winter2)");
-    EXPECT_EQ(p.Trouver("aidemax")->Texte, "IS3 (Winter2)");
+    EXPECT_EQ(p.Trouver("aidetri")->Texte(), "IMAP (Winter2)");
+    EXPECT_EQ(p.Trouver("Aidemono")->Texte(), "IMAP (Winter2)");
+    EXPECT_EQ(p.Trouver("aidemax")->Texte(), "IS3 (Winter2)");
 }
 
 TEST(OptionsReseau, ReactancesEtPuissancesLues) {

@@ -99,8 +99,8 @@ TEST(ReportCharge, ReactanceNulleEtFacteursSaisis) {
     e.Ligne_CRt = 1.4;
     PanneauReportCharge panneau(e, d);
     EXPECT_TRUE(panneau.Trouver("chksaisie")->Valeur);
-    EXPECT_EQ(panneau.Trouver("txtcrt")->Texte, "1.400");
-    panneau.Trouver("txtxla")->Texte = "0";
+    EXPECT_EQ(panneau.Trouver("txtcrt")->Texte(), "1.400");
+    panneau.Trouver("txtxla")->DefinirTexte("0");
     panneau.Cliquer("chkcalcul");
     EXPECT_EQ(e.ErrCalcul, ERR_DIVISION);
     ASSERT_EQ(d.Messages().size(), 1u);
@@ -110,8 +110,8 @@ TEST(ReportCharge, ReactanceNulleEtFacteursSaisis) {
 
     // Typed factors are read from both fields.
     panneau.Cliquer("chksaisie");
-    panneau.Trouver("txtcrt")->Texte = "1,35";
-    panneau.Trouver("txtcrm")->Texte = "1.2";
+    panneau.Trouver("txtcrt")->DefinirTexte("1,35");
+    panneau.Trouver("txtcrm")->DefinirTexte("1.2");
     panneau.Cliquer("Command2");
     EXPECT_EQ(e.Ligne_CRt, 1.35);
     EXPECT_EQ(e.Ligne_CRm, 1.2);
@@ -139,7 +139,7 @@ TEST(ReportCharge, QuitterSansConfirmer) {
     // "Con&firmer" takes what the fields show.
     d.AjouterReponses({0});
     PanneauReportCharge panneau(e, d);
-    panneau.Trouver("txtxla")->Texte = "40";
+    panneau.Trouver("txtxla")->DefinirTexte("40");
     EXPECT_TRUE(panneau.Fermer());
     EXPECT_EQ(e.Ligne_XLA, 40.0);
     EXPECT_NEAR(e.Ligne_CRt, FacteurAttendu(40.0), 1e-12);

@@ -15,7 +15,7 @@ namespace {
 using Cplx = std::complex<double>;
 
 void Saisir(Panneau& p, const std::string& nom, const std::string& texte) {
-    p.Trouver(nom)->Texte = texte;
+    p.Trouver(nom)->DefinirTexte(texte);
     p.Changer(nom);
 }
 
@@ -51,8 +51,8 @@ TEST(ValeursReseau, SequenceDirecteCartesienneEtPolaire) {
     EXPECT_FALSE(p.Trouver("txtzl(0)")->Actif);
     Saisir(p, "txtrl(0)", "3");
     Saisir(p, "txtxl(0)", "12");
-    EXPECT_EQ(p.Trouver("txtzl(0)")->Texte, "12.369");  // sqrt(153)
-    EXPECT_EQ(p.Trouver("txtphi(0)")->Texte, "75.964"); // atan(4)
+    EXPECT_EQ(p.Trouver("txtzl(0)")->Texte(), "12.369");  // sqrt(153)
+    EXPECT_EQ(p.Trouver("txtphi(0)")->Texte(), "75.964"); // atan(4)
 
     p.Cliquer("chkpol(0)");
     EXPECT_FALSE(p.Trouver("chkcart(0)")->Valeur);
@@ -60,16 +60,16 @@ TEST(ValeursReseau, SequenceDirecteCartesienneEtPolaire) {
     EXPECT_TRUE(p.Trouver("txtphi(0)")->Actif);
     Saisir(p, "txtzl(0)", "10");
     Saisir(p, "txtphi(0)", "30");
-    EXPECT_EQ(p.Trouver("txtrl(0)")->Texte, "8.660");
-    EXPECT_EQ(p.Trouver("txtxl(0)")->Texte, "5.000");
+    EXPECT_EQ(p.Trouver("txtrl(0)")->Texte(), "8.660");
+    EXPECT_EQ(p.Trouver("txtxl(0)")->Texte(), "5.000");
 
     // Without a resistance the argument stays as it stands.
     p.Cliquer("chkcart(0)");
-    const std::string phi = p.Trouver("txtphi(0)")->Texte;
+    const std::string phi = p.Trouver("txtphi(0)")->Texte();
     EXPECT_NEAR(Lu(p, "txtphi(0)"), 30.0, 2e-3); // from the resistance and reactance shown
     Saisir(p, "txtrl(0)", "0");
-    EXPECT_EQ(p.Trouver("txtzl(0)")->Texte, "5.000");
-    EXPECT_EQ(p.Trouver("txtphi(0)")->Texte, phi);
+    EXPECT_EQ(p.Trouver("txtzl(0)")->Texte(), "5.000");
+    EXPECT_EQ(p.Trouver("txtphi(0)")->Texte(), phi);
 }
 
 // ko entered at several angles: the zero sequence fields then satisfy ko = (Zo / Z1 - 1) / 3,
@@ -143,16 +143,16 @@ TEST(ValeursReseau, CasParticuliersDeLArgument) {
     Saisir(p, "txtxl(0)", "12.7");
     Saisir(p, "txtkto(0)", "0.6");
     Saisir(p, "txtkao(0)", "0");
-    EXPECT_EQ(p.Trouver("txtphio(0)")->Texte, p.Trouver("txtphi(0)")->Texte);
+    EXPECT_EQ(p.Trouver("txtphio(0)")->Texte(), p.Trouver("txtphi(0)")->Texte());
     EXPECT_NEAR(Lu(p, "txtzo(0)"), 2.8 * Lu(p, "txtzl(0)"), 1e-3);
 
     // chkhcart without a resistance leaves the argument as it stands.
     p.Cliquer("chkhcart(0)");
-    const std::string avant = p.Trouver("txtphio(0)")->Texte;
+    const std::string avant = p.Trouver("txtphio(0)")->Texte();
     Saisir(p, "txtro(0)", "0");
     Saisir(p, "txtxo(0)", "30");
-    EXPECT_EQ(p.Trouver("txtphio(0)")->Texte, avant);
-    EXPECT_EQ(p.Trouver("txtzo(0)")->Texte, "30.000");
+    EXPECT_EQ(p.Trouver("txtphio(0)")->Texte(), avant);
+    EXPECT_EQ(p.Trouver("txtzo(0)")->Texte(), "30.000");
 }
 
 TEST(ValeursReseau, OngletsParSectionEtKom) {
@@ -199,8 +199,8 @@ TEST(ValeursReseau, TrierExRemetLesSectionsDansLOrdreDesBouts) {
     e.Ligne_Longueur = {30.0, 10.0, 20.0};
     PanneauValeursReseau p(e);
     EXPECT_EQ(e.Ligne_Ex, (Entiers16x3{1, 2, 3}));
-    EXPECT_EQ(p.Trouver("txtlongueur(0)")->Texte, "10.000");
-    EXPECT_EQ(p.Trouver("txtlongueur(2)")->Texte, "30.000");
+    EXPECT_EQ(p.Trouver("txtlongueur(0)")->Texte(), "10.000");
+    EXPECT_EQ(p.Trouver("txtlongueur(2)")->Texte(), "30.000");
 
     // Two-ended kinds are left as they stand.
     Etude deux = Ligne(2);
@@ -216,11 +216,11 @@ TEST(ValeursReseau, OuvertureEnDegresEtOKEnRadians) {
     e.Ligne_kom = 0.55;
     e.Ligne_ako = {-12.5, 0.0, 0.0};
     PanneauValeursReseau p(e);
-    EXPECT_EQ(p.Trouver("txtphi(0)")->Texte, "80.000");
-    EXPECT_EQ(p.Trouver("txtphi(1)")->Texte, "70.000");
-    EXPECT_EQ(p.Trouver("txtphio(0)")->Texte, "72.000");
-    EXPECT_EQ(p.Trouver("txtkao(0)")->Texte, "-12.500");
-    EXPECT_EQ(p.Trouver("txtkom")->Texte, "0.550");
+    EXPECT_EQ(p.Trouver("txtphi(0)")->Texte(), "80.000");
+    EXPECT_EQ(p.Trouver("txtphi(1)")->Texte(), "70.000");
+    EXPECT_EQ(p.Trouver("txtphio(0)")->Texte(), "72.000");
+    EXPECT_EQ(p.Trouver("txtkao(0)")->Texte(), "-12.500");
+    EXPECT_EQ(p.Trouver("txtkom")->Texte(), "0.550");
 
     p.Cliquer("chkpol(1)");
     Saisir(p, "txtzl(1)", "20");

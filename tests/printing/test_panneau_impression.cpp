@@ -14,11 +14,11 @@ TEST(PanneauImpression, MontreLesOptionsDeLEtude) {
     PanneauImpression p(e);
     EXPECT_EQ(p.Nom(), "frmPrint");
     EXPECT_EQ(p.Titre(), "TOURNESOL : imprimer");
-    EXPECT_EQ(p.Trouver("txtcopies")->Texte, "1"); // 0 copies shows as 1
+    EXPECT_EQ(p.Trouver("txtcopies")->Texte(), "1"); // 0 copies shows as 1
     EXPECT_EQ(p.Trouver("txtcopies")->Legende, "Number of copies");
     EXPECT_FALSE(p.Trouver("chkblack")->Valeur); // printing in black: "Colour" unticked
     EXPECT_TRUE(p.Trouver("chknodots")->Valeur);
-    EXPECT_EQ(p.Trouver("chkpart(1)")->Texte, "line and relay characteristics");
+    EXPECT_EQ(p.Trouver("chkpart(1)")->Texte(), "line and relay characteristics");
     EXPECT_TRUE(p.Trouver("chkpart(0)")->Valeur);
     EXPECT_FALSE(p.Trouver("chkpart(1)")->Valeur);
     const char* const textes[][2] = {{"chkblack", "Colour"},
@@ -28,7 +28,7 @@ TEST(PanneauImpression, MontreLesOptionsDeLEtude) {
                                      {"cmd(0)", "&OK"},
                                      {"cmd(1)", "cancel"}};
     for (const auto& [nom, texte] : textes)
-        EXPECT_EQ(p.Trouver(nom)->Texte, texte) << nom;
+        EXPECT_EQ(p.Trouver(nom)->Texte(), texte) << nom;
 }
 
 TEST(PanneauImpression, LaFeuilleDeReglagesSelonLeRelais) {
@@ -50,7 +50,7 @@ TEST(PanneauImpression, OkEtAnnulerPrennentLesOptions) {
     Etude e;
     e.ErrCalcul = 6;
     PanneauImpression p(e);
-    p.Trouver("txtcopies")->Texte = "2";
+    p.Trouver("txtcopies")->DefinirTexte("2");
     p.Trouver("chkblack")->Valeur = true;
     p.Trouver("chknodots")->Valeur = true;
     p.Trouver("chkpart(1)")->Valeur = true;
@@ -63,9 +63,9 @@ TEST(PanneauImpression, OkEtAnnulerPrennentLesOptions) {
     EXPECT_EQ(e.ErrCalcul, 0);
 
     PanneauImpression noir(e);
-    EXPECT_EQ(noir.Trouver("txtcopies")->Texte, "2");
+    EXPECT_EQ(noir.Trouver("txtcopies")->Texte(), "2");
     noir.Trouver("chkblack")->Valeur = false;
-    noir.Trouver("txtcopies")->Texte = "250";
+    noir.Trouver("txtcopies")->DefinirTexte("250");
     noir.Touche(Panneau::TOUCHE_ENTREE);
     EXPECT_TRUE(e.ImpNoir); // an unticked box gives true
     EXPECT_EQ(e.ImpCopies, PanneauImpression::COPIES_MAX);

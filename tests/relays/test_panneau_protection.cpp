@@ -112,7 +112,7 @@ struct Panneau3 : ::testing::Test {
     }
     void Saisir(const std::string& champ, const std::string& texte) {
         p->Entrer(champ);
-        p->Trouver(champ)->Texte = texte;
+        p->Trouver(champ)->DefinirTexte(texte);
         p->Quitter(champ);
     }
     Etude e;
@@ -132,8 +132,8 @@ TEST_F(Panneau3, OuvertureCalculeLaChaineEtMontreLePremierOnglet) {
     EXPECT_EQ(e.IconeMessage, 3);
     EXPECT_EQ(r.Journal, (Journal{"LireOptions", "Zones", "Resistance", "Reglages", "Diag"}));
     EXPECT_EQ(r.OngletCourant(), 0);
-    EXPECT_EQ(r.Trouver("txtX1_bt")->Texte, "6.17");
-    EXPECT_EQ(r.Trouver("txtX1reg_BT")->Texte, "6.10");
+    EXPECT_EQ(r.Trouver("txtX1_bt")->Texte(), "6.17");
+    EXPECT_EQ(r.Trouver("txtX1reg_BT")->Texte(), "6.10");
     EXPECT_TRUE(RegleActive(e, 71));
     EXPECT_FALSE(r.Ferme());
     EXPECT_EQ(r.Trouver("txtX1_bt")->Legende, "First zone reactance (Ω S)");
@@ -190,16 +190,16 @@ TEST_F(Panneau3, SortieDeChampLimiteSansMessageArrondiEtReecrit) {
     p->Entrer("txtX1_bt");
     EXPECT_EQ(p->Trouver("txtX1_bt")->SelLongueur, 4); // "6.17" selected
     Saisir("txtX1_bt", "85");
-    EXPECT_EQ(p->Trouver("txtX1_bt")->Texte, "50.00");
+    EXPECT_EQ(p->Trouver("txtX1_bt")->Texte(), "50.00");
     EXPECT_DOUBLE_EQ(e.X1_BT, 50.0);
     EXPECT_DOUBLE_EQ(e.X1_HT, 100.0);
-    EXPECT_EQ(p->Trouver("txtX1_HT")->Texte, "100.00");
+    EXPECT_EQ(p->Trouver("txtX1_HT")->Texte(), "100.00");
     Saisir("txtX1_bt", "0,004");
-    EXPECT_EQ(p->Trouver("txtX1_bt")->Texte, "0.10");
+    EXPECT_EQ(p->Trouver("txtX1_bt")->Texte(), "0.10");
     Saisir("txtX1_bt", "7.256");
     EXPECT_DOUBLE_EQ(e.X1_BT, 7.26);
     Saisir("txtt2", "1500");
-    EXPECT_EQ(p->Trouver("txtt2")->Texte, "990");
+    EXPECT_EQ(p->Trouver("txtt2")->Texte(), "990");
     Saisir("txtt2", "-5");
     EXPECT_EQ(e.T2, 0);
     Saisir("txtX1reg_BT", "99"); // a set value is not read back

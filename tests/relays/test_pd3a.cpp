@@ -402,7 +402,7 @@ struct PanneauDuPD3A : EtudePD3A {
     }
     void Saisir(const std::string& champ, const std::string& texte) {
         p->Entrer(champ);
-        p->Trouver(champ)->Texte = texte;
+        p->Trouver(champ)->DefinirTexte(texte);
         p->Quitter(champ);
     }
     std::unique_ptr<PanneauPD3A> p;
@@ -412,21 +412,21 @@ TEST_F(PanneauDuPD3A, UneReactanceSaisieEstRameneeALaRoue) {
     Ouvrir(false);
     ASSERT_EQ(e.ErrCalcul, 0);
     EXPECT_TRUE(p->Trouver("chktype1")->Valeur);
-    EXPECT_EQ(p->Trouver("txtk1")->Texte, "8");
+    EXPECT_EQ(p->Trouver("txtk1")->Texte(), "8");
     // 200 secondary ohms are beyond the wheel: the field shows the limited reach.
     Saisir("txtX1_bt", "200");
-    EXPECT_EQ(p->Trouver("txtX1_bt")->Texte, "49.79"); // 257.9 / 5.18
+    EXPECT_EQ(p->Trouver("txtX1_bt")->Texte(), "49.79"); // 257.9 / 5.18
     EXPECT_EQ(e.X1_HT, 200.0 * e.Kz);
-    EXPECT_EQ(p->Trouver("txtk1")->Texte, "11");
+    EXPECT_EQ(p->Trouver("txtk1")->Texte(), "11");
     // 85 typed in the resistance gives 80, and the primary image follows.
     Saisir("Txtrd_bt", "85");
-    EXPECT_EQ(p->Trouver("Txtrd_bt")->Texte, "80.00");
-    EXPECT_EQ(p->Trouver("txtRd_HT")->Texte, "176.00");
+    EXPECT_EQ(p->Trouver("Txtrd_bt")->Texte(), "80.00");
+    EXPECT_EQ(p->Trouver("txtRd_HT")->Texte(), "176.00");
     EXPECT_EQ(e.PD3A.Rd, 16);
     // A timer goes down to tens, and its wheel follows.
     Saisir("txtt2", "257");
-    EXPECT_EQ(p->Trouver("txtt2")->Texte, "250");
-    EXPECT_EQ(p->Trouver("txtTB")->Texte, "25");
+    EXPECT_EQ(p->Trouver("txtt2")->Texte(), "250");
+    EXPECT_EQ(p->Trouver("txtTB")->Texte(), "25");
 }
 
 TEST_F(PanneauDuPD3A, LeChangementDeVarianteRecalculeLesZones) {
@@ -437,7 +437,7 @@ TEST_F(PanneauDuPD3A, LeChangementDeVarianteRecalculeLesZones) {
     EXPECT_FALSE(e.PD3A.Type6062);
     EXPECT_FALSE(p->Trouver("chktype1")->Valeur);
     EXPECT_FLOAT_EQ(e.PD3A.CoefX1, 5.12F);
-    EXPECT_EQ(p->Trouver("txtm2")->Texte, std::to_string(e.PD3A.m2));
+    EXPECT_EQ(p->Trouver("txtm2")->Texte(), std::to_string(e.PD3A.m2));
 }
 
 TEST_F(PanneauDuPD3A, UneLiaisonDeCentraleAvertitAChaqueFeuille) {

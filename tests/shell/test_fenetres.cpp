@@ -16,7 +16,7 @@ using namespace tournesol;
 namespace {
 void Saisir(Panneau& p, const std::string& champ, const std::string& texte) {
     p.Entrer(champ);
-    p.Trouver(champ)->Texte = texte;
+    p.Trouver(champ)->DefinirTexte(texte);
     p.Changer(champ);
     p.Quitter(champ);
 }
@@ -27,15 +27,15 @@ TEST(Titre, IndicesEtBoutonOuvrir) {
     DialogueSansFenetre d;
     PanneauTitre t(e, d, nullptr);
     EXPECT_EQ(t.Titre(), "TOURNESOL");
-    EXPECT_EQ(t.Trouver("Status")->Texte, "You must previously choose the substations A and B");
+    EXPECT_EQ(t.Trouver("Status")->Texte(), "You must previously choose the substations A and B");
     EXPECT_FALSE(t.Trouver("cmdOK")->Actif);
 
     t.Entrer("txtDépart");
-    EXPECT_EQ(t.Trouver("Status")->Texte, "Tu dois sélectionner un poste préalablement");
+    EXPECT_EQ(t.Trouver("Status")->Texte(), "Tu dois sélectionner un poste préalablement");
     Saisir(t, "txtposte", "CHAMPAGNIER");
     EXPECT_EQ(e.NomPoste, "CHAMPAGNIER");
     t.Entrer("txtPiquage");
-    EXPECT_EQ(t.Trouver("Status")->Texte,
+    EXPECT_EQ(t.Trouver("Status")->Texte(),
               "Tu dois sélectionner un poste et un départ préalablement");
     Saisir(t, "txtDépart", "GRANDE-ILE");
     t.Entrer("txtPiquage");
@@ -53,14 +53,14 @@ TEST(Titre, IndicesEtBoutonOuvrir) {
 
     // A change of letter case is a change: the later boxes are emptied.
     Saisir(t, "txtposte", "Champagnier");
-    EXPECT_TRUE(t.Trouver("txtDépart")->Texte.empty());
+    EXPECT_TRUE(t.Trouver("txtDépart")->Texte().empty());
 
     // Two relays: the second page's tab, deletion off, boxes emptied.
     t.Trouver("chksuperposer")->Valeur = true;
     t.Cliquer("chksuperposer");
     EXPECT_TRUE(t.Trouver("TitreOnglet(1)")->Visible);
     EXPECT_FALSE(t.Trouver("cmdSupprimer")->Actif);
-    EXPECT_TRUE(t.Trouver("txtposte")->Texte.empty());
+    EXPECT_TRUE(t.Trouver("txtposte")->Texte().empty());
     EXPECT_TRUE(e.Superposition);
 
     Saisir(t, "txtnuméro", "4");
@@ -168,7 +168,7 @@ TEST(Demarre, OutilsDeDessinEtCoordonnees) {
     PanneauDemarre w(e, d, options, nullptr, std::nullopt);
     w.ChoisirOutil(0);
     w.SourisBouge(1.0, 1.0);
-    EXPECT_EQ(w.Trouver("status")->Texte, "Drawing area (Shift : coordinates)");
+    EXPECT_EQ(w.Trouver("status")->Texte(), "Drawing area (Shift : coordinates)");
 
     w.ChoisirOutil(5); // a straight line from one end to the other
     w.SourisBas(0.0, 0.0);

@@ -56,13 +56,13 @@ QWidget* FenetrePanneau::CreerWidget(Panneau& modele, const Champ& c, QWidget* p
         break;
     }
     case GenreChamp::Option:
-        w = new QRadioButton(Q(c.Texte), parent);
+        w = new QRadioButton(Q(c.Texte()), parent);
         break;
     case GenreChamp::Case:
-        w = new QCheckBox(Q(c.Texte), parent);
+        w = new QCheckBox(Q(c.Texte()), parent);
         break;
     case GenreChamp::Bouton: {
-        auto* bouton = new QPushButton(Q(c.Texte), parent);
+        auto* bouton = new QPushButton(Q(c.Texte()), parent);
         bouton->setAutoDefault(false);
         w = bouton;
         break;
@@ -71,7 +71,7 @@ QWidget* FenetrePanneau::CreerWidget(Panneau& modele, const Champ& c, QWidget* p
         const auto& widgets = WidgetsInscrits();
         if (const auto it = widgets.find(c.Nom); it != widgets.end())
             return it->second(modele, c, parent);
-        auto* etiquette = new QLabel(Q(c.Texte), parent);
+        auto* etiquette = new QLabel(Q(c.Texte()), parent);
         etiquette->setWordWrap(true);
         w = etiquette;
         break;

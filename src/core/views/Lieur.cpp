@@ -41,7 +41,7 @@ Lieur::Lieur(QWidget* racine, Panneau& modele, std::function<void()> apres)
         if (auto* ligne = qobject_cast<QLineEdit*>(w)) {
             ligne->installEventFilter(this);
             connect(ligne, &QLineEdit::textEdited, this, [this, nom](const QString& t) {
-                modele_.Trouver(nom)->Texte = t.toStdString();
+                modele_.Trouver(nom)->DefinirTexte(t.toStdString());
                 modele_.Changer(nom);
                 Apres();
             });
@@ -53,7 +53,7 @@ Lieur::Lieur(QWidget* racine, Panneau& modele, std::function<void()> apres)
                 connect(liste->lineEdit(), &QLineEdit::textEdited, this,
                         [this, nom](const QString& t) {
                             Champ& c = *modele_.Trouver(nom);
-                            c.Texte = t.toStdString();
+                            c.DefinirTexte(t.toStdString());
                             c.IndexListe = -1;
                             modele_.Changer(nom);
                             Apres();
@@ -62,7 +62,7 @@ Lieur::Lieur(QWidget* racine, Panneau& modele, std::function<void()> apres)
             connect(liste, QOverload<int>::of(&QComboBox::activated), this,
                     [this, nom, liste](int i) {
                         Champ& c = *modele_.Trouver(nom);
-                        c.Texte = liste->itemText(i).toStdString();
+                        c.DefinirTexte(liste->itemText(i).toStdString());
                         c.IndexListe = i;
                         modele_.Changer(nom);
                         Apres();
@@ -101,7 +101,7 @@ void Lieur::Rafraichir() {
     occupe_ = true;
     for (const Champ& c : modele_.Champs()) {
         if (auto* action = racine_->findChild<QAction*>(Nom(c))) {
-            action->setText(Texte(c.Texte));
+            action->setText(Texte(c.Texte()));
             action->setEnabled(c.Actif);
             action->setVisible(c.Visible);
             if (action->isCheckable()) action->setChecked(c.Valeur);
@@ -119,7 +119,7 @@ void Lieur::Rafraichir() {
                     legende->setEnabled(c.Actif);
                 }
         if (auto* ligne = qobject_cast<QLineEdit*>(w)) {
-            if (ligne->text() != Texte(c.Texte)) ligne->setText(Texte(c.Texte));
+            if (ligne->text() != Texte(c.Texte())) ligne->setText(Texte(c.Texte()));
         } else if (auto* liste = qobject_cast<QComboBox*>(w)) {
             QStringList entrees;
             for (const std::string& s : c.Liste)
@@ -131,16 +131,16 @@ void Lieur::Rafraichir() {
                 liste->clear();
                 liste->addItems(entrees);
             }
-            if (liste->currentText() != Texte(c.Texte)) liste->setEditText(Texte(c.Texte));
+            if (liste->currentText() != Texte(c.Texte())) liste->setEditText(Texte(c.Texte()));
         } else if (auto* bouton = qobject_cast<QAbstractButton*>(w)) {
-            if (!c.Texte.empty() && bouton->text() != Texte(c.Texte))
-                bouton->setText(Texte(c.Texte));
+            if (!c.Texte().empty() && bouton->text() != Texte(c.Texte()))
+                bouton->setText(Texte(c.Texte()));
             if (bouton->isCheckable() && bouton->isChecked() != c.Valeur)
                 bouton->setChecked(c.Valeur);
         } else if (auto* etiquette = qobject_cast<QLabel*>(w)) {
-            if (etiquette->text() != Texte(c.Texte)) etiquette->setText(Texte(c.Texte));
+            if (etiquette->text() != Texte(c.Texte())) etiquette->setText(Texte(c.Texte()));
         } else if (auto* cadre = qobject_cast<QGroupBox*>(w)) {
-            cadre->setTitle(Texte(c.Texte));
+            cadre->setTitle(Texte(c.Texte()));
         } else {
             w->update(); // a picture drawn from its field
         }

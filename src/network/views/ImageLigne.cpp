@@ -19,7 +19,7 @@ ImageLigne::ImageLigne(const Champ& champ, QWidget* parent) : QWidget(parent), c
 
 std::vector<QPointF> ImageLigne::Bouts() const {
     const double w = width(), h = height();
-    if (champ_.Texte.find('C') == std::string::npos)
+    if (champ_.Texte().find('C') == std::string::npos)
         return {{0.12 * w, 0.5 * h}, {0.88 * w, 0.5 * h}};
     return {{0.1 * w, 0.35 * h}, {0.9 * w, 0.35 * h}, {0.5 * w, 0.9 * h}};
 }

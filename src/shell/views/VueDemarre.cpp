@@ -147,7 +147,7 @@ VueDemarre::VueDemarre(PanneauDemarre& modele, Etude& e)
         menu->setObjectName(nom);
         for (const Champ& c : modele.Champs())
             if (c.Groupe == nom) {
-                QAction* action = menu->addAction(Q(c.Texte));
+                QAction* action = menu->addAction(Q(c.Texte()));
                 action->setObjectName(Q(c.Nom));
             }
         if (std::string(nom) == "mnuZoom") zoom = menu;

@@ -24,7 +24,7 @@ VueTitre::VueTitre(PanneauTitre& modele) : FenetrePanneau(modele), titre_(modele
         Construire(modele, "options(" + std::to_string(page) + ")", formulaire, nullptr, feuille);
         onglets_->addTab(feuille,
                          QString::fromStdString(
-                             modele.Trouver("TitreOnglet(" + std::to_string(page) + ")")->Texte));
+                             modele.Trouver("TitreOnglet(" + std::to_string(page) + ")")->Texte()));
     }
     pile->addWidget(onglets_);
     auto* superposer = new QCheckBox(this);

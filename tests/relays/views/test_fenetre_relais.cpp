@@ -182,7 +182,7 @@ TEST_F(FenetreRelaisEssai, LaValeurSaisieEstLimiteeDansLesDeuxColonnes) {
     Focus(x1, QEvent::FocusIn);
     x1->selectAll();
     QTest::keyClicks(x1, "80");
-    EXPECT_EQ(relais.Trouver("txtX1_bt")->Texte, "80");
+    EXPECT_EQ(relais.Trouver("txtX1_bt")->Texte(), "80");
     Focus(x1, QEvent::FocusOut);
     EXPECT_EQ(x1->text(), "50.00");
     EXPECT_EQ(Trouver("txtX1_HT")->text(), "100.00");
