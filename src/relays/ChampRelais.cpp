@@ -18,6 +18,22 @@ std::string LegendeAvecUnite(const DescriptionChamp& d) {
     return d.Legende + " (" + unite + ")";
 }
 
+TableChamps::TableChamps(std::vector<DescriptionChamp> lignes) : lignes_(std::move(lignes)) {
+    legendes_.reserve(lignes_.size());
+    for (std::size_t i = 0; i < lignes_.size(); ++i) {
+        DescriptionChamp& d = lignes_[i];
+        // A set value is what the relay's steps give: nobody types it.
+        if (d.Nature == NatureValeur::Reglee) d.Saisie = false;
+        legendes_.push_back(LegendeAvecUnite(d));
+        index_.emplace(d.Nom, i); // the first row of a name wins
+    }
+}
+
+const DescriptionChamp* TableChamps::Trouver(std::string_view nom) const {
+    const auto it = index_.find(nom);
+    return it == index_.end() ? nullptr : &lignes_[it->second];
+}
+
 double LimiterValeur(const DescriptionChamp& d, double valeur) {
     if (d.Min && valeur < *d.Min) valeur = *d.Min;
     if (d.Max && valeur > *d.Max) valeur = *d.Max;

@@ -11,7 +11,10 @@
 #include <functional>
 #include <optional>
 #include <string>
+#include <string_view>
 #include <type_traits>
+#include <unordered_map>
+#include <vector>
 
 namespace tournesol {
 
@@ -79,6 +82,27 @@ struct DescriptionChamp {
     std::string Jumeau{}; // the field of the same value in the other column of ohms
     double Pas = 0.0;     // the relay's step; 0 when the format's decimals are the only rounding
     ModeArrondi Arrondi = ModeArrondi::Proche;
+};
+
+// The table of a relay's fields, made once for the program (a relay keeps it in a static) and
+// shared by every panel of that relay: the rows in their order, each with its caption as the
+// panel shows it, and an index by name.
+class TableChamps {
+public:
+    explicit TableChamps(std::vector<DescriptionChamp> lignes);
+    TableChamps(const TableChamps&) = delete;
+    TableChamps& operator=(const TableChamps&) = delete;
+
+    const std::vector<DescriptionChamp>& Lignes() const { return lignes_; }
+    // The row of that name; nullptr for none.
+    const DescriptionChamp* Trouver(std::string_view nom) const;
+    // The caption of row i with its unit (LegendeAvecUnite), worked out once.
+    const std::string& LegendeComplete(std::size_t i) const { return legendes_[i]; }
+
+private:
+    std::vector<DescriptionChamp> lignes_;
+    std::vector<std::string> legendes_;
+    std::unordered_map<std::string_view, std::size_t> index_; // names held by lignes_
 };
 
 // The unit of a field: its own, or that of its column of ohms; empty for none.

@@ -45,28 +45,29 @@ bool PanneauProtection::ModeRetour() const {
 }
 
 const DescriptionChamp* PanneauProtection::Description(const std::string& nom) const {
-    const auto it = indexDescriptions_.find(nom);
-    return it == indexDescriptions_.end() ? nullptr : &descriptions_[it->second];
+    return table_ ? table_->Trouver(nom) : nullptr;
 }
 
 void PanneauProtection::DeclarerOnglets(std::vector<std::string> titres) {
     onglets_ = std::move(titres);
 }
 
-void PanneauProtection::DeclarerChamps(const std::vector<DescriptionChamp>& table) {
-    for (DescriptionChamp d : table) {
-        // A set value is what the relay's steps give: nobody types it.
-        if (d.Nature == NatureValeur::Reglee) d.Saisie = false;
+void PanneauProtection::DeclarerChamps(const TableChamps& table) {
+    table_ = &table;
+    const auto& lignes = table.Lignes();
+    champsTable_.clear();
+    champsTable_.reserve(lignes.size());
+    for (std::size_t i = 0; i < lignes.size(); ++i) {
+        const DescriptionChamp& d = lignes[i];
         Champ& c = Ajouter(d.Genre, d.Nom, "", d.Groupe);
+        champsTable_.push_back(&c);
         c.Format = d.Format;
         if (d.Genre == GenreChamp::Texte || d.Genre == GenreChamp::Liste) {
-            c.Legende = LegendeAvecUnite(d);
+            c.Legende = table.LegendeComplete(i);
             c.Actif = d.Saisie;
         } else {
-            c.DefinirTexte(LegendeAvecUnite(d));
+            c.DefinirTexte(table.LegendeComplete(i));
         }
-        indexDescriptions_[d.Nom] = descriptions_.size();
-        descriptions_.push_back(std::move(d));
     }
 }
 
@@ -74,10 +75,10 @@ void PanneauProtection::DeclarerEtapes(std::vector<EtapeCalcul> etapes) {
     etapes_ = std::move(etapes);
 }
 
-void PanneauProtection::DeclarerTeleaction(const std::string& groupe,
-                                           const std::string& legendeTeleaction,
-                                           const std::string& legendeAcceleration,
-                                           const std::string& legendeVerrouillage) {
+std::vector<DescriptionChamp> ChampsTeleaction(const std::string& groupe,
+                                               const std::string& legendeTeleaction,
+                                               const std::string& legendeAcceleration,
+                                               const std::string& legendeVerrouillage) {
     auto option = [&](const char* nom, const std::string& legende, Variable v) {
         DescriptionChamp d;
         d.Nom = nom;
@@ -87,9 +88,12 @@ void PanneauProtection::DeclarerTeleaction(const std::string& groupe,
         d.Valeur = std::move(v);
         return d;
     };
-    DeclarerChamps({option(CHK_TELEACTION, legendeTeleaction, Lien(&Etude::Teleaction)),
-                    option(CHK_ACCELERATION, legendeAcceleration, Lien(&Etude::Acceleration)),
-                    option(CHK_VERROUILLAGE, legendeVerrouillage, Lien(&Etude::Verrouillage))});
+    return {option(CHK_TELEACTION, legendeTeleaction, Lien(&Etude::Teleaction)),
+            option(CHK_ACCELERATION, legendeAcceleration, Lien(&Etude::Acceleration)),
+            option(CHK_VERROUILLAGE, legendeVerrouillage, Lien(&Etude::Verrouillage))};
+}
+
+void PanneauProtection::DeclarerTeleaction() {
     teleaction_ = true;
     AfficherTeleaction();
 }
@@ -189,14 +193,15 @@ void PanneauProtection::RecalculDepuis(const std::string& etape) {
 }
 
 void PanneauProtection::AfficherChamps() {
-    for (const DescriptionChamp& d : descriptions_) {
+    const std::vector<DescriptionChamp>* lignes = table_ ? &table_->Lignes() : nullptr;
+    for (std::size_t i = 0; lignes && i < lignes->size(); ++i) {
+        const DescriptionChamp& d = (*lignes)[i];
         if (!d.Valeur) continue;
-        Champ* c = Trouver(d.Nom);
-        if (!c) continue;
+        Champ& c = *champsTable_[i];
         if (d.Genre == GenreChamp::Case || d.Genre == GenreChamp::Option)
-            c->Valeur = d.Valeur.Lire(e_) != 0.0;
+            c.Valeur = d.Valeur.Lire(e_) != 0.0;
         else
-            ChampEcrire(*c, d.Valeur.Lire(e_));
+            ChampEcrire(c, d.Valeur.Lire(e_));
     }
     AfficherTeleaction();
 }
@@ -287,7 +292,7 @@ void PanneauProtection::Cliquer(const std::string& nom) {
 void PanneauProtection::ClicOption(const DescriptionChamp& d, Champ& champ) {
     if (d.Genre == GenreChamp::Option && champ.Valeur) {
         // The options of one frame exclude each other.
-        for (const DescriptionChamp& autre : descriptions_) {
+        for (const DescriptionChamp& autre : table_->Lignes()) {
             if (autre.Genre != GenreChamp::Option || autre.Groupe != d.Groupe || autre.Nom == d.Nom)
                 continue;
             if (Champ* c = Trouver(autre.Nom)) c->Valeur = false;

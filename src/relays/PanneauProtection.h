@@ -4,9 +4,10 @@
 // interlock of the signalling scheme and the handling of computation failures.
 //
 // A relay's panel derives from PanneauProtection. Its constructor declares its sheets
-// (DeclarerOnglets), its fields as a table (DeclarerChamps), its computation steps in the
-// order of the sheets (DeclarerEtapes) and, where it has them, the signalling options
-// (DeclarerTeleaction) and the plant link notice (DeclarerAvisCentrale). It gives the half width
+// (DeclarerOnglets), its fields as a table made once for the program (DeclarerChamps), its
+// computation steps in the order of the sheets (DeclarerEtapes) and, where it has them, the
+// signalling options (rows from ChampsTeleaction in its table, then DeclarerTeleaction) and the
+// plant link notice (DeclarerAvisCentrale). It gives the half width
 // of its plane (DemiLargeurPlan) and, where it needs them, the hooks below. It is made through
 // FabriquerPanneau, which opens it, so that its creation computes its settings:
 //
@@ -17,7 +18,6 @@
 #include "relays/ChampRelais.h"
 
 #include <functional>
-#include <map>
 #include <memory>
 #include <string>
 #include <vector>
@@ -103,17 +103,15 @@ public:
 
 protected:
     void DeclarerOnglets(std::vector<std::string> titres);
-    // Makes the fields of the table, in its order.
-    void DeclarerChamps(const std::vector<DescriptionChamp>& table);
+    // Makes the fields of the table, in its order. The table outlives the panel: a relay keeps it
+    // in a static, made at the first opening.
+    void DeclarerChamps(const TableChamps& table);
     // The steps in the order of the sheets: step i is the step of sheet i; the steps after the
     // last sheet (the diagnostics) run at the end of every chain.
     void DeclarerEtapes(std::vector<EtapeCalcul> etapes);
-    // The options chkTéléaction, chkaccélération and chkVerrouillage on the study's Teleaction,
-    // Acceleration and Verrouillage, in that frame.
-    void DeclarerTeleaction(const std::string& groupe,
-                            const std::string& legendeTeleaction = "Signalling scheme",
-                            const std::string& legendeAcceleration = "acceleration",
-                            const std::string& legendeVerrouillage = "Blocking overreach");
+    // The options chkTéléaction, chkaccélération and chkVerrouillage, which the table holds
+    // (ChampsTeleaction), are handled by the panel.
+    void DeclarerTeleaction();
     // The relay does not treat plant to substation links: each change of sheet on such a link
     // tells it, under the relay's name.
     void DeclarerAvisCentrale(std::string nomRelais);
@@ -157,14 +155,22 @@ private:
 
     int id_;
     std::vector<std::string> onglets_;
-    std::vector<DescriptionChamp> descriptions_;
-    std::map<std::string, std::size_t> indexDescriptions_;
+    const TableChamps* table_ = nullptr;
+    std::vector<Champ*> champsTable_; // the field of each row of the table
     std::vector<EtapeCalcul> etapes_;
     std::string avisCentrale_; // the relay's name in the notice; empty without the notice
     bool teleaction_ = false;  // the panel has the signalling options
     int ongletCourant_ = 0;
     bool altActif_ = false;
 };
+
+// The rows of the options chkTéléaction, chkaccélération and chkVerrouillage on the study's
+// Teleaction, Acceleration and Verrouillage, in that frame, for a relay's table of fields.
+std::vector<DescriptionChamp>
+ChampsTeleaction(const std::string& groupe,
+                 const std::string& legendeTeleaction = "Signalling scheme",
+                 const std::string& legendeAcceleration = "acceleration",
+                 const std::string& legendeVerrouillage = "Blocking overreach");
 
 // The drawing that OK runs in mode "Return", once the plane is fitted: whoever owns the plane
 // registers it; without it the diagram is only marked as out of date.

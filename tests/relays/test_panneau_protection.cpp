@@ -23,37 +23,43 @@ class RelaisEssai : public PanneauProtection {
 public:
     RelaisEssai(Etude& e, Dialogue& d, int id = 11) : PanneauProtection(e, d, id) {
         DeclarerOnglets({"zones", "Pick up", "timers"});
-        DeclarerChamps({
-            {.Nom = "txtX1_bt",
-             .Legende = "First zone reactance",
-             .Format = "##0.00",
-             .Min = 0.1,
-             .Max = 50.0,
-             .Colonne = ColonneOhms::Secondaire,
-             .Nature = NatureValeur::Souhaitee,
-             .Groupe = "zones/Desired",
-             .Saisie = true,
-             .Valeur = Lien(&Etude::X1_BT),
-             .Jumeau = "txtX1_HT"},
-            {.Nom = "txtX1_HT", .Format = "#0.00", .Valeur = Lien(&Etude::X1_HT)},
-            {.Nom = "txtX1reg_BT",
-             .Format = "#0.00",
-             .Nature = NatureValeur::Reglee,
-             .Saisie = true,
-             .Valeur = Lien(&Etude::X1reg_BT)},
-            {.Nom = "txtt2",
-             .Legende = "T2 =",
-             .Unite = "ms",
-             .Format = "###0",
-             .Min = 0.0,
-             .Max = 999.0,
-             .Groupe = "timers/Quick second step timer",
-             .Saisie = true,
-             .Valeur = Lien(&Etude::T2),
-             .Pas = 10.0,
-             .Arrondi = ModeArrondi::Dessous},
-        });
-        DeclarerTeleaction("Pick up/signalling");
+        static const TableChamps table = [] {
+            std::vector<DescriptionChamp> t{
+                {.Nom = "txtX1_bt",
+                 .Legende = "First zone reactance",
+                 .Format = "##0.00",
+                 .Min = 0.1,
+                 .Max = 50.0,
+                 .Colonne = ColonneOhms::Secondaire,
+                 .Nature = NatureValeur::Souhaitee,
+                 .Groupe = "zones/Desired",
+                 .Saisie = true,
+                 .Valeur = Lien(&Etude::X1_BT),
+                 .Jumeau = "txtX1_HT"},
+                {.Nom = "txtX1_HT", .Format = "#0.00", .Valeur = Lien(&Etude::X1_HT)},
+                {.Nom = "txtX1reg_BT",
+                 .Format = "#0.00",
+                 .Nature = NatureValeur::Reglee,
+                 .Saisie = true,
+                 .Valeur = Lien(&Etude::X1reg_BT)},
+                {.Nom = "txtt2",
+                 .Legende = "T2 =",
+                 .Unite = "ms",
+                 .Format = "###0",
+                 .Min = 0.0,
+                 .Max = 999.0,
+                 .Groupe = "timers/Quick second step timer",
+                 .Saisie = true,
+                 .Valeur = Lien(&Etude::T2),
+                 .Pas = 10.0,
+                 .Arrondi = ModeArrondi::Dessous},
+            };
+            for (DescriptionChamp& d : ChampsTeleaction("Pick up/signalling"))
+                t.push_back(std::move(d));
+            return TableChamps(std::move(t));
+        }();
+        DeclarerChamps(table);
+        DeclarerTeleaction();
         DeclarerEtapes({{"Zones", [this] { Zones(); }},
                         {"Resistance", [this] { Journal.push_back("Resistance"); }},
                         {"Reglages", [this] { Journal.push_back("Reglages"); }},

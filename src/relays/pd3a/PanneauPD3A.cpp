@@ -210,24 +210,33 @@ std::vector<DescriptionChamp> ChampsDesTempos() {
     };
 }
 
+// Every field of the panel, in the order of its sheets.
+const TableChamps& ChampsPD3A() {
+    static const TableChamps table = [] {
+        std::vector<DescriptionChamp> t{{.Nom = CHK_TYPE1,
+                                         .Legende = "PD3A6062",
+                                         .Groupe = Groupe(ZONES, "Choice of relay"),
+                                         .Genre = GenreChamp::Option,
+                                         .Valeur = Pd3a(&RelaisPD3A::Type6062)},
+                                        {.Nom = CHK_TYPE2,
+                                         .Legende = "PD3A6562",
+                                         .Groupe = Groupe(ZONES, "Choice of relay"),
+                                         .Genre = GenreChamp::Option,
+                                         .Valeur = Pd3a(&RelaisPD3A::Type6562)}};
+        for (auto&& partie : {ChampsDesZones(), ChampsDeMiseEnRoute(), ChampsDesTempos(),
+                              ChampsTeleaction(Groupe(TIMERS, "Signalling scheme"))})
+            t.insert(t.end(), partie.begin(), partie.end());
+        return TableChamps(std::move(t));
+    }();
+    return table;
+}
+
 } // namespace
 
 PanneauPD3A::PanneauPD3A(Etude& e, Dialogue& d) : PanneauProtection(e, d, ID_PD3A) {
     DeclarerOnglets({ZONES, PICK_UP, TIMERS});
-    DeclarerChamps({{.Nom = CHK_TYPE1,
-                     .Legende = "PD3A6062",
-                     .Groupe = Groupe(ZONES, "Choice of relay"),
-                     .Genre = GenreChamp::Option,
-                     .Valeur = Pd3a(&RelaisPD3A::Type6062)},
-                    {.Nom = CHK_TYPE2,
-                     .Legende = "PD3A6562",
-                     .Groupe = Groupe(ZONES, "Choice of relay"),
-                     .Genre = GenreChamp::Option,
-                     .Valeur = Pd3a(&RelaisPD3A::Type6562)}});
-    DeclarerChamps(ChampsDesZones());
-    DeclarerChamps(ChampsDeMiseEnRoute());
-    DeclarerChamps(ChampsDesTempos());
-    DeclarerTeleaction(Groupe(TIMERS, "Signalling scheme"));
+    DeclarerChamps(ChampsPD3A());
+    DeclarerTeleaction();
     DeclarerAvisCentrale("PD3A");
     DeclarerEtapes({{"Zones", [this] { CalculZones(); }},
                     {"Resistance", [this] { CalculResistancePD3A(e_, d_); }},

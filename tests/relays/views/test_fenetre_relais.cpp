@@ -30,45 +30,51 @@ class RelaisDeuxOnglets : public PanneauProtection {
 public:
     RelaisDeuxOnglets(Etude& e, Dialogue& d) : PanneauProtection(e, d, 11) {
         DeclarerOnglets({"zones", "timers"});
-        DeclarerChamps({
-            {.Nom = "txtX1_bt",
-             .Legende = "First zone reactance",
-             .Format = "##0.00",
-             .Min = 0.1,
-             .Max = 50.0,
-             .Colonne = ColonneOhms::Secondaire,
-             .Nature = NatureValeur::Souhaitee,
-             .Groupe = "zones/Desired values",
-             .Saisie = true,
-             .Valeur = Lien(&Etude::X1_BT),
-             .Jumeau = "txtX1_HT"},
-            // The twin has no frame of its own: it stands beside its secondary value.
-            {.Nom = "txtX1_HT", .Format = "#0.00", .Valeur = Lien(&Etude::X1_HT)},
-            {.Nom = "txtX1reg_HT",
-             .Legende = "First zone reactance",
-             .Format = "#0.00",
-             .Colonne = ColonneOhms::Primaire,
-             .Nature = NatureValeur::Reglee,
-             .Groupe = "zones/Set values",
-             .Valeur = Lien(&Etude::X1reg_HT),
-             .Jumeau = "txtX1reg_BT"},
-            {.Nom = "txtX1reg_BT",
-             .Format = "#0.00",
-             .Colonne = ColonneOhms::Secondaire,
-             .Nature = NatureValeur::Reglee,
-             .Groupe = "zones/Set values",
-             .Valeur = Lien(&Etude::X1reg_BT)},
-            {.Nom = "txtt2",
-             .Legende = "T2 =",
-             .Unite = "ms",
-             .Format = "###0",
-             .Min = 0.0,
-             .Max = 999.0,
-             .Groupe = "timers/Second step",
-             .Saisie = true,
-             .Valeur = Lien(&Etude::T2)},
-        });
-        DeclarerTeleaction("timers/Signalling");
+        static const TableChamps table = [] {
+            std::vector<DescriptionChamp> t{
+                {.Nom = "txtX1_bt",
+                 .Legende = "First zone reactance",
+                 .Format = "##0.00",
+                 .Min = 0.1,
+                 .Max = 50.0,
+                 .Colonne = ColonneOhms::Secondaire,
+                 .Nature = NatureValeur::Souhaitee,
+                 .Groupe = "zones/Desired values",
+                 .Saisie = true,
+                 .Valeur = Lien(&Etude::X1_BT),
+                 .Jumeau = "txtX1_HT"},
+                // The twin has no frame of its own: it stands beside its secondary value.
+                {.Nom = "txtX1_HT", .Format = "#0.00", .Valeur = Lien(&Etude::X1_HT)},
+                {.Nom = "txtX1reg_HT",
+                 .Legende = "First zone reactance",
+                 .Format = "#0.00",
+                 .Colonne = ColonneOhms::Primaire,
+                 .Nature = NatureValeur::Reglee,
+                 .Groupe = "zones/Set values",
+                 .Valeur = Lien(&Etude::X1reg_HT),
+                 .Jumeau = "txtX1reg_BT"},
+                {.Nom = "txtX1reg_BT",
+                 .Format = "#0.00",
+                 .Colonne = ColonneOhms::Secondaire,
+                 .Nature = NatureValeur::Reglee,
+                 .Groupe = "zones/Set values",
+                 .Valeur = Lien(&Etude::X1reg_BT)},
+                {.Nom = "txtt2",
+                 .Legende = "T2 =",
+                 .Unite = "ms",
+                 .Format = "###0",
+                 .Min = 0.0,
+                 .Max = 999.0,
+                 .Groupe = "timers/Second step",
+                 .Saisie = true,
+                 .Valeur = Lien(&Etude::T2)},
+            };
+            for (DescriptionChamp& d : ChampsTeleaction("timers/Signalling"))
+                t.push_back(std::move(d));
+            return TableChamps(std::move(t));
+        }();
+        DeclarerChamps(table);
+        DeclarerTeleaction();
         DeclarerEtapes({{"Zones", [this] { Zones(); }}, {"Temps", [this] { ++Temps; }}});
     }
     int Temps = 0; // runs of the timers' step
