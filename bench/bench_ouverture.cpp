@@ -1,5 +1,7 @@
 // The whole opening sequence on each example study: the line computation for the three report
-// cases, the load report panel where it comes up, and the transit area of the case in force.
+// cases, the load report panel where it comes up, the relay's panel made unseen, and the transit
+// area of the case in force. Each run also counts the heap allocations it makes.
+#include "CompteAllocations.h"
 #include "core/Dialogue.h"
 #include "core/Etude.h"
 #include "core/FichierEtude.h"
@@ -25,14 +27,19 @@ Etude Charger(const std::string& nom) {
 
 void BM_Ouverture(benchmark::State& state, const std::string& nom) {
     const Etude modele = Charger(nom);
+    long faites = 0;
     for (auto _ : state) {
         Etude e = modele;
         OptionsReport options;
         options.Choisir(e.TypeReportCharge);
         DialogueSansFenetre d;
+        const long avant = AllocationsFaites();
         InitEtude(e, d, options);
+        faites += AllocationsFaites() - avant;
         benchmark::DoNotOptimize(e.PointsTransit);
     }
+    state.counters["allocations"] =
+        benchmark::Counter(static_cast<double>(faites), benchmark::Counter::kAvgIterations);
 }
 
 } // namespace
@@ -44,3 +51,4 @@ BENCHMARK_CAPTURE(BM_Ouverture, client_63kV,
 BENCHMARK_CAPTURE(BM_Ouverture, trois_bouts_90kV,
                   std::string("beaurepaire-montmeyran-laroche-90kV-3bouts.json"));
 BENCHMARK_CAPTURE(BM_Ouverture, centrale_225kV, std::string("saint-alban-centrale-225kV.json"));
+BENCHMARK_CAPTURE(BM_Ouverture, poste_225kV, std::string("saint-alban-poste-225kV.json"));

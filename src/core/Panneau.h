@@ -4,9 +4,10 @@
 
 #include "core/Champ.h"
 
-#include <deque>
 #include <string>
-#include <unordered_map>
+#include <string_view>
+#include <utility>
+#include <vector>
 
 namespace tournesol {
 
@@ -23,8 +24,10 @@ public:
     const std::string& Nom() const { return nom_; }
 
     // The field of that name; nullptr when the panel has none.
-    Champ* Trouver(const std::string& nom);
-    const std::deque<Champ>& Champs() const { return champs_; }
+    Champ* Trouver(std::string_view nom);
+    // The fields in the order they were made. A panel makes its fields when it is made: the
+    // views hold on to them from then on.
+    const std::vector<Champ>& Champs() const { return champs_; }
 
     // The window's title.
     const std::string& Titre() const { return titre_; }
@@ -65,9 +68,14 @@ protected:
         return true;
     }
 
+    // A new field; the reference holds until the next field is made.
     Champ& AjouterChamp(Champ champ);
     Champ& Ajouter(GenreChamp genre, const std::string& nom, const std::string& texte,
                    const std::string& groupe = {});
+    // Room for that many more fields, made in one piece.
+    void PrevoirChamps(std::size_t nombre) { champs_.reserve(champs_.size() + nombre); }
+    Champ& ChampNumero(std::size_t i) { return champs_[i]; }
+    std::size_t NombreChamps() const { return champs_.size(); }
     void FermerPanneau() { ferme_ = true; }
     void DefinirTitre(std::string titre) { titre_ = std::move(titre); }
 
@@ -75,9 +83,11 @@ private:
     std::string nom_;
     std::string titre_;
     bool ferme_ = false;
-    std::deque<Champ> champs_; // stable references for the views
-    // The first field of each name; a field keeps its name for the panel's life.
-    std::unordered_map<std::string, Champ*> index_;
+    std::vector<Champ> champs_;
+    // The fields by name (the first of each name), sorted; made again at the first search after
+    // a field was added. A field keeps its name for the panel's life.
+    std::vector<std::pair<std::string_view, std::size_t>> index_;
+    std::size_t indexes_ = 0; // the fields the index knows
 };
 
 } // namespace tournesol

@@ -55,12 +55,11 @@ void PanneauProtection::DeclarerOnglets(std::vector<std::string> titres) {
 void PanneauProtection::DeclarerChamps(const TableChamps& table) {
     table_ = &table;
     const auto& lignes = table.Lignes();
-    champsTable_.clear();
-    champsTable_.reserve(lignes.size());
+    PrevoirChamps(lignes.size());
+    debutTable_ = NombreChamps();
     for (std::size_t i = 0; i < lignes.size(); ++i) {
         const DescriptionChamp& d = lignes[i];
         Champ& c = Ajouter(d.Genre, d.Nom, "", d.Groupe);
-        champsTable_.push_back(&c);
         c.Format = d.Format;
         if (d.Genre == GenreChamp::Texte || d.Genre == GenreChamp::Liste) {
             c.Legende = table.LegendeComplete(i);
@@ -197,7 +196,7 @@ void PanneauProtection::AfficherChamps() {
     for (std::size_t i = 0; lignes && i < lignes->size(); ++i) {
         const DescriptionChamp& d = (*lignes)[i];
         if (!d.Valeur) continue;
-        Champ& c = *champsTable_[i];
+        Champ& c = ChampNumero(debutTable_ + i);
         if (d.Genre == GenreChamp::Case || d.Genre == GenreChamp::Option)
             c.Valeur = d.Valeur.Lire(e_) != 0.0;
         else

@@ -156,7 +156,7 @@ private:
     int id_;
     std::vector<std::string> onglets_;
     const TableChamps* table_ = nullptr;
-    std::vector<Champ*> champsTable_; // the field of each row of the table
+    std::size_t debutTable_ = 0; // the field of the table's first row; the others follow it
     std::vector<EtapeCalcul> etapes_;
     std::string avisCentrale_; // the relay's name in the notice; empty without the notice
     bool teleaction_ = false;  // the panel has the signalling options
