@@ -1,6 +1,8 @@
 // A field of a panel as the engine holds it, and the one way every field is written and read.
 #pragma once
 
+#include <optional>
+#include <ostream>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -11,21 +13,49 @@ namespace tournesol {
 // check box, a button or a text to read.
 enum class GenreChamp { Texte, Liste, Option, Case, Bouton, Etiquette };
 
+// A fixed text of a field, its caption or its frame: either a text of the program that stands
+// elsewhere for good (a literal, a relay's table of fields made once), only seen from here, or
+// a text the field keeps itself. Only a literal or an explicit Vue is seen without a copy.
+class TexteFixe {
+public:
+    TexteFixe() = default;
+    TexteFixe(const char* litteral) : vue_(litteral) {}
+    TexteFixe(std::string texte) : propre_(std::move(texte)) {}
+    // A text that outlives the field.
+    static TexteFixe Vue(std::string_view permanent) {
+        TexteFixe t;
+        t.vue_ = permanent;
+        return t;
+    }
+
+    std::string_view Vue() const { return propre_ ? std::string_view(*propre_) : vue_; }
+    operator std::string_view() const { return Vue(); }
+    std::string Texte() const { return std::string(Vue()); }
+    bool empty() const { return Vue().empty(); }
+
+    friend bool operator==(const TexteFixe& a, std::string_view b) { return a.Vue() == b; }
+    friend std::ostream& operator<<(std::ostream& o, const TexteFixe& t) { return o << t.Vue(); }
+
+private:
+    std::optional<std::string> propre_;
+    std::string_view vue_;
+};
+
 struct Champ {
     Champ() = default;
     Champ(std::string nom, std::string texte, std::string format)
         : Nom(std::move(nom)), Format(std::move(format)), texte_(std::move(texte)) {}
 
-    std::string Nom;     // the name the view's widget bears
-    std::string Format;  // picture format of a numeric field, empty for a text
-    std::string Legende; // caption
-    bool Actif = true;   // enabled
+    std::string Nom;    // the name the view's widget bears
+    std::string Format; // picture format of a numeric field, empty for a text
+    TexteFixe Legende;  // caption
+    bool Actif = true;  // enabled
     bool Visible = true;
     bool Valeur = false; // an option or check box: pressed
     int SelDebut = 0;    // selection, in characters
     int SelLongueur = 0;
     GenreChamp Genre = GenreChamp::Texte;
-    std::string Groupe;             // the frame or tab it stands in
+    TexteFixe Groupe;               // the frame or tab it stands in
     std::vector<std::string> Liste; // the entries of a list
     int IndexListe = -1;            // the entry chosen, -1 for a free text
 

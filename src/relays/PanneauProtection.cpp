@@ -59,10 +59,12 @@ void PanneauProtection::DeclarerChamps(const TableChamps& table) {
     debutTable_ = NombreChamps();
     for (std::size_t i = 0; i < lignes.size(); ++i) {
         const DescriptionChamp& d = lignes[i];
-        Champ& c = Ajouter(d.Genre, d.Nom, "", d.Groupe);
+        // The table's texts are seen where they stand: the table outlives every panel.
+        Champ& c = Ajouter(d.Genre, d.Nom, "");
+        c.Groupe = TexteFixe::Vue(d.Groupe);
         c.Format = d.Format;
         if (d.Genre == GenreChamp::Texte || d.Genre == GenreChamp::Liste) {
-            c.Legende = table.LegendeComplete(i);
+            c.Legende = TexteFixe::Vue(table.LegendeComplete(i));
             c.Actif = d.Saisie;
         } else {
             c.DefinirTexte(table.LegendeComplete(i));

@@ -102,7 +102,7 @@ TEST(TroisBouts, OngletsEtCourantsActivesParLEtude) {
     PanneauTroisBouts p(e, nullptr);
     EXPECT_EQ(p.Trouver("placerprotection")->Texte(), "A-B-C");
     EXPECT_EQ(p.Trouver("lblnom(2)")->Texte(), "C : ARGENTON");
-    EXPECT_EQ(p.Trouver("chkcourcirc")->Groupe.substr(0, 15), "Relay position/");
+    EXPECT_EQ(p.Trouver("chkcourcirc")->Groupe.Vue().substr(0, 15), "Relay position/");
     EXPECT_EQ(p.Trouver("txticcabt")->Groupe, "reckoned Icc/Icctri");
     EXPECT_EQ(p.Trouver("txticcabt")->Legende, "A - B");
     EXPECT_EQ(p.Trouver("txtipcbam")->Groupe, "Reckoned Ipc/IPC mono");

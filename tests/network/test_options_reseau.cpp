@@ -22,9 +22,9 @@ bool Visible(Panneau& p, const std::string& nom) {
 std::vector<std::string> Onglets(const Panneau& p) {
     std::vector<std::string> onglets;
     for (const Champ& c : p.Champs()) {
-        const auto barre = c.Groupe.find('/');
+        const auto barre = c.Groupe.Vue().find('/');
         if (barre == std::string::npos) continue;
-        const std::string onglet = c.Groupe.substr(0, barre);
+        const std::string onglet(c.Groupe.Vue().substr(0, barre));
         if (std::find(onglets.begin(), onglets.end(), onglet) == onglets.end())
             onglets.push_back(onglet);
     }

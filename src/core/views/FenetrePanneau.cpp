@@ -87,7 +87,7 @@ void FenetrePanneau::Construire(Panneau& modele, const std::string& groupe, QFor
         if (c.Groupe != groupe || (c.Genre == GenreChamp::Etiquette && c.Nom == groupe)) continue;
         QWidget* w = CreerWidget(modele, c, parent);
         if (c.Genre == GenreChamp::Texte || c.Genre == GenreChamp::Liste)
-            formulaire->addRow(Q(c.Legende), w);
+            formulaire->addRow(Q(c.Legende.Texte()), w);
         else if (c.Genre == GenreChamp::Bouton && boutons)
             boutons->addWidget(w);
         else
@@ -100,7 +100,7 @@ void FenetrePanneau::ConstruireGenerique() {
     std::vector<std::string> groupes;
     for (const Champ& c : modele_.Champs())
         if (std::find(groupes.begin(), groupes.end(), c.Groupe) == groupes.end())
-            groupes.push_back(c.Groupe);
+            groupes.push_back(c.Groupe.Texte());
     // A group written "Tab/Group" stands in the page of that tab.
     QTabWidget* onglets = nullptr;
     std::map<QString, QVBoxLayout*> pages;

@@ -94,7 +94,7 @@ private:
             jumeau = p_.Trouver(j->second);
             places_.insert(j->second);
         }
-        const std::string& groupe = c.Groupe.empty() && jumeau ? jumeau->Groupe : c.Groupe;
+        const std::string groupe = (c.Groupe.empty() && jumeau ? jumeau->Groupe : c.Groupe).Texte();
         if (c.Genre == GenreChamp::Etiquette && c.Nom == groupe) {
             titresCadres.insert(groupe);
             return;
@@ -193,7 +193,7 @@ FenetreRelais::FenetreRelais(PanneauProtection& modele, QWidget* parent)
             for (const Champ* c : {r.gauche, r.droite}) {
                 if (!c) continue;
                 const DescriptionChamp* d = relais_.Description(c->Nom);
-                if (legende.empty()) legende = d ? d->Legende : c->Legende;
+                if (legende.empty()) legende = d ? d->Legende : c->Legende.Texte();
                 DescriptionChamp colonne = d ? *d : DescriptionChamp{};
                 colonne.Colonne = disposition.Colonne(*c);
                 QWidget* w = CreerWidget(modele, *c, boite);
