@@ -49,6 +49,7 @@ struct Champ {
     std::string Nom;    // the name the view's widget bears
     std::string Format; // picture format of a numeric field, empty for a text
     TexteFixe Legende;  // caption
+    TexteFixe Aide;     // the hint shown where the pointer rests
     bool Actif = true;  // enabled
     bool Visible = true;
     bool Valeur = false; // an option or check box: pressed

@@ -1,6 +1,8 @@
 #include "relays/ChampRelais.h"
 
+#include "core/Erreurs.h"
 #include "core/Format.h"
+#include "core/Numerique.h"
 
 namespace tournesol {
 
@@ -32,6 +34,34 @@ TableChamps::TableChamps(std::vector<DescriptionChamp> lignes) : lignes_(std::mo
 const DescriptionChamp* TableChamps::Trouver(std::string_view nom) const {
     const auto it = index_.find(nom);
     return it == index_.end() ? nullptr : &lignes_[it->second];
+}
+
+Variable Echelle(Variable v, double facteur) {
+    return {[lire = v.Lire, facteur](const Etude& e) { return lire(e) * facteur; },
+            [ecrire = v.Ecrire, facteur](Etude& e, double x) { ecrire(e, x / facteur); }};
+}
+
+Variable EnDegres(Variable v) {
+    return Echelle(std::move(v), RadToDeg(1.0));
+}
+
+Variable ParKz(Variable v) {
+    return {[lire = v.Lire](const Etude& e) { return Div(lire(e), e.Kz); },
+            [ecrire = v.Ecrire](Etude& e, double x) { ecrire(e, Verifier(x * e.Kz)); }};
+}
+
+double ImageJumeau(const Etude& e, RapportJumeau rapport, double valeur, bool versSecondaire) {
+    switch (rapport) {
+    case RapportJumeau::Kz:
+        return versSecondaire ? Div(valeur, e.Kz) : Verifier(valeur * e.Kz);
+    case RapportJumeau::Courant: {
+        const double rapportTC = Div(e.Ligne_Ip, e.Is);
+        return versSecondaire ? Div(valeur, rapportTC) : Verifier(valeur * rapportTC);
+    }
+    case RapportJumeau::Cycles:
+        return std::trunc(valeur / 20.0);
+    }
+    return valeur;
 }
 
 double LimiterValeur(const DescriptionChamp& d, double valeur) {

@@ -7,6 +7,8 @@
 #include "core/Champ.h"
 #include "core/Etude.h"
 
+#include <array>
+
 #include <cmath>
 #include <functional>
 #include <optional>
@@ -29,6 +31,11 @@ enum class NatureValeur { Autre, Souhaitee, Reglee };
 // How a value is taken to the relay's step.
 enum class ModeArrondi { Proche, Dessous, Dessus };
 
+// How the twin of a field (the same value in the other column) is worked out from it, a
+// secondary value to its primary image: an impedance by Kz, a current by Ip / Is, a timer in
+// milliseconds to whole cycles of 20 ms (shown only, never read back).
+enum class RapportJumeau { Kz, Courant, Cycles };
+
 // Unit captions of the two columns of ohms: the ohm sign, then P for primary or S for secondary.
 inline constexpr const char* UNITE_SECONDAIRE = "Ω S";
 inline constexpr const char* UNITE_PRIMAIRE = "Ω P";
@@ -37,6 +44,13 @@ inline constexpr const char* UNITE_PRIMAIRE = "Ω P";
 struct Variable {
     std::function<double(const Etude&)> Lire;
     std::function<void(Etude&, double)> Ecrire;
+    explicit operator bool() const { return static_cast<bool>(Lire) && static_cast<bool>(Ecrire); }
+};
+
+// A variable of the study that a field shows as a text (a strap's position, "0N", "OFF").
+struct VariableTexte {
+    std::function<std::string(const Etude&)> Lire;
+    std::function<void(Etude&, const std::string&)> Ecrire;
     explicit operator bool() const { return static_cast<bool>(Lire) && static_cast<bool>(Ecrire); }
 };
 
@@ -65,6 +79,39 @@ template <class R, class T> Variable Lien(R Etude::*relais, T R::*membre) {
             [relais, membre](Etude& e, double v) { AffecterNombre((e.*relais).*membre, v); }};
 }
 
+// An element of an array of the study: Lien(&Etude::Tempo, 3).
+template <class T, std::size_t N> Variable Lien(std::array<T, N> Etude::*tableau, std::size_t i) {
+    static_assert(std::is_arithmetic_v<T>, "a field shows a number or a Boolean");
+    return {[tableau, i](const Etude& e) { return static_cast<double>((e.*tableau).at(i)); },
+            [tableau, i](Etude& e, double v) { AffecterNombre((e.*tableau).at(i), v); }};
+}
+
+// An element of an array of a relay's record: Lien(&Etude::PXLN, &RelaisPXLN::XPct, 0).
+template <class R, class T, std::size_t N>
+Variable Lien(R Etude::*relais, std::array<T, N> R::*tableau, std::size_t i) {
+    static_assert(std::is_arithmetic_v<T>, "a field shows a number or a Boolean");
+    return {[relais, tableau, i](const Etude& e) {
+                return static_cast<double>(((e.*relais).*tableau).at(i));
+            },
+            [relais, tableau, i](Etude& e, double v) {
+                AffecterNombre(((e.*relais).*tableau).at(i), v);
+            }};
+}
+
+// A text of a relay's record: LienTexte(&Etude::RAZOA, &RelaisRAZOA::str26).
+template <class R> VariableTexte LienTexte(R Etude::*relais, std::string R::*membre) {
+    return {[relais, membre](const Etude& e) { return (e.*relais).*membre; },
+            [relais, membre](Etude& e, const std::string& t) { (e.*relais).*membre = t; }};
+}
+
+// The same variable seen through a factor: the field shows the value times `facteur` and
+// writes back its quotient (an angle kept in radians, shown in degrees).
+Variable Echelle(Variable v, double facteur);
+// An angle kept in radians, shown in degrees.
+Variable EnDegres(Variable v);
+// A value kept in primary ohms, shown in secondary ohms (divided by Kz).
+Variable ParKz(Variable v);
+
 // One row of a relay panel's table of fields.
 struct DescriptionChamp {
     std::string Nom{};           // the control's name, accents kept ("txtX1_bt", "chkTéléaction")
@@ -82,6 +129,17 @@ struct DescriptionChamp {
     std::string Jumeau{}; // the field of the same value in the other column of ohms
     double Pas = 0.0;     // the relay's step; 0 when the format's decimals are the only rounding
     ModeArrondi Arrondi = ModeArrondi::Proche;
+    // An option of a group that sets one number (ZonesBloquees 0 to 4, TypeIn 1 or 1.5): the
+    // value this option puts into the group's variable; the option shows it is chosen when the
+    // variable holds it.
+    std::optional<double> ValeurOption{};
+    // A list of choices: its entries; the variable holds the index of the entry chosen, the
+    // field shows the entry's text.
+    std::vector<std::string> Choix{};
+    // A value that is a text, not a number; the field shows it as it stands.
+    VariableTexte Texte{};
+    RapportJumeau Rapport = RapportJumeau::Kz; // how the twin is worked out
+    std::string Aide{}; // the hint shown where the pointer rests
 };
 
 // The table of a relay's fields, made once for the program (a relay keeps it in a static) and
@@ -104,6 +162,11 @@ private:
     std::vector<std::string> legendes_;
     std::unordered_map<std::string_view, std::size_t> index_; // names held by lignes_
 };
+
+// The image of a value in the twin column: by Kz for an impedance, Ip / Is for a current, in
+// whole cycles of 20 ms for a timer. From the secondary column to the primary one unless
+// `versSecondaire`.
+double ImageJumeau(const Etude& e, RapportJumeau rapport, double valeur, bool versSecondaire);
 
 // The unit of a field: its own, or that of its column of ohms; empty for none.
 std::string UniteDuChamp(const DescriptionChamp& d);

@@ -7,6 +7,7 @@
 #include "core/Registre.h"
 
 #include <algorithm>
+#include <cmath>
 #include <cctype>
 #include <cstring>
 
@@ -14,9 +15,8 @@ namespace tournesol {
 
 namespace {
 
-constexpr const char* CHK_TELEACTION = "chkTéléaction";
-constexpr const char* CHK_ACCELERATION = "chkaccélération";
-constexpr const char* CHK_VERROUILLAGE = "chkVerrouillage";
+// The quiet stop of a chain: thrown by ArreterChaine, caught where the chain runs.
+struct ArretChaine {};
 
 TraceValidation& TraceInscrite() {
     static TraceValidation trace;
@@ -34,42 +34,27 @@ void InscrireTraceValidation(TraceValidation trace) {
     TraceInscrite() = std::move(trace);
 }
 
+CadrePlan CadrePlan::HautBas(double haut, double bas) {
+    return {haut, bas, (std::fabs(haut) + std::fabs(bas)) / 2.0};
+}
+
+const Signalisation& SignalisationCommune() {
+    static const Signalisation commune;
+    return commune;
+}
+
+std::string PanneauProtection::AvisCentrale(const std::string& nomRelais) {
+    return AVIS_CENTRALE + nomRelais + ".";
+}
+
 PanneauProtection::PanneauProtection(Etude& e, Dialogue& d, int id_protection)
-    : Panneau(NomDuPanneau(id_protection)), e_(e), d_(d), id_(id_protection) {
+    : PanneauTable(NomDuPanneau(id_protection), e), d_(d), id_(id_protection) {
     DefinirTitre("TOURNESOL [" + e.NomPoste + "]");
     Ajouter(GenreChamp::Bouton, "Command1", "OK");
 }
 
 bool PanneauProtection::ModeRetour() const {
     return e_.PanneauRelais;
-}
-
-const DescriptionChamp* PanneauProtection::Description(const std::string& nom) const {
-    return table_ ? table_->Trouver(nom) : nullptr;
-}
-
-void PanneauProtection::DeclarerOnglets(std::vector<std::string> titres) {
-    onglets_ = std::move(titres);
-}
-
-void PanneauProtection::DeclarerChamps(const TableChamps& table) {
-    table_ = &table;
-    const auto& lignes = table.Lignes();
-    PrevoirChamps(lignes.size());
-    debutTable_ = NombreChamps();
-    for (std::size_t i = 0; i < lignes.size(); ++i) {
-        const DescriptionChamp& d = lignes[i];
-        // The table's texts are seen where they stand: the table outlives every panel.
-        Champ& c = Ajouter(d.Genre, d.Nom, "");
-        c.Groupe = TexteFixe::Vue(d.Groupe);
-        c.Format = d.Format;
-        if (d.Genre == GenreChamp::Texte || d.Genre == GenreChamp::Liste) {
-            c.Legende = TexteFixe::Vue(table.LegendeComplete(i));
-            c.Actif = d.Saisie;
-        } else {
-            c.DefinirTexte(table.LegendeComplete(i));
-        }
-    }
 }
 
 void PanneauProtection::DeclarerEtapes(std::vector<EtapeCalcul> etapes) {
@@ -79,8 +64,9 @@ void PanneauProtection::DeclarerEtapes(std::vector<EtapeCalcul> etapes) {
 std::vector<DescriptionChamp> ChampsTeleaction(const std::string& groupe,
                                                const std::string& legendeTeleaction,
                                                const std::string& legendeAcceleration,
-                                               const std::string& legendeVerrouillage) {
-    auto option = [&](const char* nom, const std::string& legende, Variable v) {
+                                               const std::string& legendeVerrouillage,
+                                               const Signalisation& options) {
+    auto option = [&](const std::string& nom, const std::string& legende, Variable v) {
         DescriptionChamp d;
         d.Nom = nom;
         d.Legende = legende;
@@ -89,22 +75,40 @@ std::vector<DescriptionChamp> ChampsTeleaction(const std::string& groupe,
         d.Valeur = std::move(v);
         return d;
     };
-    return {option(CHK_TELEACTION, legendeTeleaction, Lien(&Etude::Teleaction)),
-            option(CHK_ACCELERATION, legendeAcceleration, Lien(&Etude::Acceleration)),
-            option(CHK_VERROUILLAGE, legendeVerrouillage, Lien(&Etude::Verrouillage))};
+    std::vector<DescriptionChamp> lignes{
+        option(options.Teleaction, legendeTeleaction, options.VTeleaction),
+        option(options.Acceleration, legendeAcceleration, options.VAcceleration),
+        option(options.Verrouillage, legendeVerrouillage, options.VVerrouillage)};
+    // A blocking without a variable of its own is shown by the panel, as the negation.
+    if (!options.VVerrouillage) lignes.back().Valeur = {};
+    return lignes;
 }
 
-void PanneauProtection::DeclarerTeleaction() {
-    teleaction_ = true;
+void PanneauProtection::DeclarerTeleaction(const Signalisation& options) {
+    teleaction_ = &options;
     AfficherTeleaction();
 }
 
-void PanneauProtection::DeclarerAvisCentrale(std::string nomRelais) {
-    avisCentrale_ = std::move(nomRelais);
+void PanneauProtection::DeclarerAvisCentrale(std::string avis) {
+    avisCentrale_ = std::move(avis);
+}
+
+void PanneauProtection::ArreterChaine(const std::string& message) {
+    MessagesDuPanneau();
+    e_.sMessage = message;
+    AfficherMessage(e_, d_);
+    chaineArretee_ = true;
+    throw ArretChaine{};
 }
 
 bool PanneauProtection::Commande(const std::function<void()>& commande) {
-    return ExecuterCalcul(e_, commande);
+    return ExecuterCalcul(e_, [&] {
+        try {
+            commande();
+        } catch (const ArretChaine&) {
+            // A stop outside a chain ends the command: nothing more runs, nothing failed.
+        }
+    });
 }
 
 void PanneauProtection::MessagesDuPanneau() {
@@ -135,34 +139,37 @@ void PanneauProtection::ChargerPanneau() {
 void PanneauProtection::LireTeleaction() {
     if (!teleaction_) return;
     if (ModeRetour()) {
-        e_.Teleaction = TeleactionParDefaut();
-        e_.Acceleration = e_.Ligne_lc;
-        e_.Verrouillage = !e_.Ligne_lc;
+        teleaction_->VTeleaction.Ecrire(e_, TeleactionParDefaut() ? 1.0 : 0.0);
+        teleaction_->VAcceleration.Ecrire(e_, e_.Ligne_lc ? 1.0 : 0.0);
+        if (teleaction_->VVerrouillage) teleaction_->VVerrouillage.Ecrire(e_, e_.Ligne_lc ? 0.0 : 1.0);
     }
     AfficherTeleaction();
 }
 
 void PanneauProtection::AfficherTeleaction() {
-    Champ* teleaction = Trouver(CHK_TELEACTION);
-    Champ* acceleration = Trouver(CHK_ACCELERATION);
-    Champ* verrouillage = Trouver(CHK_VERROUILLAGE);
+    if (!teleaction_) return;
+    Champ* teleaction = Trouver(teleaction_->Teleaction);
+    Champ* acceleration = Trouver(teleaction_->Acceleration);
+    Champ* verrouillage = Trouver(teleaction_->Verrouillage);
     if (!teleaction || !acceleration || !verrouillage) return;
-    teleaction->Valeur = e_.Teleaction;
-    acceleration->Valeur = e_.Acceleration;
-    verrouillage->Valeur = e_.Verrouillage;
-    acceleration->Actif = verrouillage->Actif = e_.Teleaction;
+    const bool avec = teleaction_->VTeleaction.Lire(e_) != 0.0;
+    teleaction->Valeur = avec;
+    acceleration->Valeur = teleaction_->VAcceleration.Lire(e_) != 0.0;
+    verrouillage->Valeur = teleaction_->VVerrouillage ? teleaction_->VVerrouillage.Lire(e_) != 0.0
+                                                      : !acceleration->Valeur;
+    acceleration->Actif = verrouillage->Actif = avec;
 }
 
 void PanneauProtection::ChoixOnglet(int i) {
     // A failed sheet is not computed again when it is left: the failure stays for the caller.
-    if (e_.ErrCalcul == 0 && !Commande([this] { RecalculOnglet(ongletCourant_); })) return;
+    if (e_.ErrCalcul == 0 && !Commande([this] { RecalculOnglet(OngletCourant()); })) return;
     e_.ErrCalcul = 0;
     MessagesDuPanneau();
     if (!avisCentrale_.empty() && (e_.Ligne_alim == 1 || e_.Ligne_alim == 2)) {
-        e_.sMessage = AVIS_CENTRALE + avisCentrale_ + ".";
+        e_.sMessage = avisCentrale_;
         AfficherMessage(e_, d_);
     }
-    if (ModeRetour() && i < ongletCourant_) {
+    if (ModeRetour() && i < OngletCourant()) {
         e_.sMessage = id_ == 3 ? QUESTION_RETOUR_PD3A : QUESTION_RETOUR;
         e_.BoutonsQuestion = {"&Continue", "&cancel", ""};
         e_.QuestionOuverte = true;
@@ -176,13 +183,18 @@ void PanneauProtection::ChoixOnglet(int i) {
 
 void PanneauProtection::ChoixOngletGarde(int i) {
     if (i < 0 || i >= NombreOnglets()) LeverErreur(ERR_INDICE);
-    ongletCourant_ = i;
+    MettreDevant(i);
 }
 
 void PanneauProtection::RecalculOnglet(int i) {
     if (i < 0 || i >= static_cast<int>(etapes_.size())) return;
-    for (auto k = static_cast<std::size_t>(i); k < etapes_.size(); ++k)
-        etapes_[k].Calcul();
+    chaineArretee_ = false;
+    try {
+        for (auto k = static_cast<std::size_t>(i); k < etapes_.size(); ++k)
+            etapes_[k].Calcul();
+    } catch (const ArretChaine&) {
+        // The relay stopped its chain: the later steps do not run.
+    }
     Afficher();
 }
 
@@ -193,32 +205,22 @@ void PanneauProtection::RecalculDepuis(const std::string& etape) {
     RecalculOnglet(static_cast<int>(it - etapes_.begin()));
 }
 
-void PanneauProtection::AfficherChamps() {
-    const std::vector<DescriptionChamp>* lignes = table_ ? &table_->Lignes() : nullptr;
-    for (std::size_t i = 0; lignes && i < lignes->size(); ++i) {
-        const DescriptionChamp& d = (*lignes)[i];
-        if (!d.Valeur) continue;
-        Champ& c = ChampNumero(debutTable_ + i);
-        if (d.Genre == GenreChamp::Case || d.Genre == GenreChamp::Option)
-            c.Valeur = d.Valeur.Lire(e_) != 0.0;
-        else
-            ChampEcrire(c, d.Valeur.Lire(e_));
-    }
-    AfficherTeleaction();
-}
 
 void PanneauProtection::ValiderBouton() {
-    Commande([this] { RecalculOnglet(ongletCourant_); });
+    Commande([this] { RecalculOnglet(OngletCourant()); });
     if (ModeRetour() && e_.ErrCalcul == 0) {
         Commande([this] {
-            const double demiLargeur = std::min(Verifier(DemiLargeurPlan()), DEMI_LARGEUR_MAX);
+            const CadrePlan cadre = CadreDuPlan();
+            const double haut = std::min(Verifier(cadre.Haut), DEMI_LARGEUR_MAX);
+            const double bas = std::max(Verifier(cadre.Bas), -DEMI_LARGEUR_MAX);
+            const double demiLargeur = std::min(Verifier(cadre.DemiLargeur), DEMI_LARGEUR_MAX);
             // A relay without a reach leaves the plane as it was.
-            if (demiLargeur > 0.0) {
+            if (demiLargeur > 0.0 && haut > bas) {
                 const auto l = static_cast<float>(demiLargeur);
                 e_.ScaleLeft = -l;
-                e_.ScaleTop = l;
+                e_.ScaleTop = static_cast<float>(haut);
                 e_.ScaleWidth = 2.0F * l;
-                e_.ScaleHeight = -2.0F * l;
+                e_.ScaleHeight = static_cast<float>(bas - haut);
             }
             e_.DiagramActuel = false;
             if (TraceInscrite()) TraceInscrite()(e_);
@@ -235,12 +237,8 @@ void PanneauProtection::Raccourci(char lettre, bool altEnfonce) {
     const char* position = std::strchr(LETTRES_ONGLETS, majuscule);
     if (!position) return;
     const auto onglet = static_cast<int>(position - LETTRES_ONGLETS);
-    if (!Commande([this] { RecalculOnglet(ongletCourant_); })) return;
+    if (!Commande([this] { RecalculOnglet(OngletCourant()); })) return;
     ChoixOnglet(onglet);
-}
-
-void PanneauProtection::Entrer(const std::string& champ) {
-    if (Champ* c = Trouver(champ)) ChampSelection(*c);
 }
 
 void PanneauProtection::Quitter(const std::string& champ) {
@@ -250,16 +248,32 @@ void PanneauProtection::Quitter(const std::string& champ) {
     Commande([this, d, c] { SortieChamp(*d, *c); });
 }
 
+void PanneauProtection::Changer(const std::string& champ) {
+    const DescriptionChamp* d = Description(champ);
+    Champ* c = Trouver(champ);
+    if (!d || !c || !d->Saisie || d->Choix.empty()) return;
+    Commande([this, d, c] {
+        EcrireVariable(*d, *c);
+        ApresSaisie(*d, c->IndexListe);
+    });
+}
+
 void PanneauProtection::SortieChamp(const DescriptionChamp& d, Champ& champ) {
-    const double valeur = ArrondirAuPas(d, LimiterValeur(d, ChampLire(champ)));
+    if (d.Texte) {
+        // A text goes as it stands.
+        EcrireVariable(d, champ);
+        ApresSaisie(d, 0.0);
+        return;
+    }
+    const double valeur = ValeurDuChamp(d, champ);
     if (d.Valeur) d.Valeur.Ecrire(e_, valeur);
     ChampEcrire(champ, valeur);
     if (Champ* jumeau = d.Jumeau.empty() ? nullptr : Trouver(d.Jumeau)) {
         double image = valeur;
-        if (d.Colonne == ColonneOhms::Secondaire) image = Verifier(valeur * e_.Kz);
-        if (d.Colonne == ColonneOhms::Primaire) image = Div(valeur, e_.Kz);
+        if (d.Colonne != ColonneOhms::Aucune || d.Rapport != RapportJumeau::Kz)
+            image = ImageJumeau(e_, d.Rapport, valeur, d.Colonne == ColonneOhms::Primaire);
         const DescriptionChamp* dj = Description(d.Jumeau);
-        if (dj && dj->Valeur) dj->Valeur.Ecrire(e_, image);
+        if (dj && dj->Valeur && d.Rapport != RapportJumeau::Cycles) dj->Valeur.Ecrire(e_, image);
         ChampEcrire(*jumeau, image);
     }
     ApresSaisie(d, valeur);
@@ -276,8 +290,8 @@ void PanneauProtection::Cliquer(const std::string& nom) {
         ChoixOnglet(*onglet);
         return;
     }
-    if (teleaction_ &&
-        (nom == CHK_TELEACTION || nom == CHK_ACCELERATION || nom == CHK_VERROUILLAGE)) {
+    if (teleaction_ && (nom == teleaction_->Teleaction || nom == teleaction_->Acceleration ||
+                        nom == teleaction_->Verrouillage)) {
         ClicTeleaction(nom);
         return;
     }
@@ -285,34 +299,23 @@ void PanneauProtection::Cliquer(const std::string& nom) {
         const DescriptionChamp* d = Description(nom);
         Champ* c = Trouver(nom);
         if (d && c && (d->Genre == GenreChamp::Option || d->Genre == GenreChamp::Case))
-            ClicOption(*d, *c);
+            ClicOption(*d, *c, true);
         ApresClic(nom);
     });
 }
 
-void PanneauProtection::ClicOption(const DescriptionChamp& d, Champ& champ) {
-    if (d.Genre == GenreChamp::Option && champ.Valeur) {
-        // The options of one frame exclude each other.
-        for (const DescriptionChamp& autre : table_->Lignes()) {
-            if (autre.Genre != GenreChamp::Option || autre.Groupe != d.Groupe || autre.Nom == d.Nom)
-                continue;
-            if (Champ* c = Trouver(autre.Nom)) c->Valeur = false;
-            if (autre.Valeur) autre.Valeur.Ecrire(e_, 0.0);
-        }
-    }
-    if (d.Valeur) d.Valeur.Ecrire(e_, champ.Valeur ? 1.0 : 0.0);
-}
-
 void PanneauProtection::ClicTeleaction(const std::string& nom) {
-    const bool valeur = Trouver(nom)->Valeur;
-    if (nom == CHK_TELEACTION) {
-        e_.Teleaction = valeur;
-    } else if (nom == CHK_ACCELERATION) {
-        e_.Acceleration = valeur;
-        e_.Verrouillage = !valeur;
+    const Signalisation& s = *teleaction_;
+    const double valeur = Trouver(nom)->Valeur ? 1.0 : 0.0;
+    // The acceleration and the blocking exclude each other.
+    if (nom == s.Teleaction) {
+        s.VTeleaction.Ecrire(e_, valeur);
+    } else if (nom == s.Acceleration) {
+        s.VAcceleration.Ecrire(e_, valeur);
+        if (s.VVerrouillage) s.VVerrouillage.Ecrire(e_, 1.0 - valeur);
     } else {
-        e_.Verrouillage = valeur;
-        e_.Acceleration = !valeur;
+        if (s.VVerrouillage) s.VVerrouillage.Ecrire(e_, valeur);
+        s.VAcceleration.Ecrire(e_, 1.0 - valeur);
     }
     AfficherTeleaction();
     Commande([this] { RecalculZones(); });

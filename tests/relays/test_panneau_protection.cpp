@@ -69,7 +69,7 @@ public:
     double DemiLargeur = 30.0;
 
 protected:
-    double DemiLargeurPlan() override { return DemiLargeur; }
+    CadrePlan CadreDuPlan() override { return CadrePlan::Carre(DemiLargeur); }
     void LireOptions() override { Journal.push_back("LireOptions"); }
 
 private:
@@ -271,7 +271,7 @@ TEST_F(Panneau3, RaccourcisAlt) {
 TEST_F(Panneau3, AvisDesLiaisonsCentralePoste) {
     e.Ligne_alim = 2;
     struct RelaisAvis : RelaisEssai {
-        RelaisAvis(Etude& e, Dialogue& d) : RelaisEssai(e, d, 3) { DeclarerAvisCentrale("PD3A"); }
+        RelaisAvis(Etude& e, Dialogue& d) : RelaisEssai(e, d, 3) { DeclarerAvisCentrale(AvisCentrale("PD3A")); }
     } r(e, d);
     r.Ouvrir();
     r.ChoixOnglet(1);

@@ -237,15 +237,15 @@ PanneauPD3A::PanneauPD3A(Etude& e, Dialogue& d) : PanneauProtection(e, d, ID_PD3
     DeclarerOnglets({ZONES, PICK_UP, TIMERS});
     DeclarerChamps(ChampsPD3A());
     DeclarerTeleaction();
-    DeclarerAvisCentrale("PD3A");
+    DeclarerAvisCentrale(AvisCentrale("PD3A"));
     DeclarerEtapes({{"Zones", [this] { CalculZones(); }},
                     {"Resistance", [this] { CalculResistancePD3A(e_, d_); }},
                     {"Reglages", [this] { CalculReglagesPD3A(e_); }},
                     {"Diag", [this] { CalculDiagPD3A(e_); }}});
 }
 
-double PanneauPD3A::DemiLargeurPlan() {
-    return DemiLargeurPD3A(e_);
+CadrePlan PanneauPD3A::CadreDuPlan() {
+    return CadrePlan::Carre(DemiLargeurPD3A(e_));
 }
 
 void PanneauPD3A::LireOptions() {

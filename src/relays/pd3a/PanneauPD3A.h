@@ -11,7 +11,7 @@ public:
     PanneauPD3A(Etude& e, Dialogue& d);
 
 protected:
-    double DemiLargeurPlan() override;
+    CadrePlan CadreDuPlan() override;
     void LireOptions() override;
     void ApresSaisie(const DescriptionChamp& champ, double valeur) override;
     void ApresClic(const std::string& nom) override;

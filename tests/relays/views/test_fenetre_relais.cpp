@@ -80,7 +80,7 @@ public:
     int Temps = 0; // runs of the timers' step
 
 protected:
-    double DemiLargeurPlan() override { return 30.0; }
+    CadrePlan CadreDuPlan() override { return CadrePlan::Carre(30.0); }
 
 private:
     void Zones() {
