@@ -306,7 +306,13 @@ inline constexpr int NOMBRE_REGLES = 100;
             LISTE(TOURNESOL_VISITER_MEMBRE)                                                        \
         }                                                                                          \
     };
-#define TOURNESOL_VISITER_MEMBRE(type, nom) v(#nom, nom);
+#define TOURNESOL_VISITER_MEMBRE(type, nom) v(CleFichier(#nom), nom);
+
+// The name of a variable in a study file: its own, but that a relay's parameter named with a
+// digit first ("50G1") is a member with an underscore before the digit (_50G1).
+constexpr const char* CleFichier(const char* membre) {
+    return membre[0] == '_' && membre[1] >= '0' && membre[1] <= '9' ? membre + 1 : membre;
+}
 
 // clang-format off
 #define RELAIS_SA511_VARIABLES(X)
@@ -339,7 +345,21 @@ inline constexpr int NOMBRE_REGLES = 100;
 #define RELAIS_REL100_VARIABLES(X)
 #define RELAIS_REZ1_VARIABLES(X)
 #define RELAIS_RXAP_VARIABLES(X)
-#define RELAIS_S321_VARIABLES(X)
+#define RELAIS_S321_VARIABLES(X) \
+    X(Reel32, _50G1) \
+    X(Reel32, _50G2) \
+    X(Reel32, _50G3) \
+    X(Reel32, _50G4) \
+    X(Reel32, _50PP1) \
+    X(Reel32, _50PP2) \
+    X(Reel32, _50PP3) \
+    X(Reel32, _50PP4) \
+    X(Reel32, _50L1) \
+    X(Reel32, _50L2) \
+    X(Reel32, _50L3) \
+    X(Reel32, _50L4) \
+    X(Reel32, _50QR) \
+    X(Reel32, _50QF)
 
 // id_protection, record type, member of Etude; in the order of id_protection.
 #define TOURNESOL_RELAIS(X) \

@@ -25,6 +25,8 @@ template <class T> void Convertir(const ValeurTR& v, T& cible) {
         cible = static_cast<T>(*f);
     else if (const auto* i = std::get_if<std::int16_t>(&v))
         cible = static_cast<T>(*i);
+    else if (const auto* l = std::get_if<std::int32_t>(&v))
+        cible = static_cast<T>(*l);
 }
 } // namespace
 
@@ -89,6 +91,67 @@ bool LireReglagesRelais(Etude& e, MagasinReglages& m) {
     if (!l || !l->lire) return false;
     l->lire(e, m);
     return true;
+}
+
+void MagasinBloc::EcrireValeur(std::int32_t, std::int32_t id_pos, const ValeurTR& valeur) {
+    if (id_pos < 0) return;
+    const auto i = static_cast<std::size_t>(id_pos);
+    if (valeurs_.size() <= i) valeurs_.resize(i + 1);
+    valeurs_[i] = valeur;
+}
+
+ValeurTR MagasinBloc::LireValeur(std::int32_t, std::int32_t id_pos) {
+    if (id_pos < 0 || static_cast<std::size_t>(id_pos) >= valeurs_.size()) return {};
+    return valeurs_[static_cast<std::size_t>(id_pos)];
+}
+
+namespace {
+// The cursor of the store belongs to the study's own save and opening: a block leaves it.
+struct CurseurGarde {
+    Etude& e;
+    std::int32_t position;
+    bool fin;
+    explicit CurseurGarde(Etude& etude) : e(etude), position(etude.PositionTR), fin(etude.FinTR) {}
+    ~CurseurGarde() {
+        e.PositionTR = position;
+        e.FinTR = fin;
+    }
+    CurseurGarde(const CurseurGarde&) = delete;
+    CurseurGarde& operator=(const CurseurGarde&) = delete;
+};
+} // namespace
+
+bool SauverReglage(Etude& e, BlocReglages& bloc) {
+    CurseurGarde garde(e);
+    bloc.Reglages = MagasinBloc{};
+    bloc.IdProtection = e.id_protection;
+    bloc.Kz = e.Kz;
+    bloc.CRt = e.Ligne_CRt;
+    bloc.CRm = e.Ligne_CRm;
+    bloc.RL_eq = e.RL_eq;
+    bloc.XL_eq = e.XL_eq;
+    bloc.pp = e.Ligne_pp;
+    bloc.alim = e.Ligne_alim;
+    bloc.Tl = e.Ligne_Tl;
+    return EcrireReglagesRelais(e, bloc.Reglages);
+}
+
+bool RestaurerReglage(Etude& e, BlocReglages& bloc) {
+    CurseurGarde garde(e);
+    const int id = e.id_protection;
+    e.id_protection = bloc.IdProtection;
+    const bool lu = LireReglagesRelais(e, bloc.Reglages);
+    e.id_protection = id;
+    // The line values last: the relay's list may hold some of them too.
+    e.Kz = bloc.Kz;
+    e.Ligne_CRt = bloc.CRt;
+    e.Ligne_CRm = bloc.CRm;
+    e.RL_eq = bloc.RL_eq;
+    e.XL_eq = bloc.XL_eq;
+    e.Ligne_pp = bloc.pp;
+    e.Ligne_alim = bloc.alim;
+    e.Ligne_Tl = bloc.Tl;
+    return lu;
 }
 
 } // namespace tournesol

@@ -6,13 +6,15 @@
 #include <map>
 #include <utility>
 #include <variant>
+#include <vector>
 
 namespace tournesol {
 
 struct Etude;
 
-// A stored value, handed back in the type it was written; empty when missing.
-using ValeurTR = std::variant<std::monostate, double, float, std::int16_t>;
+// A stored value, handed back in the type it was written (a 16-bit or 32-bit integer, a 32-bit
+// or 64-bit float); empty when missing.
+using ValeurTR = std::variant<std::monostate, double, float, std::int16_t, std::int32_t>;
 
 // Where the values live: the table TR of the study base, or memory.
 class MagasinReglages {
@@ -60,5 +62,36 @@ void InscrireReglagesRelais(int id_protection, ListeReglages ecrire, ListeReglag
 // False when the relay has no list.
 bool EcrireReglagesRelais(Etude& e, MagasinReglages& m);
 bool LireReglagesRelais(Etude& e, MagasinReglages& m);
+
+// The values of one list by position alone, whatever the key: a place's setting block.
+class MagasinBloc : public MagasinReglages {
+public:
+    void EcrireValeur(std::int32_t id_key, std::int32_t id_pos, const ValeurTR& valeur) override;
+    ValeurTR LireValeur(std::int32_t id_key, std::int32_t id_pos) override;
+    std::size_t Taille() const { return valeurs_.size(); }
+
+private:
+    std::vector<ValeurTR> valeurs_;
+};
+
+// The setting block of a place of the superposition: the relay's own list, as its setting store
+// writes it (each value in its own type), and the line values its characteristic depends on.
+// Every relay has its block through the list it registers: nothing more to write per relay.
+struct BlocReglages {
+    int IdProtection = 0;
+    MagasinBloc Reglages;
+    double Kz = 0.0;
+    double CRt = 0.0;
+    double CRm = 0.0;
+    double RL_eq = 0.0;
+    double XL_eq = 0.0;
+    std::int16_t pp = 0;
+    std::int16_t alim = 0;
+    std::int16_t Tl = 0;
+};
+// The working variables of the current relay kept into the block, and brought back from it
+// (the block's relay); exact mirrors. False when the relay has no list.
+bool SauverReglage(Etude& e, BlocReglages& bloc);
+bool RestaurerReglage(Etude& e, BlocReglages& bloc);
 
 } // namespace tournesol

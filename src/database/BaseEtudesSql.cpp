@@ -48,6 +48,7 @@ QSqlError Executer(const QSqlDatabase& db, const char* sql) {
 
 // A value of the setting store as TR holds it: the value, and the run-time's number of its type.
 constexpr int TYPE_ENTIER16 = 2;
+constexpr int TYPE_ENTIER32 = 3;
 constexpr int TYPE_REEL32 = 4;
 constexpr int TYPE_REEL = 5;
 
@@ -57,6 +58,8 @@ std::pair<QVariant, QVariant> Coder(const ValeurTR& v) {
         return {QVariant(static_cast<double>(*f)), QVariant(TYPE_REEL32)};
     if (const auto* i = std::get_if<std::int16_t>(&v))
         return {QVariant(static_cast<int>(*i)), QVariant(TYPE_ENTIER16)};
+    if (const auto* l = std::get_if<std::int32_t>(&v))
+        return {QVariant(static_cast<int>(*l)), QVariant(TYPE_ENTIER32)};
     return {NulReel(), QVariant(0)};
 }
 
@@ -66,6 +69,8 @@ ValeurTR Decoder(const QVariant& valeur, const QVariant& type) {
     switch (type.toInt()) {
     case TYPE_ENTIER16:
         return static_cast<std::int16_t>(valeur.toInt());
+    case TYPE_ENTIER32:
+        return static_cast<std::int32_t>(valeur.toInt());
     case TYPE_REEL32:
         return static_cast<float>(valeur.toDouble());
     default:

@@ -240,4 +240,30 @@ void TransitCalc(Etude& e) {
     });
 }
 
+std::array<Complexe, 9> PointsTransitTires(const Etude& e) {
+    std::array<Complexe, 9> p{};
+    std::copy(e.PointsTransit.begin(), e.PointsTransit.end(), p.begin());
+    const bool degenere = e.fNoIntersect;
+    const double phi = e.PHI_eq;
+    const double m0 = p[0].Module;
+    // The point on the line image's circle of radius |N1| seen at `angle` from the line.
+    auto tire = [&](double angle) {
+        const double r = e.ZL_eq * std::cos(angle) +
+                         std::sqrt(std::fabs(Carre(m0) - Carre(e.ZL_eq * std::sin(angle))));
+        return std::max(r, m0);
+    };
+    auto placer = [](Complexe& c, double module, double argument) {
+        c.Module = module;
+        c.Argument = argument;
+        c.Re = module * std::cos(argument);
+        c.Im = module * std::sin(argument);
+    };
+    if (PI / 6.0 < p[2].Argument || degenere) placer(p[2], tire(phi - PI / 6.0), PI / 6.0);
+    if (5.0 * PI / 6.0 > p[3].Argument || degenere)
+        placer(p[3], tire(5.0 * PI / 6.0 - phi), 5.0 * PI / 6.0);
+    if (11.0 * PI / 6.0 > p[4].Argument || degenere) placer(p[4], m0, 11.0 * PI / 6.0);
+    if (7.0 * PI / 6.0 < p[5].Argument || degenere) placer(p[5], m0, 7.0 * PI / 6.0);
+    return p;
+}
+
 } // namespace tournesol

@@ -4,6 +4,10 @@
 // fNoIntersect, fNoUp, fNoDown, fNoP.
 #pragma once
 
+#include "core/Complexe.h"
+
+#include <array>
+
 namespace tournesol {
 
 struct Etude;
@@ -15,5 +19,13 @@ void TransitCalc(Etude& e);
 // The transformer reactances behind the near and far ends (XtrProche, XtrDistant), by the end
 // the relay stands at; the diagram and the relays' diagnostics read them.
 void TransformateursDesBouts(Etude& e);
+
+// The load points of the case in force as the relays' pick-up rules use them: N3 to N6 pulled to
+// the 30, 150, 330 and 210 degree sectors. N3 beyond 30 degrees and N4 below 150 degrees come
+// back onto the circle of radius |N1| around the line's image, along their sector (never nearer
+// than |N1|); N5 below 330 and N6 beyond 210 degrees take |N1| on theirs. All four are pulled
+// whatever their angle when the area's circles do not cut (fNoIntersect). The other points are
+// those of PointsTransit.
+std::array<Complexe, 9> PointsTransitTires(const Etude& e);
 
 } // namespace tournesol

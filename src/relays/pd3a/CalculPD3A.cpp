@@ -8,6 +8,7 @@
 #include "network/Transit.h"
 
 #include <algorithm>
+#include <array>
 #include <cmath>
 
 namespace tournesol {
@@ -175,34 +176,12 @@ void BandesPompagePD3A(Etude& e) {
 }
 
 double DistanceTransitPD3A(const Etude& e) {
+    const std::array<Complexe, 9> points = PointsTransitTires(e);
+    const double phi = e.PHI_eq;
     double m[6], a[6];
     for (std::size_t k = 0; k < 6; ++k) {
-        m[k] = e.PointsTransit[k].Module;
-        a[k] = e.PointsTransit[k].Argument;
-    }
-    const bool degenere = e.fNoIntersect;
-    const double phi = e.PHI_eq;
-    // The point on the line image's circle of radius M(0) seen at `angle` from the line.
-    auto tire = [&](double angle) {
-        const double r = e.ZL_eq * std::cos(angle) +
-                         std::sqrt(std::fabs(Carre(m[0]) - Carre(e.ZL_eq * std::sin(angle))));
-        return std::max(r, m[0]);
-    };
-    if (PI / 6.0 < a[2] || degenere) {
-        m[2] = tire(phi - PI / 6.0);
-        a[2] = PI / 6.0;
-    }
-    if (5.0 * PI / 6.0 > a[3] || degenere) {
-        m[3] = tire(5.0 * PI / 6.0 - phi);
-        a[3] = 5.0 * PI / 6.0;
-    }
-    if (11.0 * PI / 6.0 > a[4] || degenere) {
-        m[4] = m[0];
-        a[4] = 11.0 * PI / 6.0;
-    }
-    if (7.0 * PI / 6.0 < a[5] || degenere) {
-        m[5] = m[0];
-        a[5] = 7.0 * PI / 6.0;
+        m[k] = points[k].Module;
+        a[k] = points[k].Argument;
     }
     double d = 0.0;
     for (std::size_t k = 0; k < 6; ++k) {
