@@ -338,10 +338,14 @@ constexpr const char* CleFichier(const char* membre) {
     X(Entier16, TC) \
     X(Entier16, TD)
 #define RELAIS_PDS_VARIABLES(X)
-#define RELAIS_PXLC_VARIABLES(X)
+#define RELAIS_PXLC_VARIABLES(X) \
+    X(Booleen, FeuilleReglages)
 #define RELAIS_PXLP_VARIABLES(X)
 #define RELAIS_PXLN_VARIABLES(X)
-#define RELAIS_RAZOA_VARIABLES(X)
+#define RELAIS_RAZOA_VARIABLES(X) \
+    X(Texte, str26) \
+    X(Texte, str27) \
+    X(Texte, str28)
 #define RELAIS_REL100_VARIABLES(X)
 #define RELAIS_REZ1_VARIABLES(X)
 #define RELAIS_RXAP_VARIABLES(X)

@@ -25,6 +25,12 @@ double TermeSource(const Etude& e);
 // The source reactance XS: 0.5 (R - XL_eq) + 2 XSmini.
 double ReactanceSource(const Etude& e);
 
+// The first-stage flag that a relay's zone rules read: false on a three-ended line whose
+// first-stage tests found the first stage not always assured (StadeMono or StadeTri); true on
+// every other line. A relay then keeps the engineer's zone settings rather than the reactances
+// worked out from a first stage that cannot be relied on.
+bool PremierStadeAssure(const Etude& e);
+
 // Rounds to the nearest whole number, ties to the even one.
 double ArrondiPair(double x);
 

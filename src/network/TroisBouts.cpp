@@ -208,4 +208,8 @@ void CalculTroisBouts(Etude& e, Dialogue& d) {
     TransitDuBout(e);
 }
 
+bool PremierStadeAssure(const Etude& e) {
+    return e.Ligne_Tl != 3 || (e.StadeMono != MONO_NON_ASSURE && e.StadeTri != TRI_NON_ASSURE);
+}
+
 } // namespace tournesol

@@ -15,7 +15,7 @@ const char* const PARTIES[3] = {"Drawing + diagnostics", "line and relay charact
 
 } // namespace
 
-PanneauImpression::PanneauImpression(Etude& e, bool feuillePXLC) : Panneau("frmPrint"), e_(e) {
+PanneauImpression::PanneauImpression(Etude& e) : Panneau("frmPrint"), e_(e) {
     DefinirTitre("TOURNESOL : imprimer");
     Champ& copies = Ajouter(GenreChamp::Texte, "txtcopies", "");
     copies.Format = "#0";
@@ -47,7 +47,7 @@ PanneauImpression::PanneauImpression(Etude& e, bool feuillePXLC) : Panneau("frmP
             reglages.Actif = true;
             break;
         case 5:
-            reglages.Actif = feuillePXLC;
+            reglages.Actif = e.PXLC.FeuilleReglages;
             break;
         default: // PXLN and REL 100 leave the box as it is
             break;

@@ -10,8 +10,9 @@ struct Etude;
 
 class PanneauImpression : public Panneau {
 public:
-    // `feuillePXLC`: the PXLC panel says that the relay has a setting sheet of its own.
-    explicit PanneauImpression(Etude& e, bool feuillePXLC = false);
+    // The settings part follows the relay; for the PXLC, the flag its panel keeps
+    // (PXLC.FeuilleReglages).
+    explicit PanneauImpression(Etude& e);
 
     // cmd(0) OK, cmd(1) cancel; the boxes hold their own state.
     void Cliquer(const std::string& nom) override;

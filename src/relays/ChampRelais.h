@@ -7,10 +7,11 @@
 #include "core/Champ.h"
 #include "core/Etude.h"
 
+#include <algorithm>
 #include <array>
-
 #include <cmath>
 #include <functional>
+#include <limits>
 #include <optional>
 #include <string>
 #include <string_view>
@@ -55,14 +56,19 @@ struct VariableTexte {
 };
 
 // A number put into a variable of the study's type: a Boolean is true for any non-zero value,
-// an integer takes the nearest whole value.
+// an integer takes the nearest whole value within the integer's range.
 template <class T> void AffecterNombre(T& cible, double valeur) {
-    if constexpr (std::is_same_v<T, bool>)
+    if constexpr (std::is_same_v<T, bool>) {
         cible = valeur != 0.0;
-    else if constexpr (std::is_integral_v<T>)
-        cible = static_cast<T>(std::round(valeur));
-    else
+    } else if constexpr (std::is_integral_v<T>) {
+        const double entier = std::round(valeur);
+        if (!(entier == entier)) return; // not a number: the variable stays
+        cible =
+            static_cast<T>(std::clamp(entier, static_cast<double>(std::numeric_limits<T>::min()),
+                                      static_cast<double>(std::numeric_limits<T>::max())));
+    } else {
         cible = static_cast<T>(valeur);
+    }
 }
 
 // A shared variable of the study: Lien(&Etude::X1_BT).
@@ -139,7 +145,7 @@ struct DescriptionChamp {
     // A value that is a text, not a number; the field shows it as it stands.
     VariableTexte Texte{};
     RapportJumeau Rapport = RapportJumeau::Kz; // how the twin is worked out
-    std::string Aide{}; // the hint shown where the pointer rests
+    std::string Aide{};                        // the hint shown where the pointer rests
 };
 
 // The table of a relay's fields, made once for the program (a relay keeps it in a static) and

@@ -7,8 +7,8 @@
 #include "core/Registre.h"
 
 #include <algorithm>
-#include <cmath>
 #include <cctype>
+#include <cmath>
 #include <cstring>
 
 namespace tournesol {
@@ -35,7 +35,10 @@ void InscrireTraceValidation(TraceValidation trace) {
 }
 
 CadrePlan CadrePlan::HautBas(double haut, double bas) {
-    return {haut, bas, (std::fabs(haut) + std::fabs(bas)) / 2.0};
+    // Each side capped first: the half width is the mean of the sides shown.
+    const double h = std::min(haut, PanneauProtection::DEMI_LARGEUR_MAX);
+    const double b = std::max(bas, -PanneauProtection::DEMI_LARGEUR_MAX);
+    return {h, b, (std::fabs(h) + std::fabs(b)) / 2.0};
 }
 
 const Signalisation& SignalisationCommune() {
@@ -141,7 +144,8 @@ void PanneauProtection::LireTeleaction() {
     if (ModeRetour()) {
         teleaction_->VTeleaction.Ecrire(e_, TeleactionParDefaut() ? 1.0 : 0.0);
         teleaction_->VAcceleration.Ecrire(e_, e_.Ligne_lc ? 1.0 : 0.0);
-        if (teleaction_->VVerrouillage) teleaction_->VVerrouillage.Ecrire(e_, e_.Ligne_lc ? 0.0 : 1.0);
+        if (teleaction_->VVerrouillage)
+            teleaction_->VVerrouillage.Ecrire(e_, e_.Ligne_lc ? 0.0 : 1.0);
     }
     AfficherTeleaction();
 }
@@ -204,7 +208,6 @@ void PanneauProtection::RecalculDepuis(const std::string& etape) {
     if (it == etapes_.end()) LeverErreur(ERR_INDICE);
     RecalculOnglet(static_cast<int>(it - etapes_.begin()));
 }
-
 
 void PanneauProtection::ValiderBouton() {
     Commande([this] { RecalculOnglet(OngletCourant()); });

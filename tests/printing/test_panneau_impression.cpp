@@ -39,8 +39,10 @@ TEST(PanneauImpression, LaFeuilleDeReglagesSelonLeRelais) {
             << id;
     }
     e.id_protection = 5;
-    EXPECT_FALSE(PanneauImpression(e, false).Trouver("chkpart(2)")->Actif);
-    EXPECT_TRUE(PanneauImpression(e, true).Trouver("chkpart(2)")->Actif);
+    e.PXLC.FeuilleReglages = false;
+    EXPECT_FALSE(PanneauImpression(e).Trouver("chkpart(2)")->Actif);
+    e.PXLC.FeuilleReglages = true;
+    EXPECT_TRUE(PanneauImpression(e).Trouver("chkpart(2)")->Actif);
     e.Superposition = true; // two relays superposed: the box is left as it is
     e.id_protection = 3;
     EXPECT_TRUE(PanneauImpression(e).Trouver("chkpart(2)")->Actif);

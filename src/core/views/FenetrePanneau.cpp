@@ -78,6 +78,7 @@ QWidget* FenetrePanneau::CreerWidget(Panneau& modele, const Champ& c, QWidget* p
     }
     }
     w->setObjectName(Q(c.Nom));
+    if (!c.Aide.empty()) w->setToolTip(Q(c.Aide.Texte()));
     return w;
 }
 
