@@ -140,23 +140,9 @@ int main(int argc, char** argv) {
     BaseEtudesSql base(etude.Rep_appli);
     Application application(etude, dialogue, &base, FichierReglages(etude));
     if (args.isEmpty()) AmorcerBase(base);
-    if (!args.isEmpty()) {
-        // A study file: opened at once in the working window.
-        QFile fichier(args.first());
-        if (!fichier.open(QIODevice::ReadOnly)) {
-            dialogue.Message("TOURNESOL : Attention", "Cannot read " + args.first().toStdString(),
-                             3);
-            return 1;
-        }
-        try {
-            PreparerOuverture(etude);
-            LireEtude(fichier.readAll().toStdString(), etude);
-        } catch (const ErreurFichierEtude& err) {
-            dialogue.Message("TOURNESOL : Attention", err.what(), 3);
-            return 1;
-        }
-        application.OuvrirAuDemarrage();
-    }
+    // A study file: opened at once in the working window; a refused one leaves the opening
+    // dialog to come up after its message.
+    if (!args.isEmpty()) application.OuvrirFichier(args.first().toStdString());
     if (!capture.image.isEmpty()) Capturer(capture, chrono);
     application.Main();
     return 0;
