@@ -24,6 +24,8 @@
 #include <QRadioButton>
 #include <QTest>
 #include <QTimer>
+#include <filesystem>
+#include <fstream>
 #include <gtest/gtest.h>
 
 using namespace tournesol;
@@ -150,4 +152,40 @@ TEST(Boucle, ChaqueChampASonWidget) {
     vueChoix.ConstruireGenerique();
     EXPECT_TRUE(vueChoix.Liaison()->ChampsSansWidget().isEmpty());
     EXPECT_TRUE(vueChoix.Liaison()->WidgetsSansChamp().isEmpty());
+}
+
+// A study file the reader refuses, named at start: the message with its cause, then the opening
+// dialog, the study state as it was.
+TEST(Boucle, FichierRefuseAuDemarrage) {
+    const std::filesystem::path fichier =
+        std::filesystem::temp_directory_path() / "tournesol-boucle-profond.json";
+    std::ofstream(fichier) << "{\"Ligne_Up\": 90, \"a\": " << std::string(100000, '[')
+                           << std::string(100000, ']') << "}";
+    Etude e;
+    RemplirLigne225(e);
+    DialogueQt d;
+    InscrireVues(d, e);
+    Application app(e, d, nullptr, std::nullopt);
+    QStringList vues;
+    QString message;
+    auto agir = [&](QWidget* w) {
+        vues << w->objectName();
+        if (w->objectName() == "frmMessage") {
+            message = w->findChild<QLabel*>("lblMessage")->text();
+            QTest::keyClick(w, Qt::Key_Return);
+        } else if (w->objectName() == "frmtitre") {
+            QTest::mouseClick(w->findChild<QPushButton*>("cmdQuitter"), Qt::LeftButton);
+        } else {
+            ADD_FAILURE() << w->objectName().toStdString();
+        }
+    };
+    {
+        Pilote pilote(agir);
+        EXPECT_FALSE(app.OuvrirFichier(fichier));
+        app.Main();
+    }
+    EXPECT_EQ(vues, (QStringList{"frmMessage", "frmtitre"}));
+    EXPECT_TRUE(message.contains("at line 1, column 38: nesting deeper than 16 levels")) << message.toStdString();
+    EXPECT_EQ(e.Ligne_Up, 225);
+    std::filesystem::remove(fichier);
 }
