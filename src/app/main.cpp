@@ -124,9 +124,12 @@ int main(int argc, char** argv) {
     InscrireFenetreRelais(dialogue);
     InscrireVuesReseau();
 
-    // The path file in the user's configuration folder; without it both folders stay empty.
-    const QString config = QStandardPaths::writableLocation(QStandardPaths::AppConfigLocation);
-    LireFichierChemins(etude, dialogue, (config + "/TOURNESO.INI").toStdString());
+    // The path file in the user's configuration folder (~/.config/Tournesol), the master base
+    // in the user's data folder (~/.local/share/Tournesol) unless the path file names others.
+    PreparerConfiguration(
+        etude, dialogue,
+        {QStandardPaths::writableLocation(QStandardPaths::AppConfigLocation).toStdString(),
+         QStandardPaths::writableLocation(QStandardPaths::AppDataLocation).toStdString()});
 
     QStringList args = QApplication::arguments();
     args.removeFirst();
