@@ -7,9 +7,9 @@
 #include <cctype>
 #include <cerrno>
 #include <cstdio>
-#include <system_error>
 #include <fstream>
 #include <sstream>
+#include <system_error>
 #include <vector>
 
 namespace tournesol {
@@ -289,8 +289,8 @@ void PreparerConfiguration(Etude& e, Dialogue& d, const DossiersUtilisateur& dos
         d.Message("TOURNESOL : Attention", texte, 3);
     };
     auto defauts = [&] {
-        return "\r\n\r\nTournesol goes on with the study base " + appli + "bd1.mdb and the settings " +
-               loc + "TOUR.INI.";
+        return "\r\n\r\nTournesol goes on with the study base " + appli +
+               "bd1.mdb and the settings " + loc + "TOUR.INI.";
     };
     // Whatever the path file leaves unsaid is taken from the user's folders.
     e.Rep_appli = appli;

@@ -160,8 +160,8 @@ TEST(LigneDeCommande, RapportPdf) {
 // Files beyond the reader's bounds are refused by every verb that reads a study, with exit 2
 // and the place named: a number beyond a double, nesting past the bound, a file too large.
 TEST(LigneDeCommande, BornesDuFichierEtude) {
-    const std::string profond = "{\"a\": " + std::string(200000, '[') +
-                                std::string(200000, ']') + ", \"b\": 1}";
+    const std::string profond =
+        "{\"a\": " + std::string(200000, '[') + std::string(200000, ']') + ", \"b\": 1}";
     const struct {
         fs::path fichier;
         std::string message;
@@ -190,7 +190,8 @@ TEST(LigneDeCommande, BornesDuFichierEtude) {
         }
     }
     // A number too small for a double is 0, as the library reads it.
-    const Resultat petit = Lancer("calc " + Ecrire("petit.json", "{\"Ligne_XLA\": 1e-999}").string());
+    const Resultat petit =
+        Lancer("calc " + Ecrire("petit.json", "{\"Ligne_XLA\": 1e-999}").string());
     EXPECT_EQ(petit.code, 0) << petit.erreurs;
     fs::remove_all(base);
 }

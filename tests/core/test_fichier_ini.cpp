@@ -141,7 +141,9 @@ TEST_F(Dossier, ConfigurationIllisible) {
         PreparerConfiguration(e, d, {fichierPasDossier / "Tournesol", dossier / "share"});
         ASSERT_EQ(d.Messages().size(), 1u);
         const std::string& m = d.Messages()[0].sMessage;
-        EXPECT_NE(m.find((fichierPasDossier / "Tournesol" / "TOURNESO.INI").string()), std::string::npos) << m;
+        EXPECT_NE(m.find((fichierPasDossier / "Tournesol" / "TOURNESO.INI").string()),
+                  std::string::npos)
+            << m;
         EXPECT_NE(m.find("(Not a directory)"), std::string::npos) << m;
         EXPECT_EQ(e.Rep_appli, (dossier / "share").string() + "/");
         EXPECT_EQ(Contenu(fichierPasDossier), "x");
@@ -159,8 +161,8 @@ TEST_F(Dossier, ConfigurationIllisible) {
         EXPECT_EQ(e.Rep_loc, config.string() + "/");
     }
     fs::remove(config / "TOURNESO.INI");
-    std::ofstream(config / "TOURNESO.INI") << "[Tournesol]\nRep_appli=" << dossier.string()
-                                            << "\nRep_loc=" << config.string() << "\n";
+    std::ofstream(config / "TOURNESO.INI")
+        << "[Tournesol]\nRep_appli=" << dossier.string() << "\nRep_loc=" << config.string() << "\n";
     fs::create_directories(config / "TOUR.INI");
     {
         Etude e;

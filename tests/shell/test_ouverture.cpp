@@ -174,9 +174,8 @@ TEST(Ouverture, EchecALOuvertureDitUneFois) {
         EXPECT_EQ(d.Messages().size(), 1u);
     }
     {
-        InscrirePanneauRelais(3, [](Etude&, Dialogue&) -> std::unique_ptr<Panneau> {
-            LeverErreur(ERR_DIVISION);
-        });
+        InscrirePanneauRelais(
+            3, [](Etude&, Dialogue&) -> std::unique_ptr<Panneau> { LeverErreur(ERR_DIVISION); });
         Etude e = Etude225();
         OptionsReport options;
         DialogueScripte d;

@@ -185,7 +185,8 @@ TEST(Boucle, FichierRefuseAuDemarrage) {
         app.Main();
     }
     EXPECT_EQ(vues, (QStringList{"frmMessage", "frmtitre"}));
-    EXPECT_TRUE(message.contains("at line 1, column 38: nesting deeper than 16 levels")) << message.toStdString();
+    EXPECT_TRUE(message.contains("at line 1, column 38: nesting deeper than 16 levels"))
+        << message.toStdString();
     EXPECT_EQ(e.Ligne_Up, 225);
     std::filesystem::remove(fichier);
 }
