@@ -56,9 +56,9 @@ void InitEtude(Etude& e, Dialogue& d, OptionsReport& options) {
     // it instead of computing it anew.
     e.CRtCalcule = e.Ligne_CRt != 0.0;
     e.CRmCalcule = e.Ligne_CRm != 0.0;
+    // What the file or an earlier study left in ErrCalcul is no failure of this opening.
+    e.ErrCalcul = 0;
     if (!e.NouvelleLigne) {
-        // What the file or an earlier study left in ErrCalcul is no failure of this opening.
-        e.ErrCalcul = 0;
         e.ReportsCalcules = false;
         e.ShowValeurs = false;
         const Entier16 ancien = e.TypeReportCharge;

@@ -189,6 +189,7 @@ TEST(Ouverture, EchecALOuvertureDitUneFois) {
     {
         // The load point of a customer link beyond the range of a double.
         Etude e = Etude225();
+        e.ErrCalcul = ERR_SIGNALEE; // left by an earlier study
         e.NouvelleLigne = true;
         e.Ligne_alim = 3;
         e.Ligne_itclient = 1.0;
