@@ -10,7 +10,6 @@
 #include <limits>
 #include <map>
 #include <nlohmann/json.hpp>
-#include <sstream>
 
 namespace tournesol {
 
