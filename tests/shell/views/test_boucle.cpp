@@ -190,3 +190,47 @@ TEST(Boucle, FichierRefuseAuDemarrage) {
     EXPECT_EQ(e.Ligne_Up, 225);
     std::filesystem::remove(fichier);
 }
+
+// A study whose line cannot be computed (both voltages at 0), opened at start: the fixed message
+// once, then the working window in the panel state, without a second message.
+TEST(Boucle, EchecALOuvertureUneFois) {
+    std::ifstream exemple(std::string(TOURNESOL_EXEMPLES) + "/champagnier-grande-ile-225kV.json");
+    std::string texte((std::istreambuf_iterator<char>(exemple)), {});
+    for (const std::string cle : {"\"Ligne_Up\": ", "\"Ligne_UnA\": "}) {
+        const auto debut = texte.find(cle) + cle.size();
+        texte.replace(debut, texte.find_first_of(",\n}", debut) - debut, "0");
+    }
+    const std::filesystem::path fichier =
+        std::filesystem::temp_directory_path() / "tournesol-boucle-tensions-nulles.json";
+    std::ofstream(fichier) << texte;
+    Etude e;
+    DialogueQt d;
+    InscrireVues(d, e);
+    Application app(e, d, nullptr, std::nullopt);
+    QStringList messages;
+    bool panneauRelais = false;
+    auto agir = [&](QWidget* w) {
+        const QString nom = w->objectName();
+        if (nom == "frmMessage") {
+            messages << w->findChild<QLabel*>("lblMessage")->text();
+            QTest::keyClick(w, Qt::Key_Return);
+        } else if (nom == "frmDémarre") {
+            panneauRelais = w->findChild<QAbstractButton*>("chkréglertout")->isChecked();
+            w->findChild<QAction*>("mnuQuitter")->trigger();
+        } else if (auto* confirmer = w->findChild<QPushButton*>("Command2")) {
+            QTest::mouseClick(confirmer, Qt::LeftButton);
+        } else {
+            ADD_FAILURE() << nom.toStdString();
+        }
+    };
+    {
+        Pilote pilote(agir);
+        ASSERT_TRUE(app.OuvrirFichier(fichier));
+        app.Main();
+    }
+    ASSERT_EQ(messages.size(), 1) << messages.join(" | ").toStdString();
+    EXPECT_TRUE(messages[0].startsWith("The reckon is impossible with the entered data."));
+    EXPECT_TRUE(panneauRelais);
+    EXPECT_EQ(e.ErrCalcul, -1);
+    std::filesystem::remove(fichier);
+}
