@@ -124,10 +124,6 @@ int main(int argc, char** argv) {
     InscrireFenetreRelais(dialogue);
     InscrireVuesReseau();
 
-    // The path file in the user's configuration folder; without it both folders stay empty.
-    const QString config = QStandardPaths::writableLocation(QStandardPaths::AppConfigLocation);
-    LireFichierChemins(etude, dialogue, (config + "/TOURNESO.INI").toStdString());
-
     QStringList args = QApplication::arguments();
     args.removeFirst();
     Capture capture;
@@ -136,28 +132,23 @@ int main(int argc, char** argv) {
         capture.image = args.at(1);
         args = args.mid(2);
     }
+    // The messages of the start are confirmed too in a capture.
+    if (!capture.image.isEmpty()) Capturer(capture, chrono);
+
+    // The path file in the user's configuration folder (~/.config/Tournesol), the master base
+    // in the user's data folder (~/.local/share/Tournesol) unless the path file names others.
+    PreparerConfiguration(
+        etude, dialogue,
+        {QStandardPaths::writableLocation(QStandardPaths::AppConfigLocation).toStdString(),
+         QStandardPaths::writableLocation(QStandardPaths::AppDataLocation).toStdString()});
+
     // The study base: bd1.mdb in the folder of the master base, made on first use.
     BaseEtudesSql base(etude.Rep_appli);
     Application application(etude, dialogue, &base, FichierReglages(etude));
     if (args.isEmpty()) AmorcerBase(base);
-    if (!args.isEmpty()) {
-        // A study file: opened at once in the working window.
-        QFile fichier(args.first());
-        if (!fichier.open(QIODevice::ReadOnly)) {
-            dialogue.Message("TOURNESOL : Attention", "Cannot read " + args.first().toStdString(),
-                             3);
-            return 1;
-        }
-        try {
-            PreparerOuverture(etude);
-            LireEtude(fichier.readAll().toStdString(), etude);
-        } catch (const ErreurFichierEtude& err) {
-            dialogue.Message("TOURNESOL : Attention", err.what(), 3);
-            return 1;
-        }
-        application.OuvrirAuDemarrage();
-    }
-    if (!capture.image.isEmpty()) Capturer(capture, chrono);
+    // A study file: opened at once in the working window; a refused one leaves the opening
+    // dialog to come up after its message.
+    if (!args.isEmpty()) application.OuvrirFichier(args.first().toStdString());
     application.Main();
     return 0;
 }

@@ -127,10 +127,16 @@ void MontrerErreurCalcul(Etude& e, Dialogue& d) {
     AfficherMessage(e, d);
 }
 
-void SignalerErreurCalcul(Etude& e, Dialogue& d) {
-    if (!e.ShowValeurs) return;
+void SignalerEchec(Etude& e, Dialogue& d) {
+    if (e.ErrCalcul == 0 || e.ErrCalcul == ERR_SIGNALEE) return;
     MontrerErreurCalcul(e, d);
-    if (e.ErrCalcul != ERR_SIGNALEE) e.ErrCalcul = ERR_SIGNALEE;
+    e.ErrCalcul = ERR_SIGNALEE;
+}
+
+void SignalerErreurCalcul(Etude& e, Dialogue& d) {
+    if (!e.ShowValeurs || e.ErrCalcul == ERR_SIGNALEE) return;
+    MontrerErreurCalcul(e, d);
+    e.ErrCalcul = ERR_SIGNALEE;
 }
 
 } // namespace tournesol

@@ -62,8 +62,13 @@ void ContinuerSurErreur(const std::function<void()>& instruction);
 std::string MessageErreurCalcul(int numero);
 // Shows that message for ErrCalcul.
 void MontrerErreurCalcul(Etude& e, Dialogue& d);
+// Tells the user of a failure not yet reported (ErrCalcul neither 0 nor -1), whatever
+// ShowValeurs says; ErrCalcul then becomes -1. The computations that the user starts without a
+// panel of their own to show (the opening, the relay's panel run unseen, the transit area)
+// report this way, so that no failure passes unseen and none is shown twice.
+void SignalerEchec(Etude& e, Dialogue& d);
 // Tells the user that the computation failed, by ErrCalcul, when ShowValeurs is set; the
-// error then becomes -1, so that a second report no longer shows its number.
+// error then becomes -1, and a second report shows nothing.
 void SignalerErreurCalcul(Etude& e, Dialogue& d);
 
 } // namespace tournesol

@@ -2,6 +2,7 @@
 
 #include "core/Etude.h"
 
+#include <cctype>
 #include <charconv>
 #include <cmath>
 #include <fstream>
@@ -9,7 +10,6 @@
 #include <limits>
 #include <map>
 #include <nlohmann/json.hpp>
-#include <sstream>
 
 namespace tournesol {
 
@@ -195,6 +195,99 @@ std::map<std::string, Lecteur> Lecteurs(Etude& e, int id) {
     return lecteurs;
 }
 
+// Where a character of the text stands, as an editor shows it: line and column from 1.
+struct Position {
+    std::size_t ligne = 1;
+    std::size_t colonne = 1;
+};
+
+std::string Texte(const Position& p) {
+    return "line " + std::to_string(p.ligne) + ", column " + std::to_string(p.colonne);
+}
+
+// A number too large in magnitude for a double; one too small is read as 0, as the library does.
+bool AuDelaDUnDouble(const std::string& nombre) {
+    double v = 0.0;
+    const char* fin = nombre.data() + nombre.size();
+    if (std::from_chars(nombre.data(), fin, v).ec != std::errc::result_out_of_range) return false;
+    // Out of range either way: the decimal order of the first significant digit tells which.
+    std::size_t i = nombre[0] == '-' ? 1 : 0;
+    long long ordre = 0;
+    bool significatif = false, fraction = false;
+    for (; i < nombre.size() && nombre[i] != 'e' && nombre[i] != 'E'; ++i) {
+        if (nombre[i] == '.') {
+            fraction = true;
+        } else if (significatif) {
+            if (!fraction) ++ordre;
+        } else if (nombre[i] != '0') {
+            significatif = true;
+        } else if (fraction) {
+            --ordre;
+        }
+    }
+    long long exposant = 0;
+    if (i + 1 < nombre.size()) {
+        const char* debut = nombre.data() + i + 1 + (nombre[i + 1] == '+' ? 1 : 0);
+        if (std::from_chars(debut, fin, exposant).ec == std::errc::result_out_of_range)
+            exposant = nombre[i + 1] == '-' ? -1'000'000 : 1'000'000;
+    }
+    return ordre + exposant > 0;
+}
+
+// The bounds that the JSON library does not hold by itself: a number must fit in a double, and
+// the nesting stays shallow (a study file holds arrays of pairs in an object, a message's buttons
+// in a list of objects). Runs over the text once before the library parses it, so that the
+// refusal names the place; what is malformed otherwise is left to the library.
+void VerifierBornes(const std::string& texte) {
+    Position p;
+    int profondeur = 0;
+    bool dansTexte = false;
+    for (std::size_t i = 0; i < texte.size(); ++i) {
+        const char c = texte[i];
+        const Position ici = p;
+        if (c == '\n') {
+            ++p.ligne;
+            p.colonne = 1;
+        } else {
+            ++p.colonne;
+        }
+        if (dansTexte) {
+            if (c == '\\' && i + 1 < texte.size() && texte[i + 1] != '\n') {
+                ++i;
+                ++p.colonne;
+            } else if (c == '"') {
+                dansTexte = false;
+            }
+            continue;
+        }
+        if (c == '"') {
+            dansTexte = true;
+        } else if (c == '[' || c == '{') {
+            if (++profondeur > PROFONDEUR_ETUDE_MAX)
+                throw ErreurFichierEtude("at " + Texte(ici) + ": nesting deeper than " +
+                                         std::to_string(PROFONDEUR_ETUDE_MAX) + " levels");
+        } else if (c == ']' || c == '}') {
+            --profondeur;
+        } else if ((c == '-' || (c >= '0' && c <= '9')) &&
+                   (i == 0 || std::isalnum(static_cast<unsigned char>(texte[i - 1])) == 0)) {
+            std::size_t fin = i + 1;
+            while (fin < texte.size() &&
+                   (std::isdigit(static_cast<unsigned char>(texte[fin])) != 0 ||
+                    texte[fin] == '.' || texte[fin] == 'e' || texte[fin] == 'E' ||
+                    texte[fin] == '+' || texte[fin] == '-'))
+                ++fin;
+            const std::string nombre = texte.substr(i, fin - i);
+            if (AuDelaDUnDouble(nombre))
+                throw ErreurFichierEtude(
+                    "at " + Texte(ici) + ": the number " +
+                    (nombre.size() > 40 ? nombre.substr(0, 40) + "..." : nombre) +
+                    " is beyond the range of a double");
+            p.colonne += fin - i - 1;
+            i = fin - 1;
+        }
+    }
+}
+
 std::string PositionLisible(const nlohmann::json::parse_error& err) {
     // The library's text says where ("at line 3, column 14") and what; drop its own prefix.
     std::string texte = err.what();
@@ -206,11 +299,19 @@ std::string PositionLisible(const nlohmann::json::parse_error& err) {
 } // namespace
 
 void LireEtude(const std::string& texte, Etude& e) {
+    if (texte.size() > TAILLE_ETUDE_MAX)
+        throw ErreurFichierEtude("the file holds " + std::to_string(texte.size()) +
+                                 " bytes, more than the " + std::to_string(TAILLE_ETUDE_MAX) +
+                                 " of a study file");
+    VerifierBornes(texte);
     Json j;
     try {
         j = Json::parse(texte);
     } catch (const nlohmann::json::parse_error& err) {
         throw ErreurFichierEtude(PositionLisible(err));
+    } catch (const nlohmann::json::exception& err) {
+        // Any other refusal of the library (a number it cannot hold) is a malformed file too.
+        throw ErreurFichierEtude(std::string("malformed JSON: ") + err.what());
     }
     if (!j.is_object())
         throw ErreurFichierEtude("a study file is one JSON object, found " +
@@ -232,10 +333,15 @@ void LireEtude(const std::string& texte, Etude& e) {
 void LireFichierEtude(const std::filesystem::path& chemin, Etude& e) {
     std::ifstream fichier(chemin, std::ios::binary);
     if (!fichier) throw ErreurFichierEtude("cannot read the file " + chemin.string());
-    std::ostringstream contenu;
-    contenu << fichier.rdbuf();
+    // One byte beyond the bound is enough to refuse; a device that never ends is read no further.
+    std::string contenu(TAILLE_ETUDE_MAX + 1, '\0');
+    fichier.read(contenu.data(), static_cast<std::streamsize>(contenu.size()));
     if (fichier.bad()) throw ErreurFichierEtude("cannot read the file " + chemin.string());
-    LireEtude(contenu.str(), e);
+    contenu.resize(static_cast<std::size_t>(fichier.gcount()));
+    if (contenu.size() > TAILLE_ETUDE_MAX)
+        throw ErreurFichierEtude("the file is larger than " + std::to_string(TAILLE_ETUDE_MAX) +
+                                 " bytes, the bound of a study file");
+    LireEtude(contenu, e);
 }
 
 std::string EcrireEtude(const Etude& etude, const std::vector<MessageAffiche>& messages) {

@@ -4,6 +4,7 @@
 
 #include "core/Dialogue.h"
 
+#include <cstddef>
 #include <filesystem>
 #include <stdexcept>
 #include <string>
@@ -12,6 +13,11 @@
 namespace tournesol {
 
 struct Etude;
+
+// Bounds of a study file. The study state nests two levels (an array of pairs in the object),
+// the run's messages four; a study file is a few tens of kilobytes.
+inline constexpr int PROFONDEUR_ETUDE_MAX = 16;
+inline constexpr std::size_t TAILLE_ETUDE_MAX = 1u << 20;
 
 // A study file that cannot be taken: malformed, an unknown key, a value of the wrong type.
 // The text names the key or the position.

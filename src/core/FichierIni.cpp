@@ -5,8 +5,11 @@
 
 #include <algorithm>
 #include <cctype>
+#include <cerrno>
+#include <cstdio>
 #include <fstream>
 #include <sstream>
+#include <system_error>
 #include <vector>
 
 namespace tournesol {
@@ -26,15 +29,42 @@ std::string Rogner(const std::string& s) {
     return s.substr(debut, fin - debut + 1);
 }
 
-std::vector<std::string> Lignes(const std::filesystem::path& fichier) {
+// The lines of a file, or why it cannot be read. A file that does not exist has no lines and
+// no cause.
+struct Lecture {
     std::vector<std::string> lignes;
-    std::ifstream f(fichier, std::ios::binary);
-    std::string ligne;
-    while (std::getline(f, ligne)) {
-        if (!ligne.empty() && ligne.back() == '\r') ligne.pop_back();
-        lignes.push_back(ligne);
+    std::string cause;
+};
+
+Lecture LireLignes(const std::filesystem::path& fichier) {
+    Lecture l;
+    std::error_code erreur;
+    const auto etat = std::filesystem::status(fichier, erreur);
+    if (etat.type() == std::filesystem::file_type::not_found) return l;
+    if (erreur) {
+        l.cause = erreur.message();
+        return l;
     }
-    return lignes;
+    std::FILE* f = std::fopen(fichier.c_str(), "rb");
+    if (!f) {
+        l.cause = std::generic_category().message(errno);
+        return l;
+    }
+    std::string contenu;
+    char tampon[4096];
+    std::size_t n = 0;
+    while ((n = std::fread(tampon, 1, sizeof tampon, f)) > 0)
+        contenu.append(tampon, n);
+    if (std::ferror(f)) l.cause = std::generic_category().message(errno);
+    std::fclose(f);
+    if (!l.cause.empty()) return l;
+    std::istringstream texte(contenu);
+    std::string ligne;
+    while (std::getline(texte, ligne)) {
+        if (!ligne.empty() && ligne.back() == '\r') ligne.pop_back();
+        l.lignes.push_back(ligne);
+    }
+    return l;
 }
 
 bool EstSection(const std::string& ligne, std::string* nom = nullptr) {
@@ -54,13 +84,17 @@ std::string CleDe(const std::string& ligne) {
 bool Remplacer(const std::filesystem::path& fichier, const std::vector<std::string>& lignes) {
     std::filesystem::path temporaire = fichier;
     temporaire += ".~tmp";
+    std::error_code erreur;
     {
         std::ofstream f(temporaire, std::ios::binary | std::ios::trunc);
         for (const std::string& l : lignes)
             f << l << "\r\n";
-        if (!f.flush()) return false;
+        f.close();
+        if (!f) {
+            std::filesystem::remove(temporaire, erreur);
+            return false;
+        }
     }
-    std::error_code erreur;
     std::filesystem::rename(temporaire, fichier, erreur);
     if (erreur) std::filesystem::remove(temporaire, erreur);
     return !erreur;
@@ -125,7 +159,11 @@ std::string AvecSeparateur(std::string chemin) {
 
 bool EcrireProfil(const std::filesystem::path& fichier, const std::string& section,
                   const std::string& cle, const std::string& valeur) {
-    std::vector<std::string> lignes = Lignes(fichier);
+    // A file that exists but cannot be read is left alone: rewritten from nothing, it would
+    // lose every section but this one.
+    Lecture lecture = LireLignes(fichier);
+    if (!lecture.cause.empty()) return false;
+    std::vector<std::string>& lignes = lecture.lignes;
     const std::string ligneCle = cle + "=" + valeur;
     std::size_t fin = lignes.size(); // where the section ends
     bool dansSection = false, trouvee = false;
@@ -161,7 +199,7 @@ bool EcrireProfil(const std::filesystem::path& fichier, const std::string& secti
 std::optional<std::string> LireProfil(const std::filesystem::path& fichier,
                                       const std::string& section, const std::string& cle) {
     bool dansSection = false;
-    for (const std::string& ligne : Lignes(fichier)) {
+    for (const std::string& ligne : LireLignes(fichier).lignes) {
         std::string nom;
         if (EstSection(ligne, &nom)) {
             dansSection = Minuscules(nom) == Minuscules(section);
@@ -215,16 +253,25 @@ bool SauverColonnesPostes(const Etude& e, const std::filesystem::path& f) {
     return ok;
 }
 
+std::string CauseIllisible(const std::filesystem::path& fichier) {
+    return LireLignes(fichier).cause;
+}
+
 bool LireFichierChemins(Etude& e, Dialogue& d, const std::filesystem::path& fichier) {
-    if (!std::filesystem::exists(fichier)) return true;
+    std::error_code erreur;
+    if (!std::filesystem::exists(fichier, erreur)) return true;
     const auto appli = LireProfil(fichier, "Tournesol", "Rep_appli");
     const auto loc = LireProfil(fichier, "Tournesol", "Rep_loc");
     if (appli) e.Rep_appli = AvecSeparateur(*appli);
     if (loc) e.Rep_loc = AvecSeparateur(*loc);
     if (appli && loc) return true;
     const std::string nom = fichier.filename().string();
+    // The folder where the file is looked for on this machine.
+    std::string dossier = fichier.parent_path().string();
+    if (dossier.empty()) dossier = ".";
     std::ostringstream texte;
-    texte << "Please create under C:\\WINDOWS the file " << nom << " with the path names\r\n\r\n"
+    texte << "Please create under " << dossier << " the file " << nom
+          << " with the path names\r\n\r\n"
           << "Structure of " << nom << " :\r\n"
           << "[Tournesol]\r\n"
           << "Rep_appli = <lecteur> :<common data base path>" << (appli ? "" : " (error Rep_appli)")
@@ -232,6 +279,54 @@ bool LireFichierChemins(Etude& e, Dialogue& d, const std::filesystem::path& fich
           << "Rep_loc = <lecteur> : <private data base path>" << (loc ? "" : " (error Rep_loc)");
     d.Message("Tournesol : error", texte.str(), 2);
     return false;
+}
+
+void PreparerConfiguration(Etude& e, Dialogue& d, const DossiersUtilisateur& dossiers) {
+    const std::string appli = AvecSeparateur(dossiers.donnees.string());
+    const std::string loc = AvecSeparateur(dossiers.configuration.string());
+    const std::filesystem::path chemins = dossiers.configuration / FICHIER_CHEMINS;
+    auto attention = [&d](const std::string& texte) {
+        d.Message("TOURNESOL : Attention", texte, 3);
+    };
+    auto defauts = [&] {
+        return "\r\n\r\nTournesol goes on with the study base " + appli +
+               "bd1.mdb and the settings " + loc + "TOUR.INI.";
+    };
+    // Whatever the path file leaves unsaid is taken from the user's folders.
+    e.Rep_appli = appli;
+    e.Rep_loc = loc;
+    std::error_code erreur;
+    const auto etat = std::filesystem::status(chemins, erreur);
+    if (etat.type() == std::filesystem::file_type::not_found) {
+        // The first start: the folders, then the path file that names them.
+        std::filesystem::create_directories(dossiers.configuration, erreur);
+        if (!erreur) std::filesystem::create_directories(dossiers.donnees, erreur);
+        if (erreur) {
+            attention("The folder of the file " + chemins.string() + " cannot be made (" +
+                      erreur.message() + ")." + defauts());
+            return;
+        }
+        if (!EcrireProfil(chemins, "Tournesol", "Rep_appli", appli) ||
+            !EcrireProfil(chemins, "Tournesol", "Rep_loc", loc)) {
+            attention("The file " + chemins.string() + " cannot be written." + defauts());
+            return;
+        }
+        attention("First start of Tournesol: the study base is " + appli +
+                  "bd1.mdb and the settings are kept in " + loc + "TOUR.INI.\r\n\r\nThe file " +
+                  chemins.string() + " names these folders.");
+        return;
+    }
+    const std::string cause = erreur ? erreur.message() : CauseIllisible(chemins);
+    if (!cause.empty()) {
+        attention("The file " + chemins.string() + " cannot be read (" + cause + ")." + defauts());
+        return;
+    }
+    LireFichierChemins(e, d, chemins);
+    const std::filesystem::path reglages = FichierReglages(e);
+    if (const std::string c = CauseIllisible(reglages); !c.empty())
+        attention("The file " + reglages.string() + " cannot be read (" + c +
+                  "). The colours, print choices and pen start from their defaults, and the "
+                  "file is not written over.");
 }
 
 } // namespace tournesol

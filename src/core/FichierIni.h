@@ -30,9 +30,29 @@ void LireReglagesUtilisateur(Etude& e, const std::filesystem::path& fichier);
 // The "Postes" section: the last saved line and relay.
 bool SauverColonnesPostes(const Etude& e, const std::filesystem::path& fichier);
 
+// Why a settings file cannot be read; empty when it can, or when it does not exist.
+std::string CauseIllisible(const std::filesystem::path& fichier);
+
 // The path file: Rep_appli and Rep_loc, each made ready for plain concatenation (a trailing
 // separator). A missing file leaves both as they are; a file without one of the keys is
 // reported with the file's help texts, and false is returned.
 bool LireFichierChemins(Etude& e, Dialogue& d, const std::filesystem::path& fichier);
+
+inline constexpr const char* FICHIER_CHEMINS = "TOURNESO.INI";
+
+// The user's folders on this machine: the configuration (the path file and TOUR.INI) and the
+// data (the master base).
+struct DossiersUtilisateur {
+    std::filesystem::path configuration;
+    std::filesystem::path donnees;
+};
+
+// Settles Rep_appli and Rep_loc at start. Both start as the user's folders; the path file of
+// the configuration folder then says otherwise where it names a folder. Without a path file
+// (the first start) the folders are made, the path file is written naming them, and the user
+// is told once where the base is. A folder or file that cannot be read or made is told with the
+// file and the cause, and the run goes on with the user's folders; a settings file that cannot
+// be read is told too, and never written over.
+void PreparerConfiguration(Etude& e, Dialogue& d, const DossiersUtilisateur& dossiers);
 
 } // namespace tournesol

@@ -2,6 +2,7 @@
 
 #include "core/Dialogue.h"
 #include "core/Etude.h"
+#include "core/FichierEtude.h"
 #include "core/Registre.h"
 #include "relays/Relais.h"
 #include "shell/PanneauDemarre.h"
@@ -24,6 +25,20 @@ void RemplirRegistre(Etude& e, Dialogue& d) {
 Application::Application(Etude& e, Dialogue& d, BaseEtudes* base,
                          std::optional<std::filesystem::path> reglages)
     : e_(e), d_(d), base_(base), reglages_(std::move(reglages)) {}
+
+bool Application::OuvrirFichier(const std::filesystem::path& chemin) {
+    Etude lue = e_;
+    PreparerOuverture(lue);
+    try {
+        LireFichierEtude(chemin, lue);
+    } catch (const ErreurFichierEtude& err) {
+        d_.Message("TOURNESOL : Attention", chemin.string() + " : " + err.what(), 3);
+        return false;
+    }
+    e_ = std::move(lue);
+    OuvrirAuDemarrage();
+    return true;
+}
 
 void Application::Main() {
     e_.QuitterAppli = false;

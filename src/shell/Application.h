@@ -23,6 +23,10 @@ public:
     void Main();
     // The first pass opens the study already in memory, without the opening dialog.
     void OuvrirAuDemarrage() { directe_ = true; }
+    // A study file named at start: read over the study state and opened by the first pass. A
+    // refused file is told with its cause and the loop starts at the opening dialog; the study
+    // state is then as it was.
+    bool OuvrirFichier(const std::filesystem::path& chemin);
 
 private:
     Etude& e_;

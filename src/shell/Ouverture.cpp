@@ -56,11 +56,13 @@ void InitEtude(Etude& e, Dialogue& d, OptionsReport& options) {
     // it instead of computing it anew.
     e.CRtCalcule = e.Ligne_CRt != 0.0;
     e.CRmCalcule = e.Ligne_CRm != 0.0;
+    // What the file or an earlier study left in ErrCalcul is no failure of this opening.
+    e.ErrCalcul = 0;
     if (!e.NouvelleLigne) {
         e.ReportsCalcules = false;
         e.ShowValeurs = false;
         const Entier16 ancien = e.TypeReportCharge;
-        for (int cas = 0; cas < 3; ++cas) {
+        for (int cas = 0; cas < 3 && e.ErrCalcul == 0; ++cas) {
             e.TypeReportCharge = static_cast<Entier16>(cas);
             e.It = CourantDuCas(e, cas);
             Calcul(e, d);
@@ -68,7 +70,14 @@ void InitEtude(Etude& e, Dialogue& d, OptionsReport& options) {
         e.TypeReportCharge = ancien;
         e.ReportsCalcules = true;
         e.RelaisPret = false;
-        OuvrirPanneau(e, d, options, true);
+        if (e.ErrCalcul != 0) {
+            // A line that cannot be computed stops the opening there: told once, the relay
+            // waits for the corrected line.
+            SignalerEchec(e, d);
+            e.PanneauRelais = true;
+        } else {
+            OuvrirPanneau(e, d, options, true);
+        }
     }
     e.TypeReportCharge = static_cast<Entier16>(options.Cas());
     CalculerEtTracer(e, d, options);
@@ -76,11 +85,19 @@ void InitEtude(Etude& e, Dialogue& d, OptionsReport& options) {
     e.ProtectionInconnue = false;
 }
 
-void CalculerEtTracer(Etude& e, Dialogue& /*d*/, OptionsReport& options) {
+void CalculerEtTracer(Etude& e, Dialogue& d, OptionsReport& options) {
     AppliquerReports(e, options);
     e.TypeReportCharge = static_cast<Entier16>(options.Cas());
     e.It = CourantDuCas(e, e.TypeReportCharge);
-    TransitCalc(e);
+    // A failure already pending (the opening's) is not run on: the area waits for the user's
+    // next command.
+    if (e.ErrCalcul == 0) TransitCalc(e);
+    if (e.ErrCalcul != 0) {
+        SignalerEchec(e, d);
+        e.TransitOK1 = false;
+        e.TransitOK2 = false;
+        return;
+    }
     e.TransitOK1 = true;
     e.TransitOK2 = true;
 }
@@ -113,7 +130,8 @@ void OuvrirPanneau(Etude& e, Dialogue& d, OptionsReport& options, bool sansAffic
     }
     if (e.ErrCalcul != 0) {
         e.RelaisPret = false;
-        SignalerErreurCalcul(e, d);
+        // The relay's panel shows no failure itself, whether it was seen or not.
+        SignalerEchec(e, d);
         e.PanneauRelais = true;
     } else {
         e.RelaisPret = true;

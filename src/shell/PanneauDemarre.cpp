@@ -270,7 +270,8 @@ void PanneauDemarre::ChangerReport(int cas) {
     options_.Choisir(cas);
     CalculerEtTracer(e_, d_, options_);
     e_.PanneauRelais = true;
-    OuvrirPanneau(e_, d_, options_, e_.ChargementFenetre);
+    // A transit area that failed has been told; the relay is not run on it.
+    if (e_.ErrCalcul == 0) OuvrirPanneau(e_, d_, options_, e_.ChargementFenetre);
     if (e_.ErrCalcul == 0) e_.PanneauRelais = false;
     ReglerBoutonsRelais();
     e_.EtudeModifiee = true;

@@ -156,3 +156,71 @@ TEST(LigneDeCommande, RapportPdf) {
     const Resultat sans = Lancer("report " + exemple.string());
     EXPECT_EQ(sans.code, 2);
 }
+
+// Files beyond the reader's bounds are refused by every verb that reads a study, with exit 2
+// and the place named: a number beyond a double, nesting past the bound, a file too large.
+TEST(LigneDeCommande, BornesDuFichierEtude) {
+    const std::string profond =
+        "{\"a\": " + std::string(200000, '[') + std::string(200000, ']') + ", \"b\": 1}";
+    const struct {
+        fs::path fichier;
+        std::string message;
+    } cas[] = {
+        {Ecrire("depasse.json", "1e999"),
+         "at line 1, column 1: the number 1e999 is beyond the range of a double"},
+        {Ecrire("depasse-cle.json", "{\n  \"Ligne_Up\": 225,\n  \"Ligne_XL\": [1, -1e400, 0]}"),
+         "at line 3, column 19: the number -1e400 is beyond the range of a double"},
+        {Ecrire("chiffres.json", "{\"Ligne_Icc\": " + std::string(400, '9') + "}"),
+         "at line 1, column 15: the number 99999"},
+        {Ecrire("profond.json", profond), "at line 1, column 22: nesting deeper than 16 levels"},
+        {Ecrire("gros.json", "{\"NomPoste\": \"" + std::string(1 << 20, 'a') + "\"}"),
+         "the file is larger than 1048576 bytes"},
+    };
+    const fs::path base = fs::temp_directory_path() / "tournesol-base-bornes";
+    fs::create_directories(base);
+    for (const auto& c : cas) {
+        for (const std::string verbe : {"calc ", "svg ", "report ", "save "}) {
+            std::string arguments = verbe + c.fichier.string();
+            if (verbe == "report ") arguments += " -o " + (base / "r.pdf").string();
+            if (verbe == "save ") arguments += " --base " + base.string();
+            const Resultat r = Lancer(arguments);
+            EXPECT_EQ(r.code, 2) << arguments.substr(0, 80);
+            EXPECT_NE(r.erreurs.find(c.message), std::string::npos) << r.erreurs.substr(0, 200);
+            EXPECT_TRUE(r.sortie.empty());
+        }
+    }
+    // A number too small for a double is 0, as the library reads it.
+    const Resultat petit =
+        Lancer("calc " + Ecrire("petit.json", "{\"Ligne_XLA\": 1e-999}").string());
+    EXPECT_EQ(petit.code, 0) << petit.erreurs;
+    fs::remove_all(base);
+}
+
+// A computation that fails at opening is a result, not a usage error: exit 0, the fixed message
+// once in `messages`, and ErrCalcul set beside the values the failure left (an overflowed zone
+// reactance is written null).
+TEST(LigneDeCommande, EchecDeCalculDansLesMessages) {
+    const fs::path exemples = TOURNESOL_EXEMPLES;
+    auto etude = [&](const char* nom) {
+        std::ifstream f(exemples / nom);
+        return nlohmann::json::parse(f);
+    };
+    auto tensions = etude("champagnier-grande-ile-225kV.json");
+    tensions["Ligne_Up"] = 0;
+    tensions["Ligne_UnA"] = 0;
+    auto reactance = etude("beaurepaire-montmeyran-laroche-90kV-3bouts.json");
+    reactance["Ligne_XL"][2] = 1e308;
+    for (const auto& [nom, j] : {std::pair{"tensions-nulles.json", tensions},
+                                 std::pair{"reactance-1e308.json", reactance}}) {
+        const Resultat r = Lancer("calc " + Ecrire(nom, j.dump()).string());
+        ASSERT_EQ(r.code, 0) << nom << r.erreurs;
+        const auto sortie = nlohmann::json::parse(r.sortie);
+        EXPECT_NE(sortie["ErrCalcul"], 0) << nom;
+        EXPECT_FALSE(sortie["TransitOK1"].get<bool>()) << nom;
+        int echecs = 0;
+        for (const auto& m : sortie["messages"])
+            echecs += m["sMessage"].get<std::string>().rfind(
+                          "The reckon is impossible with the entered data.", 0) == 0;
+        EXPECT_EQ(echecs, 1) << nom << " " << sortie["messages"].dump();
+    }
+}

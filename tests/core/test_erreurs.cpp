@@ -67,9 +67,10 @@ TEST(Erreurs, SignalerErreurCalcul) {
                   std::string("The reckon is impossible with the entered data.\r\n\r\n") + a.cause);
         EXPECT_EQ(m.IconeMessage, 1);
         EXPECT_EQ(e.ErrCalcul, ERR_SIGNALEE);
-        // A second report no longer shows the number, and the error stays set.
+        // A failure is told once: a second report shows nothing, and the error stays set.
         SignalerErreurCalcul(e, d);
-        EXPECT_EQ(d.Messages().size(), 2u);
+        SignalerEchec(e, d);
+        EXPECT_EQ(d.Messages().size(), 1u);
         EXPECT_EQ(e.ErrCalcul, ERR_SIGNALEE);
     }
 
@@ -79,4 +80,14 @@ TEST(Erreurs, SignalerErreurCalcul) {
     SignalerErreurCalcul(muet, d); // ShowValeurs is false: nothing shown, nothing changed
     EXPECT_TRUE(d.Messages().empty());
     EXPECT_EQ(muet.ErrCalcul, ERR_DIVISION);
+    // A failure of a computation without a panel of its own is told whatever ShowValeurs says;
+    // no failure, nothing.
+    SignalerEchec(muet, d);
+    ASSERT_EQ(d.Messages().size(), 1u);
+    EXPECT_NE(d.Messages()[0].sMessage.find("(Division by zero)"), std::string::npos);
+    EXPECT_EQ(muet.ErrCalcul, ERR_SIGNALEE);
+    Etude sain;
+    SignalerEchec(sain, d);
+    EXPECT_EQ(d.Messages().size(), 1u);
+    EXPECT_EQ(sain.ErrCalcul, 0);
 }

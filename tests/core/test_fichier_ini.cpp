@@ -8,6 +8,7 @@
 #include <fstream>
 #include <gtest/gtest.h>
 #include <sstream>
+#include <unistd.h>
 
 using namespace tournesol;
 namespace fs = std::filesystem;
@@ -89,10 +90,104 @@ TEST_F(Dossier, FichierDesChemins) {
     ASSERT_EQ(d.Messages().size(), 1u);
     EXPECT_EQ(d.Messages()[0].sTitre, "Tournesol : error");
     const std::string& texte = d.Messages()[0].sMessage;
-    EXPECT_NE(
-        texte.find("Please create under C:\\WINDOWS the file TOURNESO.INI with the path names"),
-        std::string::npos);
+    // The folder of this machine where the file is looked for, not the original machine's.
+    EXPECT_NE(texte.find("Please create under " + dossier.string() +
+                         " the file TOURNESO.INI with the path names"),
+              std::string::npos);
     EXPECT_NE(texte.find("Rep_loc = <lecteur> : <private data base path> (error Rep_loc)"),
               std::string::npos);
     EXPECT_EQ(texte.find("(error Rep_appli)"), std::string::npos);
+}
+
+// The first start makes the folders and the path file naming them, and says where the base is.
+TEST_F(Dossier, PremierDemarrageEtRedemarrage) {
+    const DossiersUtilisateur dossiers{dossier / "config" / "Tournesol",
+                                       dossier / "share" / "Tournesol"};
+    Etude e;
+    DialogueSansFenetre d;
+    PreparerConfiguration(e, d, dossiers);
+    EXPECT_EQ(e.Rep_appli, dossiers.donnees.string() + "/");
+    EXPECT_EQ(e.Rep_loc, dossiers.configuration.string() + "/");
+    EXPECT_TRUE(fs::is_directory(dossiers.donnees));
+    ASSERT_EQ(d.Messages().size(), 1u);
+    EXPECT_NE(d.Messages()[0].sMessage.find("the study base is " + e.Rep_appli + "bd1.mdb"),
+              std::string::npos);
+    const fs::path chemins = dossiers.configuration / "TOURNESO.INI";
+    EXPECT_EQ(LireProfil(chemins, "Tournesol", "Rep_appli"), e.Rep_appli);
+    EXPECT_EQ(LireProfil(chemins, "Tournesol", "Rep_loc"), e.Rep_loc);
+
+    // A key of the user's own is read over the folder; sections unknown to the program stay.
+    Etude redemarre;
+    DialogueSansFenetre d2;
+    ASSERT_TRUE(EcrireProfil(chemins, "Tournesol", "Rep_appli", "/srv/commun"));
+    ASSERT_TRUE(EcrireProfil(chemins, "Autre", "Cle", "gardée"));
+    PreparerConfiguration(redemarre, d2, dossiers);
+    EXPECT_EQ(redemarre.Rep_appli, "/srv/commun/");
+    EXPECT_EQ(LireProfil(chemins, "Autre", "Cle"), "gardée");
+    EXPECT_TRUE(d2.Messages().empty());
+}
+
+// A configuration folder that is a file, a path file or a TOUR.INI that cannot be read: the
+// message names the file and the cause, the user's folders stand, and nothing is written over.
+TEST_F(Dossier, ConfigurationIllisible) {
+    const fs::path fichierPasDossier = dossier / "config";
+    std::ofstream(fichierPasDossier) << "x";
+    {
+        Etude e;
+        DialogueSansFenetre d;
+        PreparerConfiguration(e, d, {fichierPasDossier / "Tournesol", dossier / "share"});
+        ASSERT_EQ(d.Messages().size(), 1u);
+        const std::string& m = d.Messages()[0].sMessage;
+        EXPECT_NE(m.find((fichierPasDossier / "Tournesol" / "TOURNESO.INI").string()),
+                  std::string::npos)
+            << m;
+        EXPECT_NE(m.find("(Not a directory)"), std::string::npos) << m;
+        EXPECT_EQ(e.Rep_appli, (dossier / "share").string() + "/");
+        EXPECT_EQ(Contenu(fichierPasDossier), "x");
+    }
+    const fs::path config = dossier / "conf";
+    fs::create_directories(config / "TOURNESO.INI"); // a folder where the file should be
+    {
+        Etude e;
+        DialogueSansFenetre d;
+        PreparerConfiguration(e, d, {config, dossier / "share"});
+        ASSERT_EQ(d.Messages().size(), 1u);
+        EXPECT_NE(d.Messages()[0].sMessage.find("TOURNESO.INI cannot be read (Is a directory)"),
+                  std::string::npos)
+            << d.Messages()[0].sMessage;
+        EXPECT_EQ(e.Rep_loc, config.string() + "/");
+    }
+    fs::remove(config / "TOURNESO.INI");
+    std::ofstream(config / "TOURNESO.INI")
+        << "[Tournesol]\nRep_appli=" << dossier.string() << "\nRep_loc=" << config.string() << "\n";
+    fs::create_directories(config / "TOUR.INI");
+    {
+        Etude e;
+        InitCouleurs(e);
+        DialogueSansFenetre d;
+        PreparerConfiguration(e, d, {config, dossier / "share"});
+        ASSERT_EQ(d.Messages().size(), 1u);
+        EXPECT_NE(d.Messages()[0].sMessage.find((config / "TOUR.INI").string() +
+                                                " cannot be read (Is a directory)"),
+                  std::string::npos);
+        LireReglagesUtilisateur(e, FichierReglages(e));
+        EXPECT_EQ(e.CouleurTransit1, 0x0000FF);
+        EXPECT_FALSE(EcrireReglagesUtilisateur(e, FichierReglages(e)));
+        EXPECT_FALSE(SauverColonnesPostes(e, FichierReglages(e)));
+        EXPECT_TRUE(fs::is_directory(config / "TOUR.INI"));
+    }
+    if (::geteuid() != 0) {
+        // A file the user may not read (the administrator reads everything).
+        fs::remove(config / "TOUR.INI");
+        std::ofstream(config / "TOUR.INI") << "[Couleurs]\r\nZones=7\r\n[Mien]\r\nA=1\r\n";
+        fs::permissions(config / "TOUR.INI", fs::perms::none);
+        Etude e;
+        DialogueSansFenetre d;
+        PreparerConfiguration(e, d, {config, dossier / "share"});
+        ASSERT_EQ(d.Messages().size(), 1u);
+        EXPECT_NE(d.Messages()[0].sMessage.find("(Permission denied)"), std::string::npos);
+        EXPECT_FALSE(SauverColonnesPostes(e, FichierReglages(e)));
+        fs::permissions(config / "TOUR.INI", fs::perms::owner_all);
+        EXPECT_EQ(Contenu(config / "TOUR.INI"), "[Couleurs]\r\nZones=7\r\n[Mien]\r\nA=1\r\n");
+    }
 }

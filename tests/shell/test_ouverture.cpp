@@ -1,6 +1,7 @@
 // From Open to the first drawing, driven through the dialogue interface.
 #include "Ligne225.h"
 #include "core/Dialogue.h"
+#include "core/Erreurs.h"
 #include "core/Etude.h"
 #include "core/Panneau.h"
 #include "core/Registre.h"
@@ -145,4 +146,60 @@ TEST(Ouverture, ControleDeLaLongueur) {
     DialogueSansFenetre d;
     ControleLongueur(pasValide, d);
     EXPECT_TRUE(d.Messages().empty());
+}
+
+// A computation that fails at opening is told once, with the fixed text, whatever ShowValeurs
+// says, and the study is left in the panel state: the line that cannot be computed (both
+// voltages at 0), the relay's first computation, the transit area.
+TEST(Ouverture, EchecALOuvertureDitUneFois) {
+    const std::string texte = "The reckon is impossible with the entered data.";
+    {
+        Etude e = Etude225();
+        e.ErrCalcul = ERR_SIGNALEE; // left by the file: no failure of this opening
+        e.Ligne_Up = 0;
+        e.Ligne_UnA = 0;
+        OptionsReport options;
+        DialogueScripte d;
+        InitEtude(e, d, options);
+        ASSERT_EQ(d.Messages().size(), 1u);
+        EXPECT_EQ(d.Messages()[0].sMessage.rfind(texte, 0), 0u) << d.Messages()[0].sMessage;
+        EXPECT_EQ(d.Messages()[0].IconeMessage, 1);
+        EXPECT_EQ(e.ErrCalcul, ERR_SIGNALEE);
+        EXPECT_TRUE(e.PanneauRelais);
+        EXPECT_FALSE(e.RelaisPret);
+        EXPECT_FALSE(e.TransitOK1);
+        EXPECT_FALSE(e.TransitOK2);
+        // The working window's start draws again without telling it a second time.
+        CalculerEtTracer(e, d, options);
+        EXPECT_EQ(d.Messages().size(), 1u);
+    }
+    {
+        InscrirePanneauRelais(
+            3, [](Etude&, Dialogue&) -> std::unique_ptr<Panneau> { LeverErreur(ERR_DIVISION); });
+        Etude e = Etude225();
+        OptionsReport options;
+        DialogueScripte d;
+        InitEtude(e, d, options);
+        InscrirePanneauRelais(3, nullptr);
+        ASSERT_EQ(d.Messages().size(), 1u);
+        EXPECT_EQ(d.Messages()[0].sMessage, texte + "\r\n\r\n(Division by zero)");
+        EXPECT_TRUE(e.PanneauRelais);
+        EXPECT_FALSE(e.RelaisPret);
+    }
+    {
+        // The load point of a customer link beyond the range of a double.
+        Etude e = Etude225();
+        e.ErrCalcul = ERR_SIGNALEE; // left by an earlier study
+        e.NouvelleLigne = true;
+        e.Ligne_alim = 3;
+        e.Ligne_itclient = 1.0;
+        e.Vmin = 1e306;
+        OptionsReport options;
+        options.Choisir(2);
+        DialogueScripte d;
+        InitEtude(e, d, options);
+        ASSERT_EQ(d.Messages().size(), 1u);
+        EXPECT_EQ(d.Messages()[0].sMessage, texte + "\r\n\r\n(overflow)");
+        EXPECT_FALSE(e.TransitOK1);
+    }
 }

@@ -24,6 +24,8 @@
 #include <QRadioButton>
 #include <QTest>
 #include <QTimer>
+#include <filesystem>
+#include <fstream>
 #include <gtest/gtest.h>
 
 using namespace tournesol;
@@ -150,4 +152,85 @@ TEST(Boucle, ChaqueChampASonWidget) {
     vueChoix.ConstruireGenerique();
     EXPECT_TRUE(vueChoix.Liaison()->ChampsSansWidget().isEmpty());
     EXPECT_TRUE(vueChoix.Liaison()->WidgetsSansChamp().isEmpty());
+}
+
+// A study file the reader refuses, named at start: the message with its cause, then the opening
+// dialog, the study state as it was.
+TEST(Boucle, FichierRefuseAuDemarrage) {
+    const std::filesystem::path fichier =
+        std::filesystem::temp_directory_path() / "tournesol-boucle-profond.json";
+    std::ofstream(fichier) << "{\"Ligne_Up\": 90, \"a\": " << std::string(100000, '[')
+                           << std::string(100000, ']') << "}";
+    Etude e;
+    RemplirLigne225(e);
+    DialogueQt d;
+    InscrireVues(d, e);
+    Application app(e, d, nullptr, std::nullopt);
+    QStringList vues;
+    QString message;
+    auto agir = [&](QWidget* w) {
+        vues << w->objectName();
+        if (w->objectName() == "frmMessage") {
+            message = w->findChild<QLabel*>("lblMessage")->text();
+            QTest::keyClick(w, Qt::Key_Return);
+        } else if (w->objectName() == "frmtitre") {
+            QTest::mouseClick(w->findChild<QPushButton*>("cmdQuitter"), Qt::LeftButton);
+        } else {
+            ADD_FAILURE() << w->objectName().toStdString();
+        }
+    };
+    {
+        Pilote pilote(agir);
+        EXPECT_FALSE(app.OuvrirFichier(fichier));
+        app.Main();
+    }
+    EXPECT_EQ(vues, (QStringList{"frmMessage", "frmtitre"}));
+    EXPECT_TRUE(message.contains("at line 1, column 38: nesting deeper than 16 levels"))
+        << message.toStdString();
+    EXPECT_EQ(e.Ligne_Up, 225);
+    std::filesystem::remove(fichier);
+}
+
+// A study whose line cannot be computed (both voltages at 0), opened at start: the fixed message
+// once, then the working window in the panel state, without a second message.
+TEST(Boucle, EchecALOuvertureUneFois) {
+    std::ifstream exemple(std::string(TOURNESOL_EXEMPLES) + "/champagnier-grande-ile-225kV.json");
+    std::string texte((std::istreambuf_iterator<char>(exemple)), {});
+    for (const std::string cle : {"\"Ligne_Up\": ", "\"Ligne_UnA\": "}) {
+        const auto debut = texte.find(cle) + cle.size();
+        texte.replace(debut, texte.find_first_of(",\n}", debut) - debut, "0");
+    }
+    const std::filesystem::path fichier =
+        std::filesystem::temp_directory_path() / "tournesol-boucle-tensions-nulles.json";
+    std::ofstream(fichier) << texte;
+    Etude e;
+    DialogueQt d;
+    InscrireVues(d, e);
+    Application app(e, d, nullptr, std::nullopt);
+    QStringList messages;
+    bool panneauRelais = false;
+    auto agir = [&](QWidget* w) {
+        const QString nom = w->objectName();
+        if (nom == "frmMessage") {
+            messages << w->findChild<QLabel*>("lblMessage")->text();
+            QTest::keyClick(w, Qt::Key_Return);
+        } else if (nom == "frmDémarre") {
+            panneauRelais = w->findChild<QAbstractButton*>("chkréglertout")->isChecked();
+            w->findChild<QAction*>("mnuQuitter")->trigger();
+        } else if (auto* confirmer = w->findChild<QPushButton*>("Command2")) {
+            QTest::mouseClick(confirmer, Qt::LeftButton);
+        } else {
+            ADD_FAILURE() << nom.toStdString();
+        }
+    };
+    {
+        Pilote pilote(agir);
+        ASSERT_TRUE(app.OuvrirFichier(fichier));
+        app.Main();
+    }
+    ASSERT_EQ(messages.size(), 1) << messages.join(" | ").toStdString();
+    EXPECT_TRUE(messages[0].startsWith("The reckon is impossible with the entered data."));
+    EXPECT_TRUE(panneauRelais);
+    EXPECT_EQ(e.ErrCalcul, -1);
+    std::filesystem::remove(fichier);
 }
