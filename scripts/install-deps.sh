@@ -5,7 +5,7 @@ packages=(
   build-essential cmake ninja-build ccache pkg-config
   qt6-base-dev qt6-base-dev-tools libqt6sql6-sqlite libgl-dev
   libgtest-dev libgmock-dev libbenchmark-dev nlohmann-json3-dev
-  clang-format xvfb xauth poppler-utils
+  clang-format xvfb xauth poppler-utils fonts-liberation
 )
 missing=()
 for p in "${packages[@]}"; do

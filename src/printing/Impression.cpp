@@ -228,12 +228,14 @@ void ImprimerDessin(ContexteImpression& c, const DessinPlan& dessin) {
         dessin(plan);
     else
         DrawRelay(plan, OptionsAffichage{}); // the plane's axes first, then the load area
-    // The report case at the foot of the drawing, in the font's size.
+    // The report case at the foot of the drawing, in the font's size: the case in force, also
+    // when it was not changed since the study was opened.
+    const std::string cas = c.e.sReport.empty() ? TitreReport(c.e.TypeReportCharge) : c.e.sReport;
     const CadreImpression& cadre = c.cadres.CadreDessin;
-    const double largeur = c.page.LargeurTexte(c.e.sReport);
+    const double largeur = c.page.LargeurTexte(cas);
     c.page.Placer(cadre.Left + (cadre.Width - largeur) / 2.0,
                   cadre.Top + cadre.Height + 2.0 * c.e.Pas);
-    c.page.Ecrire(c.e.sReport);
+    c.page.Ecrire(cas);
 }
 
 void EcrireOhm(Page& page) {

@@ -4,6 +4,7 @@
 #include "core/Format.h"
 #include "diagnostics/Diagnostics.h"
 #include "printing/Impression.h"
+#include "printing/Redacteur.h"
 
 #include <array>
 
@@ -13,6 +14,7 @@ namespace {
 
 constexpr double TAILLE_TITRE_BLOC = 10.0;
 constexpr double TAILLE_CARACTERISTIQUES = 8.0;
+constexpr double TAILLE_DIAGNOSTICS = 8.0;
 constexpr double TAILLE_REGLAGES = 10.0;
 constexpr int RETRAIT = 5;
 constexpr const char* FORMAT_OHMS = "##0.0#";
@@ -236,32 +238,37 @@ void ImprimerDiagnostics(ContexteImpression& c) {
     page.CurrentY = c.cadres.CadrePied.Top + e.Pas;
     page.ChoisirTaille(TAILLE_TITRE_BLOC);
     TitreBloc(c, "Diagnostics");
+    // The sentences in 8-point type, wrapped inside the frame under the drawing; a long list goes
+    // on on a text page.
+    page.ChoisirTaille(TAILLE_DIAGNOSTICS);
+    Redacteur redacteur(c, &CadresPage::CadrePied, &CadresPage::CadreTexte, GenrePage::Texte);
+    redacteur.Depuis(page.CurrentY);
     bool imprime = false;
     const auto [premiere, derniere] = ReglesImprimees(e.id_protection);
     for (int regle = premiere; regle <= derniere; ++regle) {
         if (e.ArretImpression) return;
         const auto i = static_cast<std::size_t>(regle - 1);
         if (e.DiagDrapeaux[i]) {
-            const std::vector<std::string> lignes =
+            std::vector<std::string> lignes =
                 c.textesRegles ? c.textesRegles(regle) : std::vector<std::string>{};
-            AllerColonne(c, 0);
-            for (std::size_t n = 0; n < lignes.size(); ++n) {
-                if (n > 0) {
-                    page.ALaLigne();
-                    AllerColonne(c, RETRAIT);
-                }
-                page.Ecrire(lignes[n]);
-            }
-            page.Ecrire(FormaterNombre(e.DiagValeurs[i], "##0.0#"));
-            EcrireOhm(page);
-            page.Ecrire(PRIMAIRE);
-            page.ALaLigne();
-            page.ALaLigne();
+            if (lignes.empty()) lignes.emplace_back();
+            // The limit of the rule, or of the rule whose limit it prints.
+            const auto texte = TexteDeRegle(regle);
+            const int source =
+                texte && texte->ValeurImprimee >= 1 && texte->ValeurImprimee <= NOMBRE_REGLES
+                    ? texte->ValeurImprimee
+                    : regle;
+            lignes.back() +=
+                FormaterNombre(ValeurRegle(e, source), "##0.0#") + " \xCE\xA9" + PRIMAIRE;
+            for (std::size_t n = 0; n < lignes.size(); ++n)
+                redacteur.Ligne(lignes[n], n == 0 ? 0 : RETRAIT);
+            redacteur.LigneVide();
             imprime = true;
         }
         AvancerProgression(e, c.etat, 1);
     }
-    if (!imprime) Ligne(c, 0, {"No discordance with the setting guide."});
+    if (!imprime) redacteur.Ligne("No discordance with the setting guide.");
+    page.CurrentY = redacteur.Y();
 }
 
 void ImprimerTeteReglages(ContexteImpression& c) {

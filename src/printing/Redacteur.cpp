@@ -13,7 +13,12 @@ std::string TexteSymboles(const std::string& texte) {
 }
 
 Redacteur::Redacteur(ContexteImpression& c, CadreImpression CadresPage::*cadre, GenrePage genre)
-    : c_(c), cadre_(cadre), genre_(genre), y_((c.cadres.*cadre).Top + c.e.Pas) {}
+    : Redacteur(c, cadre, cadre, genre) {}
+
+Redacteur::Redacteur(ContexteImpression& c, CadreImpression CadresPage::*cadre,
+                     CadreImpression CadresPage::*suite, GenrePage genreSuite)
+    : c_(c), cadre_(cadre), suite_(suite), genre_(genreSuite), y_((c.cadres.*cadre).Top + c.e.Pas) {
+}
 
 const CadreImpression& Redacteur::Cadre() const {
     return c_.cadres.*cadre_;
@@ -25,6 +30,7 @@ void Redacteur::Place(int lignes) {
     if (y_ + lignes * hauteur <= k.Top + k.Height - c_.e.Pas) return;
     CommencerPage(c_, genre_);
     ++pages_;
+    cadre_ = suite_;
     y_ = Cadre().Top + c_.e.Pas;
 }
 

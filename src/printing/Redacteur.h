@@ -18,8 +18,13 @@ std::string TexteSymboles(const std::string& texte);
 
 class Redacteur {
 public:
-    // Writes into that frame of the current page; a new page has the frames and head of `genre`.
+    // Writes into that frame of the current page; a new page has the frames and head of `genre`
+    // and the text goes on in the same frame, or in `suite` on a page of `genreSuite`.
     Redacteur(ContexteImpression& c, CadreImpression CadresPage::*cadre, GenrePage genre);
+    Redacteur(ContexteImpression& c, CadreImpression CadresPage::*cadre,
+              CadreImpression CadresPage::*suite, GenrePage genreSuite);
+    // The pen at that height of the frame (under a title written there).
+    void Depuis(double y) { y_ = y; }
 
     // One line: each piece at its column (n Pas from the frame's left plus one Pas), in order.
     // A piece that runs past the frame's right edge is wrapped at a blank onto further lines at
@@ -41,6 +46,7 @@ private:
 
     ContexteImpression& c_;
     CadreImpression CadresPage::*cadre_;
+    CadreImpression CadresPage::*suite_;
     GenrePage genre_;
     double y_;
     int pages_ = 0;

@@ -2,9 +2,13 @@
 // feeding, the diagnostics section, the drawing clipped to its frame.
 #include "EtudeImprimee.h"
 #include "core/Couleurs.h"
+#include "core/FichierEtude.h"
+#include "diagnostics/Diagnostics.h"
 #include "network/Transit.h"
+#include "shell/Ouverture.h"
 
 #include <cmath>
+#include <filesystem>
 #include <gtest/gtest.h>
 
 using namespace tournesol;
@@ -202,22 +206,24 @@ TEST(PagesRapport, DiagnosticsDesReglesPosees) {
         (std::vector<std::string>{
             "Diagnostics", "The forward pick up risks to see the faults", "It might not 12.35 Ω Π",
             "The third zone is lower than 1.2 times the second zone, i.e. 12.0 Ω Π", "3.0 Ω Π"}));
-    // The second line at the indent of 5, one empty line between the rules; the ohm sign one
-    // point smaller than the text, on the same base.
+    // The sentences in 8-point type: the second line at the indent of 5, one empty line between
+    // the rules, every text inside the frame under the drawing.
     const CadresPage k = CadresA4();
-    const double ligne = 1.15 * 10 * MM_PAR_POINT;
-    const auto i = std::find_if(doc[0].begin(), doc[0].end(),
-                                [](const ElementPage& el) { return el.texte == "It might not "; });
-    ASSERT_LT(i + 3, doc[0].end());
-    EXPECT_DOUBLE_EQ(i->x1, k.CadreSuite.Left + 1.0 + 5.0);
-    EXPECT_DOUBLE_EQ(i[-1].x1, k.CadreSuite.Left + 1.0);
+    const double ligne = 1.15 * 8 * MM_PAR_POINT;
+    const auto i = std::find_if(doc[0].begin(), doc[0].end(), [](const ElementPage& el) {
+        return el.texte == "It might not 12.35 \xCE\xA9 \xCE\xA0";
+    });
+    ASSERT_NE(i, doc[0].end());
+    EXPECT_DOUBLE_EQ(i->police.Taille, 8.0);
+    EXPECT_DOUBLE_EQ(i->x1, k.CadrePied.Left + 1.0 + 5.0);
+    EXPECT_DOUBLE_EQ(i[-1].x1, k.CadrePied.Left + 1.0);
     EXPECT_NEAR(i->y1 - i[-1].y1, ligne, 1e-9);
-    EXPECT_NEAR(i[4].y1 - i->y1, 2.0 * ligne, 1e-9);
-    EXPECT_EQ(i[2].texte, " Ω");
-    EXPECT_DOUBLE_EQ(i[2].police.Taille, 9.0);
-    EXPECT_NEAR(i[2].y1 + 0.8 * 1.15 * 9 * MM_PAR_POINT, i->y1 + 0.8 * ligne, 1e-9);
-    EXPECT_EQ(i[3].texte, " Π");
+    EXPECT_NEAR(i[1].y1 - i->y1, 2.0 * ligne, 1e-9);
     EXPECT_GT(i[-1].y1, k.CadrePied.Top);
+    for (auto el = i - 1; el != doc[0].end(); ++el)
+        EXPECT_LE(el->x1 + 0.5 * 8 * MM_PAR_POINT * static_cast<double>(el->texte.size()),
+                  k.CadrePied.Left + k.CadrePied.Width + 1e-9)
+            << el->texte;
 
     // One progress step for each rule of the relay's block, set or not.
     PageEnregistree page;
@@ -309,4 +315,56 @@ TEST(PagesRapport, DessinDansSonCadre) {
     ASSERT_NE(el, doc[0].end());
     EXPECT_NEAR(el->y1, f.Top + f.Height + 2.0, 1e-9);
     EXPECT_NEAR(el->x1 + PageEnregistree().LargeurTexte(el->texte) / 2, f.Left + f.Width / 2, 1e-9);
+}
+
+TEST(PagesRapport, LimiteImprimeeDUneAutreRegle) {
+    // The PD3A's rule 18 prints the limit of rule 17.
+    Etude e;
+    RemplirEtudeImprimee(e);
+    e.id_protection = 3;
+    e.DiagDrapeaux[17] = true;
+    e.DiagValeurs[16] = 7.5;
+    e.DiagValeurs[17] = 99.0;
+    const auto lignes = Depuis(
+        Rapport(e, [](int regle) { return TextesRegleRapport(regle); }).at(0), "Diagnostics");
+    EXPECT_NE(
+        std::find(lignes.begin(), lignes.end(), "It must not overcome:    7.5 \xCE\xA9 \xCE\xA0"),
+        lignes.end());
+}
+
+TEST(PagesRapport, TextesDansLeursCadresPourChaqueExemple) {
+    // Every text of the whole report of each example, measured, stays inside the page's frame.
+    for (const auto& fichier : std::filesystem::directory_iterator(TOURNESOL_EXEMPLES)) {
+        Etude e;
+        RemplirEtudeImprimee(e);
+        PreparerOuverture(e);
+        LireFichierEtude(fichier.path(), e);
+        DialogueSansFenetre sansFenetre;
+        OptionsReport options;
+        options.Choisir(e.TypeReportCharge);
+        InitEtude(e, sansFenetre, options);
+        PreparerRapport(e);
+        for (int n = 0; n < NOMBRE_REGLES; ++n) { // every rule of the relay set, long texts too
+            e.DiagDrapeaux[static_cast<std::size_t>(n)] = true;
+            e.DiagValeurs[static_cast<std::size_t>(n)] = 123.45;
+        }
+        PageEnregistree page;
+        EtatImpression etat;
+        DialogueImpression d(e);
+        Imprimer(e, d, page, etat, {[](int regle) { return TextesRegleRapport(regle); }, {}, DATE});
+        ASSERT_FALSE(page.Imprimes.empty()) << fichier.path();
+        const CadresPage k = CadresA4();
+        for (const PageImprimee& p : page.Imprimes[0])
+            for (const ElementPage& el : p) {
+                if (el.genre != ElementPage::Texte) continue;
+                PageEnregistree mesure;
+                mesure.ChoisirTaille(el.police.Taille);
+                EXPECT_LE(el.x1 + mesure.LargeurTexte(el.texte),
+                          k.CadrePage.Left + k.CadrePage.Width + 1e-9)
+                    << fichier.path().filename() << ": " << el.texte;
+                EXPECT_LE(el.y1 + mesure.HauteurTexte(el.texte),
+                          k.CadrePage.Top + k.CadrePage.Height + 1e-9)
+                    << fichier.path().filename() << ": " << el.texte;
+            }
+    }
 }

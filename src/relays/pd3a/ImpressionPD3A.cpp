@@ -2,8 +2,10 @@
 
 #include "core/Etude.h"
 #include "core/Format.h"
+#include "core/Numerique.h"
 #include "printing/Impression.h"
 
+#include <cmath>
 #include <string>
 
 namespace tournesol {
@@ -61,7 +63,19 @@ void Reglages(ContexteImpression& c) {
                {COLONNE_ROUES, Roue("Rd = ", r.Rd)},
                {COLONNE_SECONDAIRE, FormaterNombre(e.Rreg_BT, FORMAT_OHMS), true, "/l"},
                {COLONNE_PRIMAIRE, FormaterNombre(e.Rreg_HT, FORMAT_OHMS), true}});
-    Rangee(c, {{0, "On the limit of first zone reach"}});
+    // At the first zone's limit the resistive side stands X1 (cot q - cot phi) further from the
+    // line's image than at the substation: its sides follow the angle q, the line's phi.
+    const double tq = std::tan(DegToRad(e.teta));
+    const double tp = std::tan(e.PHI_eq);
+    const double ecart = 1.0 / tq - 1.0 / tp;
+    if (tq != 0.0 && tp != 0.0 && std::isfinite(ecart))
+        Rangee(c, {{0, "On the limit of first zone reach"},
+                   {COLONNE_SECONDAIRE, FormaterNombre(e.Rreg_BT + e.X1reg_BT * ecart, FORMAT_OHMS),
+                    true, "/l"},
+                   {COLONNE_PRIMAIRE, FormaterNombre(e.Rreg_HT + e.X1reg_HT * ecart, FORMAT_OHMS),
+                    true}});
+    else
+        Rangee(c, {{0, "On the limit of first zone reach"}});
     AvancerProgression(c.e, c.etat, 1);
     Reactance(c, "first zone reactance : X1", Roue("K1 = ", r.K1) + "  " + Roue("M1 = ", r.m1),
               e.X1reg_BT, e.X1reg_HT);
