@@ -121,18 +121,23 @@ struct CurseurGarde {
 };
 } // namespace
 
+// The line values of a block beside their working variables: the one list of both directions.
+template <class F> void ValeursDeLigne(Etude& e, BlocReglages& bloc, F&& paire) {
+    paire(e.Kz, bloc.Kz);
+    paire(e.Ligne_CRt, bloc.CRt);
+    paire(e.Ligne_CRm, bloc.CRm);
+    paire(e.RL_eq, bloc.RL_eq);
+    paire(e.XL_eq, bloc.XL_eq);
+    paire(e.Ligne_pp, bloc.pp);
+    paire(e.Ligne_alim, bloc.alim);
+    paire(e.Ligne_Tl, bloc.Tl);
+}
+
 bool SauverReglage(Etude& e, BlocReglages& bloc) {
     CurseurGarde garde(e);
     bloc.Reglages = MagasinBloc{};
     bloc.IdProtection = e.id_protection;
-    bloc.Kz = e.Kz;
-    bloc.CRt = e.Ligne_CRt;
-    bloc.CRm = e.Ligne_CRm;
-    bloc.RL_eq = e.RL_eq;
-    bloc.XL_eq = e.XL_eq;
-    bloc.pp = e.Ligne_pp;
-    bloc.alim = e.Ligne_alim;
-    bloc.Tl = e.Ligne_Tl;
+    ValeursDeLigne(e, bloc, [](const auto& travail, auto& copie) { copie = travail; });
     return EcrireReglagesRelais(e, bloc.Reglages);
 }
 
@@ -143,14 +148,7 @@ bool RestaurerReglage(Etude& e, BlocReglages& bloc) {
     const bool lu = LireReglagesRelais(e, bloc.Reglages);
     e.id_protection = id;
     // The line values last: the relay's list may hold some of them too.
-    e.Kz = bloc.Kz;
-    e.Ligne_CRt = bloc.CRt;
-    e.Ligne_CRm = bloc.CRm;
-    e.RL_eq = bloc.RL_eq;
-    e.XL_eq = bloc.XL_eq;
-    e.Ligne_pp = bloc.pp;
-    e.Ligne_alim = bloc.alim;
-    e.Ligne_Tl = bloc.Tl;
+    ValeursDeLigne(e, bloc, [](auto& travail, const auto& copie) { travail = copie; });
     return lu;
 }
 
