@@ -151,6 +151,8 @@ int main(int argc, char** argv) {
         try {
             PreparerOuverture(etude);
             LireEtude(fichier.readAll().toStdString(), etude);
+            // The keys of a file belong to no base: the save finds the line by its names.
+            PreparerImport(etude);
         } catch (const ErreurFichierEtude& err) {
             dialogue.Message("TOURNESOL : Attention", err.what(), 3);
             return 1;
