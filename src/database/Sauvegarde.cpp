@@ -6,6 +6,7 @@
 #include "database/PanneauNumero.h"
 #include "database/Requete.h"
 #include "database/Schema.h"
+#include "network/PanneauxBouts.h"
 
 namespace tournesol {
 
@@ -291,6 +292,8 @@ void BaseEtudesSql::SauverReglage(Etude& e, bool superposition) {
         r.Executer();
     }
     EcrireReglagesRelais(e, magasin_);
+    // The list of the line's panel, under the key of the relay being saved.
+    if (!superposition) EcrireListeBouts(e, magasin_, e.LigneTroisBouts ? 3 : 2);
     // Values that earlier versions wrote under no setting row (key 0) belong to no relay.
     Requete r(Q(R"(DELETE FROM "TR" WHERE "id_key" = 0)"));
     r.Executer();

@@ -65,7 +65,7 @@ TEST_F(Fautes, UneFauteAChaqueEtapeLaisseLeFichierIntact) {
     }
     // Nothing of the new line was ever written; the saved line is as the first save left it.
     EXPECT_TRUE(base_->Departs("N").empty());
-    EXPECT_EQ(Comptes(), "Poste 1 Départ 1 Piquage 1 Protection 1 Tournesol 1 Réglage 1 TR 5 Ligne 1");
+    EXPECT_EQ(Comptes(), "Poste 1 Départ 1 Piquage 1 Protection 1 Tournesol 1 Réglage 1 TR 6 Ligne 1");
     Etude relue = Etude_("A", "B", "T");
     base_->Ouvrir(relue, d_);
     EXPECT_EQ(relue.X1reg_HT, sauvee.X1reg_HT);
@@ -75,7 +75,7 @@ TEST_F(Fautes, UneFauteAChaqueEtapeLaisseLeFichierIntact) {
     Etude nouvelle = Etude_("N", "M", "P", RXAP);
     base_->Ouvrir(nouvelle, d_);
     EXPECT_TRUE(base_->Sauver(nouvelle, d_));
-    EXPECT_EQ(Comptes(), "Poste 2 Départ 2 Piquage 2 Protection 2 Tournesol 2 Réglage 2 TR 10 Ligne 2");
+    EXPECT_EQ(Comptes(), "Poste 2 Départ 2 Piquage 2 Protection 2 Tournesol 2 Réglage 2 TR 12 Ligne 2");
 }
 
 // Writes of earlier versions under the key 0 belong to no relay: the next save removes them.
@@ -86,7 +86,7 @@ TEST_F(Fautes, LesValeursSousLaCleZeroSontRetireesParLaSauvegarde) {
              R"( (0, 100, 1, 2), (0, 101, 0, 2), (0, 102, 4500.0, 5))");
     ASSERT_TRUE(base_->Sauver(e, d_));
     EXPECT_EQ(Compter("TR", R"(WHERE "id_key" = 0)"), 0);
-    EXPECT_EQ(Compter("TR"), 5);
+    EXPECT_EQ(Compter("TR"), 6);
 }
 
 } // namespace essai

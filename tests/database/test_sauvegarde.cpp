@@ -13,9 +13,9 @@ TEST_F(Sauvegarde, LaPremiereSauvegardeDansUneBaseVideFaitUneLigneParTable) {
     e.EtudeModifiee = e.Sauvegarde = true;
     ASSERT_TRUE(base_->Sauver(e, d_));
 
-    // No tee without a name of C; the line's row, made by the save; the relay's list.
+    // No tee without a name of C; the line's row, made by the save; the relay's list and its end.
     EXPECT_EQ(Comptes(),
-              "Poste 1 Départ 1 Piquage 0 Protection 1 Tournesol 1 Réglage 1 TR 5 Ligne 1");
+              "Poste 1 Départ 1 Piquage 0 Protection 1 Tournesol 1 Réglage 1 TR 6 Ligne 1");
 
     EXPECT_EQ(Valeur(R"(SELECT "nom" FROM "Poste" WHERE "id" = 1)").toString(), "Champagnier");
     // The line end was saved before its substation and still belongs to it.
@@ -55,7 +55,7 @@ TEST_F(Sauvegarde, SauverDeuxFoisMetAJourEtNAjouteRien) {
     e.X1reg_HT = 20.0;
     ASSERT_TRUE(base_->Sauver(e, d_));
     EXPECT_EQ(Comptes(),
-              "Poste 1 Départ 1 Piquage 1 Protection 1 Tournesol 1 Réglage 1 TR 5 Ligne 1");
+              "Poste 1 Départ 1 Piquage 1 Protection 1 Tournesol 1 Réglage 1 TR 6 Ligne 1");
     EXPECT_EQ(Valeur(R"(SELECT "Up" FROM "Ligne")").toInt(), 225);
     EXPECT_EQ(Valeur(R"(SELECT "TypeReportCharge" FROM "Réglage")").toInt(), 2);
     EXPECT_EQ(Valeur(R"(SELECT "Valeur" FROM "TR" WHERE "id_pos" = 0)").toDouble(), 20.0);
