@@ -292,8 +292,13 @@ void BaseEtudesSql::SauverReglage(Etude& e, bool superposition) {
         r.Executer();
     }
     EcrireReglagesRelais(e, magasin_);
-    // The list of the line's panel, under the key of the relay being saved.
-    if (!superposition) EcrireListeBouts(e, magasin_, e.LigneTroisBouts ? 3 : 2);
+    // The list of the line's panel, under the key of the relay being saved; the cursor stays
+    // where the relay's list left it.
+    if (!superposition) {
+        const Entier32 position = e.PositionTR;
+        EcrireListeBouts(e, magasin_, e.LigneTroisBouts ? 3 : 2);
+        e.PositionTR = position;
+    }
     // Values that earlier versions wrote under no setting row (key 0) belong to no relay.
     Requete r(Q(R"(DELETE FROM "TR" WHERE "id_key" = 0)"));
     r.Executer();
