@@ -17,11 +17,11 @@
 
 #include <charconv>
 #include <cstdlib>
-#include <map>
-#include <set>
 #include <fstream>
 #include <iostream>
+#include <map>
 #include <optional>
+#include <set>
 #include <string>
 #include <vector>
 
@@ -253,13 +253,13 @@ int Open(const std::vector<std::string>& args) {
     if (!base.DernierEchec().Utilisable()) return EchecBase(base, "the study was not read");
     if (s.e.id_poste < 1) throw Refus{"unknown substation \"" + s.e.NomPoste + "\""};
     if (s.e.id_depart < 1)
-        throw Refus{"unknown line end \"" + s.e.NomDepart + "\" at substation \"" +
-                    s.e.NomPoste + "\""};
+        throw Refus{"unknown line end \"" + s.e.NomDepart + "\" at substation \"" + s.e.NomPoste +
+                    "\""};
     const std::string ligne = s.e.NomPoste + " - " + s.e.NomDepart +
                               (s.e.NomPiquage.empty() ? "" : " - " + s.e.NomPiquage);
     if (!s.e.NomPiquage.empty() && s.e.id_piquage < 1)
-        throw Refus{"unknown tee \"" + s.e.NomPiquage + "\" on the line " + s.e.NomPoste +
-                    " - " + s.e.NomDepart};
+        throw Refus{"unknown tee \"" + s.e.NomPiquage + "\" on the line " + s.e.NomPoste + " - " +
+                    s.e.NomDepart};
     if (s.e.id_reglage < 1)
         throw Refus{"no relay " + protection + " number " + std::to_string(numero) +
                     " on the line " + ligne};

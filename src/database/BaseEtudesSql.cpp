@@ -134,7 +134,7 @@ void BaseEtudesSql::EcrireValeurTR(std::int32_t id_key, std::int32_t id_pos,
 ValeurTR BaseEtudesSql::LireValeurTR(std::int32_t id_key, std::int32_t id_pos) {
     auto lire = [&]() -> ValeurTR {
         Requete r(Q(R"(SELECT "Valeur", "TypeValeur" FROM "TR")"
-                        R"( WHERE "id_key" = ? AND "id_pos" = ?)"));
+                    R"( WHERE "id_key" = ? AND "id_pos" = ?)"));
         r << id_key << id_pos;
         r.Executer();
         if (!r.Suivante()) return {};
@@ -231,8 +231,7 @@ BaseEtudesSql::Acces BaseEtudesSql::Tenter() {
             NoterEchec(G::Etrangere, fichier_ + " is not a base of TOURNESOL (" + x.what() + ")");
             return Acces::Etrangere;
         }
-        NoterEchec(G::Illisible,
-                   "the base " + fichier_ + " cannot be written (" + x.what() + ")");
+        NoterEchec(G::Illisible, "the base " + fichier_ + " cannot be written (" + x.what() + ")");
         return Acces::Refuse;
     }
     transaction_ = true;
@@ -288,8 +287,8 @@ BaseEtudesSql::Acces BaseEtudesSql::TenterLecture() {
         return Acces::Refuse;
     }
     QSqlDatabase db = Db();
-    const QSqlError erreur = EstSqlite(db) ? Executer(db, "BEGIN")
-                                           : (db.transaction() ? QSqlError() : db.lastError());
+    const QSqlError erreur =
+        EstSqlite(db) ? Executer(db, "BEGIN") : (db.transaction() ? QSqlError() : db.lastError());
     if (erreur.isValid()) {
         Fermer();
         NoterEchec(G::Illisible, "the base " + fichier_ + " cannot be read (" +
@@ -537,7 +536,7 @@ std::int32_t BaseEtudesSql::CleDuPiquage(const std::string& nom, std::int32_t id
                                          std::int32_t id_poste) {
     if (nom.empty()) return 0;
     Requete r(Q(R"(SELECT "id" FROM "Piquage" WHERE "nom" = ? AND "id_départ" = ?)"
-                    R"( AND "id_poste" = ? ORDER BY "id")"));
+                R"( AND "id_poste" = ? ORDER BY "id")"));
     r << nom << id_depart << id_poste;
     r.Executer();
     return r.Suivante() ? r.Entier(0) : 0;
@@ -592,7 +591,7 @@ std::vector<std::string> BaseEtudesSql::Postes() {
         [&] {
             std::vector<std::string> noms;
             Requete r(Q(R"(SELECT DISTINCT "nom" FROM "Poste" WHERE "nom" IS NOT NULL)"
-                            R"( ORDER BY "nom")"));
+                        R"( ORDER BY "nom")"));
             r.Executer();
             while (r.Suivante())
                 noms.push_back(r.Texte(0));
@@ -608,7 +607,7 @@ std::vector<std::string> BaseEtudesSql::Departs(const std::string& poste) {
             const std::int32_t id_poste = CleDuPoste(poste);
             if (id_poste == 0) return noms;
             Requete r(Q(R"(SELECT DISTINCT "nom" FROM "Départ" WHERE "id_poste" = ?)"
-                            R"( AND "nom" IS NOT NULL ORDER BY "nom")"));
+                        R"( AND "nom" IS NOT NULL ORDER BY "nom")"));
             r << id_poste;
             r.Executer();
             while (r.Suivante())
@@ -627,7 +626,7 @@ std::vector<std::string> BaseEtudesSql::Piquages(const std::string& poste,
             const std::int32_t id_depart = id_poste ? CleDuDepart(depart, id_poste) : 0;
             if (id_depart == 0) return noms;
             Requete r(Q(R"(SELECT DISTINCT "nom" FROM "Piquage" WHERE "id_poste" = ?)"
-                            R"( AND "id_départ" = ? AND "nom" IS NOT NULL ORDER BY "nom")"));
+                        R"( AND "id_départ" = ? AND "nom" IS NOT NULL ORDER BY "nom")"));
             r << id_poste << id_depart;
             r.Executer();
             while (r.Suivante())
@@ -649,10 +648,10 @@ std::vector<std::string> BaseEtudesSql::Protections(const std::string& poste,
             if (id_depart == 0 || (!piquage.empty() && id_piquage == 0)) return liste;
             // In the order of the registry.
             Requete r(Q(R"(SELECT DISTINCT "Protection"."id", "Protection"."nom")"
-                            R"( FROM "Protection" INNER JOIN "Tournesol")"
-                            R"( ON "Tournesol"."id_protection" = "Protection"."id")"
-                            R"( WHERE "Tournesol"."id_poste" = ? AND "Tournesol"."id_départ" = ?)"
-                            R"( AND "Tournesol"."id_piquage" = ? ORDER BY "Protection"."id")"));
+                        R"( FROM "Protection" INNER JOIN "Tournesol")"
+                        R"( ON "Tournesol"."id_protection" = "Protection"."id")"
+                        R"( WHERE "Tournesol"."id_poste" = ? AND "Tournesol"."id_départ" = ?)"
+                        R"( AND "Tournesol"."id_piquage" = ? ORDER BY "Protection"."id")"));
             r << id_poste << id_depart << id_piquage;
             r.Executer();
             while (r.Suivante())
@@ -675,8 +674,8 @@ std::vector<int> BaseEtudesSql::Numeros(const std::string& poste, const std::str
             const std::int32_t id_protection = CleDeProtection(protection);
             if (id_depart == 0 || id_protection == 0) return numeros;
             Requete r(Q(R"(SELECT DISTINCT "id_numéro" FROM "Tournesol" WHERE "id_poste" = ?)"
-                            R"( AND "id_départ" = ? AND "id_piquage" = ? AND "id_protection" = ?)"
-                            R"( ORDER BY "id_numéro")"));
+                        R"( AND "id_départ" = ? AND "id_piquage" = ? AND "id_protection" = ?)"
+                        R"( ORDER BY "id_numéro")"));
             r << id_poste << id_depart << id_piquage << id_protection;
             r.Executer();
             while (r.Suivante())
@@ -728,7 +727,7 @@ void BaseEtudesSql::LireLigne(Etude& e) {
 
 void BaseEtudesSql::LireReglage(Etude& e) {
     Requete r(Q(R"(SELECT "TypeReportCharge", "Left", "Width", "Top", "Height")"
-                    R"( FROM "Réglage" WHERE "id" = ?)"));
+                R"( FROM "Réglage" WHERE "id" = ?)"));
     r << e.id_reglage;
     r.Executer();
     if (r.Suivante()) {

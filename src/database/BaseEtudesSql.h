@@ -47,8 +47,7 @@ public:
     // base held by another writer before it counts as failed (readers wait as long for a writer
     // that is committing). `question`: after three such attempts the user is asked whether to
     // try again; without it (the command line) the first failed attempt ends the command.
-    explicit BaseEtudesSql(std::string rep_appli, int attenteVerrouMs = 1000,
-                           bool question = true);
+    explicit BaseEtudesSql(std::string rep_appli, int attenteVerrouMs = 1000, bool question = true);
     ~BaseEtudesSql() override;
     BaseEtudesSql(const BaseEtudesSql&) = delete;
     BaseEtudesSql& operator=(const BaseEtudesSql&) = delete;
@@ -179,7 +178,7 @@ private:
     int attente_;
     bool question_;
     bool transaction_ = false;
-    bool fichierNeuf_ = false; // the write connection made the file
+    bool fichierNeuf_ = false;   // the write connection made the file
     bool relaisInconnu_ = false; // the save met a relay outside the registry
     CacheRequetes cache_;
     EtatBase echec_;

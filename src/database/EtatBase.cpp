@@ -23,7 +23,8 @@ Contenu Reconnaitre(const QSqlDatabase& db) {
         r.Executer();
         if (r.Suivante()) version = r.Entier(0);
     }
-    if (marque == MARQUE_BASE) return version <= VERSION_SCHEMA ? Contenu::Systeme : Contenu::Etrangere;
+    if (marque == MARQUE_BASE)
+        return version <= VERSION_SCHEMA ? Contenu::Systeme : Contenu::Etrangere;
     if (marque != 0) return Contenu::Etrangere;
     std::set<std::string> tables;
     bool objets = false;
@@ -79,9 +80,8 @@ EtatBase ExaminerBase(const std::string& rep_appli) {
                     etat = {G::Verrou,
                             "the base " + fichier.toStdString() + " is locked by another user"};
                 else if (x.PasUneBase())
-                    etat = {G::Etrangere,
-                            fichier.toStdString() + " is not a base of TOURNESOL (" + x.what() +
-                                ")"};
+                    etat = {G::Etrangere, fichier.toStdString() + " is not a base of TOURNESOL (" +
+                                              x.what() + ")"};
                 else
                     etat = {G::Illisible, "the base " + fichier.toStdString() +
                                               " cannot be read (" + x.what() + ")"};

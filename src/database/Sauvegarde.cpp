@@ -160,14 +160,14 @@ void BaseEtudesSql::SauverPiquage(Etude& e) {
     if (e.NomPiquage.empty()) return;
     if (existe) {
         Requete r(Q(R"(UPDATE "Piquage" SET "nom" = ?, "id_départ" = ?, "id_poste" = ?)"
-                        R"( WHERE "id" = ?)"));
+                    R"( WHERE "id" = ?)"));
         r << e.NomPiquage << e.id_depart << e.id_poste << e.id_piquage;
         r.Executer();
         return;
     }
     e.id_piquage = ProchainId(Table::Piquage);
     Requete r(Q(R"(INSERT INTO "Piquage" ("id", "id_départ", "id_poste", "nom"))"
-                    R"( VALUES (?, ?, ?, ?))"));
+                R"( VALUES (?, ?, ?, ?))"));
     r << e.id_piquage << e.id_depart << e.id_poste << e.NomPiquage;
     r.Executer();
 }
@@ -225,7 +225,7 @@ void BaseEtudesSql::SauverProtection(Etude& e) {
 
 void BaseEtudesSql::NouveauReglage(const Etude& e) {
     Requete r(Q(R"(INSERT INTO "Réglage" ("id", "TypeReportCharge", "Left", "Width", "Top",)"
-                    R"( "Height") VALUES (?, ?, ?, ?, ?, ?))"));
+                R"( "Height") VALUES (?, ?, ?, ?, ?, ?))"));
     r << e.id_reglage << static_cast<int>(e.TypeReportCharge) << LEFT_DEPART << WIDTH_DEPART
       << TOP_DEPART << HEIGHT_DEPART;
     r.Executer();
@@ -238,9 +238,10 @@ void BaseEtudesSql::SauverTournesol(Etude& e) {
     std::int32_t id = 0;
     std::int32_t ligne = 0;
     {
-        Requete lien(Q(R"(SELECT "id", "id_réglage", "id_ligne" FROM "Tournesol" WHERE "id_poste" = ?)"
-                           R"( AND "id_départ" = ? AND "id_piquage" = ? AND "id_protection" = ?)"
-                           R"( AND "id_numéro" = ? ORDER BY "id")"));
+        Requete lien(
+            Q(R"(SELECT "id", "id_réglage", "id_ligne" FROM "Tournesol" WHERE "id_poste" = ?)"
+              R"( AND "id_départ" = ? AND "id_piquage" = ? AND "id_protection" = ?)"
+              R"( AND "id_numéro" = ? ORDER BY "id")"));
         lien << e.id_poste << e.id_depart << e.id_piquage << e.id_protection
              << static_cast<int>(e.id_numero);
         lien.Executer();
@@ -254,8 +255,8 @@ void BaseEtudesSql::SauverTournesol(Etude& e) {
         id = ProchainId(Table::Tournesol);
         e.id_reglage = ProchainId(Table::Reglage);
         Requete r(Q(R"(INSERT INTO "Tournesol" ("id", "id_poste", "id_départ", "id_piquage",)"
-                        R"( "id_protection", "id_ligne", "id_réglage", "id_numéro"))"
-                        R"( VALUES (?, ?, ?, ?, ?, ?, ?, ?))"));
+                    R"( "id_protection", "id_ligne", "id_réglage", "id_numéro"))"
+                    R"( VALUES (?, ?, ?, ?, ?, ?, ?, ?))"));
         r << id << e.id_poste << e.id_depart << e.id_piquage << e.id_protection << e.id_ligne
           << e.id_reglage << static_cast<int>(e.id_numero);
         r.Executer();
@@ -285,7 +286,7 @@ void BaseEtudesSql::SauverTournesol(Etude& e) {
 void BaseEtudesSql::SauverReglage(Etude& e, bool superposition) {
     if (!superposition) {
         Requete r(Q(R"(UPDATE "Réglage" SET "TypeReportCharge" = ?, "Left" = ?, "Width" = ?,)"
-                        R"( "Top" = ?, "Height" = ? WHERE "id" = ?)"));
+                    R"( "Top" = ?, "Height" = ? WHERE "id" = ?)"));
         r << static_cast<int>(e.TypeReportCharge) << static_cast<double>(e.ScaleLeft)
           << static_cast<double>(e.ScaleWidth) << static_cast<double>(e.ScaleTop)
           << static_cast<double>(e.ScaleHeight) << e.id_reglage;

@@ -136,9 +136,8 @@ void BaseEtudesSql::SupprimerDepartDans(Etude& e, bool chercher) {
         std::int32_t lien = 0;
         {
             Requete r(Q(Sql(R"(SELECT "id", "id_protection", "id_numéro", "id_piquage")"
-                                R"( FROM "Tournesol")",
-                                ligne, R"( AND "id_protection" >= 1 ORDER BY "id")")
-                                ));
+                            R"( FROM "Tournesol")",
+                            ligne, R"( AND "id_protection" >= 1 ORDER BY "id")")));
             Executer(r, ligne);
             if (!r.Suivante()) break;
             lien = r.Entier(0);
@@ -188,7 +187,7 @@ void BaseEtudesSql::SupprimerDepartDans(Etude& e, bool chercher) {
     }
     for (std::int32_t id : lignes) {
         Requete r(Q(R"(DELETE FROM "Ligne" WHERE "id" = ? AND NOT EXISTS)"
-                        R"( (SELECT 1 FROM "Tournesol" WHERE "id_ligne" = ?))"));
+                    R"( (SELECT 1 FROM "Tournesol" WHERE "id_ligne" = ?))"));
         r << id << id;
         r.Executer();
     }
@@ -201,7 +200,7 @@ void BaseEtudesSql::SupprimerPosteDans(Etude& e) {
     for (;;) {
         {
             Requete r(Q(R"(SELECT "id_départ" FROM "Tournesol" WHERE "id_poste" = ?)"
-                            R"( ORDER BY "id")"));
+                        R"( ORDER BY "id")"));
             r << e.id_poste;
             r.Executer();
             if (!r.Suivante()) break;

@@ -30,9 +30,8 @@ class Lancement {
 public:
     explicit Lancement(const std::string& arguments) {
         static int numero = 0;
-        erreurs_ = fs::temp_directory_path() /
-                   ("tournesol-cli-base-" + std::to_string(::getpid()) + "-" +
-                    std::to_string(++numero) + ".err");
+        erreurs_ = fs::temp_directory_path() / ("tournesol-cli-base-" + std::to_string(::getpid()) +
+                                                "-" + std::to_string(++numero) + ".err");
         const std::string commande =
             std::string(TOURNESOL_CLI) + " " + arguments + " 2>" + erreurs_.string();
         tube_ = popen(commande.c_str(), "r");
@@ -115,8 +114,8 @@ protected:
 
     std::string Open(const std::string& poste, const std::string& depart,
                      const std::string& options = "--protection PD3A --numero 1") {
-        return "open --base " + dossier_.string() + " --poste '" + poste + "' --depart '" +
-               depart + "' " + options;
+        return "open --base " + dossier_.string() + " --poste '" + poste + "' --depart '" + depart +
+               "' " + options;
     }
 
     // Another user's connection to the base.
@@ -131,8 +130,8 @@ protected:
     }
     void AutreExecute(const char* sql) {
         QSqlQuery q = Autre();
-        EXPECT_TRUE(q.exec(QString::fromUtf8(sql))) << sql << ": "
-                                                    << q.lastError().text().toStdString();
+        EXPECT_TRUE(q.exec(QString::fromUtf8(sql)))
+            << sql << ": " << q.lastError().text().toStdString();
     }
     int AutreCompte(const char* sql) {
         QSqlQuery q = Autre();

@@ -18,12 +18,12 @@ struct Faute {
 // does not hold inserts into every table, and updates the row of its line and the owners of its
 // line end and tee; a saved line updates every row it has.
 constexpr Faute FAUTES[] = {
-    {"Ligne", "INSERT", true},      {"Ligne", "UPDATE", true},     {"Départ", "INSERT", true},
-    {"Départ", "UPDATE", true},     {"Piquage", "INSERT", true},   {"Piquage", "UPDATE", true},
-    {"Poste", "INSERT", true},      {"Protection", "INSERT", true}, {"Tournesol", "INSERT", true},
-    {"Réglage", "INSERT", true},    {"TR", "INSERT", true},        {"Ligne", "UPDATE", false},
-    {"Départ", "UPDATE", false},    {"Piquage", "UPDATE", false},  {"Poste", "UPDATE", false},
-    {"Protection", "UPDATE", false}, {"Réglage", "UPDATE", false}, {"TR", "UPDATE", false},
+    {"Ligne", "INSERT", true},       {"Ligne", "UPDATE", true},      {"Départ", "INSERT", true},
+    {"Départ", "UPDATE", true},      {"Piquage", "INSERT", true},    {"Piquage", "UPDATE", true},
+    {"Poste", "INSERT", true},       {"Protection", "INSERT", true}, {"Tournesol", "INSERT", true},
+    {"Réglage", "INSERT", true},     {"TR", "INSERT", true},         {"Ligne", "UPDATE", false},
+    {"Départ", "UPDATE", false},     {"Piquage", "UPDATE", false},   {"Poste", "UPDATE", false},
+    {"Protection", "UPDATE", false}, {"Réglage", "UPDATE", false},   {"TR", "UPDATE", false},
 };
 
 } // namespace
@@ -65,7 +65,8 @@ TEST_F(Fautes, UneFauteAChaqueEtapeLaisseLeFichierIntact) {
     }
     // Nothing of the new line was ever written; the saved line is as the first save left it.
     EXPECT_TRUE(base_->Departs("N").empty());
-    EXPECT_EQ(Comptes(), "Poste 1 Départ 1 Piquage 1 Protection 1 Tournesol 1 Réglage 1 TR 6 Ligne 1");
+    EXPECT_EQ(Comptes(),
+              "Poste 1 Départ 1 Piquage 1 Protection 1 Tournesol 1 Réglage 1 TR 6 Ligne 1");
     Etude relue = Etude_("A", "B", "T");
     base_->Ouvrir(relue, d_);
     EXPECT_EQ(relue.X1reg_HT, sauvee.X1reg_HT);
@@ -75,7 +76,8 @@ TEST_F(Fautes, UneFauteAChaqueEtapeLaisseLeFichierIntact) {
     Etude nouvelle = Etude_("N", "M", "P", RXAP);
     base_->Ouvrir(nouvelle, d_);
     EXPECT_TRUE(base_->Sauver(nouvelle, d_));
-    EXPECT_EQ(Comptes(), "Poste 2 Départ 2 Piquage 2 Protection 2 Tournesol 2 Réglage 2 TR 12 Ligne 2");
+    EXPECT_EQ(Comptes(),
+              "Poste 2 Départ 2 Piquage 2 Protection 2 Tournesol 2 Réglage 2 TR 12 Ligne 2");
 }
 
 // Writes of earlier versions under the key 0 belong to no relay: the next save removes them.

@@ -85,7 +85,7 @@ TEST_F(MagasinTR, LesReglagesDeDeuxRelaisDUneLigneSontSauvesApart) {
     EXPECT_NE(pd3a.id_reglage, rxap.id_reglage);
     ASSERT_TRUE(base_->Sauver(rxap, d_));
     ASSERT_TRUE(base_->Sauver(pd3a, d_));
-    EXPECT_EQ(Compter("TR"), 12); // five values and the end of each
+    EXPECT_EQ(Compter("TR"), 12);                            // five values and the end of each
     EXPECT_EQ(Compter("TR", "WHERE \"TypeValeur\" = 4"), 2); // Rreg_HT of each, 32-bit
     EXPECT_EQ(Lire(rxap, 5),
               (std::vector<ValeurTR>{99.5, 5.5f, std::int16_t{350}, std::int16_t{0}, 0.0}));
