@@ -184,6 +184,18 @@ void BM_Sauver(benchmark::State& state) {
     }
 }
 
+// A new line of a new substation each time: every key looked up and handed out.
+void BM_SauverNouvelleLigne(benchmark::State& state) {
+    Region& r = LaRegion(static_cast<int>(state.range(0)));
+    static int numero = 0;
+    for (auto _ : state) {
+        Etude e = r.EtudeMilieu();
+        e.NomPoste = "NOUVEAU " + std::to_string(++numero);
+        e.Sauvegarde = true;
+        if (!r.base->Sauver(e, r.dialogue)) state.SkipWithError("the save failed");
+    }
+}
+
 template <class Liste> void MesurerListe(benchmark::State& state, Liste&& liste) {
     Region& r = LaRegion(static_cast<int>(state.range(0)));
     const Etude e = r.EtudeMilieu();
@@ -217,6 +229,7 @@ void BM_ListeNumeros(benchmark::State& state) {
 #define TOURNESOL_DEUX_TAILLES(f) BENCHMARK(f)->Arg(100)->Arg(100000)->Unit(benchmark::kMillisecond)
 TOURNESOL_DEUX_TAILLES(BM_Ouvrir);
 TOURNESOL_DEUX_TAILLES(BM_Sauver);
+TOURNESOL_DEUX_TAILLES(BM_SauverNouvelleLigne);
 TOURNESOL_DEUX_TAILLES(BM_ListePostes);
 TOURNESOL_DEUX_TAILLES(BM_ListeDeparts);
 TOURNESOL_DEUX_TAILLES(BM_ListePiquages);

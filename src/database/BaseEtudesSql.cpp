@@ -497,12 +497,12 @@ template <class R> R BaseEtudesSql::Lecture(const std::function<R()>& lire, R de
 }
 
 std::int32_t BaseEtudesSql::ProchainId(Table table) {
-    const std::string sql =
-        std::string(R"(SELECT COUNT(*), MAX("id") FROM ")") + NomTable(table) + "\"";
+    // The largest key is read from the key's index; an empty table gives Null.
+    const std::string sql = std::string(R"(SELECT MAX("id") FROM ")") + NomTable(table) + "\"";
     Requete r(Q(sql));
     r.Executer();
-    if (!r.Suivante() || r.Entier(0) == 0) return 1;
-    return std::max(1, r.Entier(1)) + 1; // the running maximum starts at 1
+    if (!r.Suivante() || r.Valeur(0).isNull()) return 1;
+    return std::max(1, r.Entier(0)) + 1; // the running maximum starts at 1
 }
 
 bool BaseEtudesSql::Existe(Table table, std::int32_t id) {
