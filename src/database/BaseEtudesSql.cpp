@@ -351,7 +351,9 @@ bool BaseEtudesSql::OuvrirConnexion(Etude& e, Dialogue& d) {
         case Acces::Partage: {
             if (--essais >= 0) continue; // again at once, without a word
             if (!question_) {
-                echec_.raison += " (waited " + std::to_string(attente_ / 1000) + " s)";
+                std::string secondes = std::to_string(attente_ / 1000);
+                if (attente_ % 1000 != 0) secondes += "." + std::to_string(attente_ % 1000 / 100);
+                echec_.raison += " (waited " + secondes + " s)";
                 FermerConnexion(e);
                 return false;
             }

@@ -13,6 +13,7 @@
 #include <nlohmann/json.hpp>
 #include <sys/wait.h>
 #include <thread>
+#include <unistd.h>
 
 namespace fs = std::filesystem;
 using nlohmann::json;
