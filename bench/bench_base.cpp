@@ -1,6 +1,6 @@
-// The study base at the size of a network region: 10,000 lines and 50,000 relays with their
-// settings. Measured: saving one study, opening it again, and filling the opening dialog's
-// lists for it.
+// The study base at two sizes, side by side: 100 lines, and a network region of 100,000 lines
+// and 500,000 relays, each relay with a list of thirty settings. Measured in each: saving one
+// study, opening it again, and each list of the opening dialog for it.
 #include "core/Dialogue.h"
 #include "core/Etude.h"
 #include "core/Magasin.h"
@@ -14,14 +14,17 @@
 #include <QString>
 #include <QTemporaryDir>
 #include <QVariant>
+#include <algorithm>
 #include <benchmark/benchmark.h>
 #include <cstdio>
+#include <map>
+#include <memory>
 
 using namespace tournesol;
 
 namespace {
 
-constexpr int POSTES = 2000, LIGNES = 10000, RELAIS_PAR_LIGNE = 5, VALEURS = 30;
+constexpr int LIGNES_PAR_POSTE = 5, RELAIS_PAR_LIGNE = 5, VALEURS = 30;
 
 // A relay list of thirty reaches, as a relay's writer puts it.
 void EcrireListe(Etude& e, MagasinReglages& m) {
@@ -45,16 +48,19 @@ QString NomDepart(int l) {
     return QString("DEPART %1").arg(l, 5, 10, QChar('0'));
 }
 
-// Fills the base in one transaction, straight through SQL.
-void Remplir(const QString& fichier) {
+// Fills the base with `lignes` lines in one transaction, straight through SQL.
+void Remplir(const QString& fichier, int lignes) {
+    const int postes = std::max(1, lignes / LIGNES_PAR_POSTE);
     {
         QSqlDatabase db = QSqlDatabase::addDatabase("QSQLITE", "remplissage");
         db.setDatabaseName(fichier);
         db.open();
+        QSqlQuery(db).exec("PRAGMA journal_mode = OFF"); // the filling only
+        QSqlQuery(db).exec("PRAGMA synchronous = OFF");
         db.transaction();
         QSqlQuery q(db);
         q.prepare(R"(INSERT INTO "Poste" ("id", "nom") VALUES (?, ?))");
-        for (int p = 1; p <= POSTES; ++p) {
+        for (int p = 1; p <= postes; ++p) {
             q.addBindValue(p);
             q.addBindValue(NomPoste(p));
             q.exec();
@@ -78,8 +84,8 @@ void Remplir(const QString& fichier) {
         tr.prepare(R"(INSERT INTO "TR" ("id_key", "id_pos", "Valeur", "TypeValeur"))"
                    R"( VALUES (?, ?, ?, 5))");
         int id = 0;
-        for (int l = 1; l <= LIGNES; ++l) {
-            const int poste = (l - 1) % POSTES + 1;
+        for (int l = 1; l <= lignes; ++l) {
+            const int poste = (l - 1) % postes + 1;
             depart.addBindValue(l);
             depart.addBindValue(poste);
             depart.addBindValue(NomDepart(l));
@@ -114,27 +120,30 @@ void Remplir(const QString& fichier) {
     QSqlDatabase::removeDatabase("remplissage");
 }
 
-// The base of the region, made once for all the measures.
+// A base of that many lines, made once for all the measures.
 struct Region {
     QTemporaryDir dossier;
     std::unique_ptr<BaseEtudesSql> base;
     DialogueSansFenetre dialogue;
-    Region() {
+    int lignes;
+    explicit Region(int n) : lignes(n) {
         InscrireReglagesRelais(3, EcrireListe, LireListe);
         base = std::make_unique<BaseEtudesSql>(dossier.path().toStdString() + "/");
         Etude e;
         base->OuvrirConnexion(e, dialogue); // the tables are made
         base->FermerConnexion(e);
-        Remplir(QString::fromStdString(base->Fichier()));
+        Remplir(QString::fromStdString(base->Fichier()), lignes);
     }
-    // The first relay of line 4321: a PD3A numbered 1.
-    Etude Etude4321() const {
+    // The first relay of a line in the middle of the base: a PD3A numbered 1.
+    Etude EtudeMilieu() const {
+        const int postes = std::max(1, lignes / LIGNES_PAR_POSTE);
+        const int l = lignes / 2 + 1;
         Etude e;
         InscrireRelais();
         InitRegistre(e);
         PreparerOuverture(e);
-        e.NomPoste = NomPoste((4321 - 1) % POSTES + 1).toStdString();
-        e.NomDepart = NomDepart(4321).toStdString();
+        e.NomPoste = NomPoste((l - 1) % postes + 1).toStdString();
+        e.NomDepart = NomDepart(l).toStdString();
         e.NomProtection = "PD3A";
         e.id_protection = e.ProtectionChoisie = 3;
         e.id_numero = 1;
@@ -142,18 +151,23 @@ struct Region {
     }
 };
 
-Region& LaRegion() {
-    static Region region;
-    return region;
+// The bases, removed with their folders before the program ends (their connections must close
+// while Qt's SQL layer is still there).
+std::map<int, std::unique_ptr<Region>> regions;
+
+Region& LaRegion(int lignes) {
+    auto& r = regions[lignes];
+    if (!r) r = std::make_unique<Region>(lignes);
+    return *r;
 }
 
 void BM_Ouvrir(benchmark::State& state) {
-    Region& r = LaRegion();
+    Region& r = LaRegion(static_cast<int>(state.range(0)));
     for (auto _ : state) {
-        Etude e = r.Etude4321();
+        Etude e = r.EtudeMilieu();
         r.base->Ouvrir(e, r.dialogue);
         benchmark::DoNotOptimize(e.X1_HT);
-        if (e.NouvelleLigne) {
+        if (e.NouvelleLigne || e.id_reglage < 1) {
             const std::string pourquoi = r.dialogue.Messages().empty()
                                              ? "the line was not found"
                                              : r.dialogue.Messages().back().sMessage;
@@ -161,11 +175,10 @@ void BM_Ouvrir(benchmark::State& state) {
         }
     }
 }
-BENCHMARK(BM_Ouvrir)->Unit(benchmark::kMillisecond);
 
 void BM_Sauver(benchmark::State& state) {
-    Region& r = LaRegion();
-    Etude e = r.Etude4321();
+    Region& r = LaRegion(static_cast<int>(state.range(0)));
+    Etude e = r.EtudeMilieu();
     r.base->Ouvrir(e, r.dialogue);
     for (auto _ : state) {
         e.Ligne_XLA += 1.0;
@@ -173,19 +186,67 @@ void BM_Sauver(benchmark::State& state) {
         if (!r.base->Sauver(e, r.dialogue)) state.SkipWithError("the save failed");
     }
 }
-BENCHMARK(BM_Sauver)->Unit(benchmark::kMillisecond);
 
-void BM_ListesDuDialogue(benchmark::State& state) {
-    Region& r = LaRegion();
-    const Etude e = r.Etude4321();
+// A new line of a new substation each time: every key looked up and handed out.
+void BM_SauverNouvelleLigne(benchmark::State& state) {
+    Region& r = LaRegion(static_cast<int>(state.range(0)));
+    static int numero = 0;
     for (auto _ : state) {
-        benchmark::DoNotOptimize(r.base->Postes());
-        benchmark::DoNotOptimize(r.base->Departs(e.NomPoste));
-        benchmark::DoNotOptimize(r.base->Piquages(e.NomPoste, e.NomDepart));
-        benchmark::DoNotOptimize(r.base->Protections(e.NomPoste, e.NomDepart, ""));
-        benchmark::DoNotOptimize(r.base->Numeros(e.NomPoste, e.NomDepart, "", "PD3A"));
+        Etude e = r.EtudeMilieu();
+        e.NomPoste = "NOUVEAU " + std::to_string(++numero);
+        e.Sauvegarde = true;
+        if (!r.base->Sauver(e, r.dialogue)) state.SkipWithError("the save failed");
     }
 }
-BENCHMARK(BM_ListesDuDialogue)->Unit(benchmark::kMillisecond);
+
+template <class Liste> void MesurerListe(benchmark::State& state, Liste&& liste) {
+    Region& r = LaRegion(static_cast<int>(state.range(0)));
+    const Etude e = r.EtudeMilieu();
+    for (auto _ : state)
+        benchmark::DoNotOptimize(liste(*r.base, e));
+}
+
+void BM_ListePostes(benchmark::State& state) {
+    MesurerListe(state, [](BaseEtudesSql& b, const Etude&) { return b.Postes(); });
+}
+void BM_ListeDeparts(benchmark::State& state) {
+    MesurerListe(state, [](BaseEtudesSql& b, const Etude& e) { return b.Departs(e.NomPoste); });
+}
+void BM_ListePiquages(benchmark::State& state) {
+    MesurerListe(state, [](BaseEtudesSql& b, const Etude& e) {
+        return b.Piquages(e.NomPoste, e.NomDepart);
+    });
+}
+void BM_ListeProtections(benchmark::State& state) {
+    MesurerListe(state, [](BaseEtudesSql& b, const Etude& e) {
+        return b.Protections(e.NomPoste, e.NomDepart, "");
+    });
+}
+void BM_ListeNumeros(benchmark::State& state) {
+    MesurerListe(state, [](BaseEtudesSql& b, const Etude& e) {
+        return b.Numeros(e.NomPoste, e.NomDepart, "", "PD3A");
+    });
+}
+
+// Each measure at 100 and at 100,000 lines, side by side; CPU time of the process.
+#define TOURNESOL_DEUX_TAILLES(f) BENCHMARK(f)->Arg(100)->Arg(100000)->Unit(benchmark::kMillisecond)
+TOURNESOL_DEUX_TAILLES(BM_Ouvrir);
+TOURNESOL_DEUX_TAILLES(BM_Sauver);
+TOURNESOL_DEUX_TAILLES(BM_ListePostes);
+TOURNESOL_DEUX_TAILLES(BM_ListeDeparts);
+TOURNESOL_DEUX_TAILLES(BM_ListePiquages);
+TOURNESOL_DEUX_TAILLES(BM_ListeProtections);
+TOURNESOL_DEUX_TAILLES(BM_ListeNumeros);
+// Last: each of its saves adds a substation, which the list of substations would count.
+TOURNESOL_DEUX_TAILLES(BM_SauverNouvelleLigne);
 
 } // namespace
+
+int main(int argc, char** argv) {
+    benchmark::Initialize(&argc, argv);
+    if (benchmark::ReportUnrecognizedArguments(argc, argv)) return 1;
+    benchmark::RunSpecifiedBenchmarks();
+    benchmark::Shutdown();
+    regions.clear();
+    return 0;
+}

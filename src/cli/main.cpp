@@ -2,6 +2,7 @@
 #ifdef TOURNESOL_AVEC_BASE
 #include "cli/Rapport.h"
 #include "database/BaseEtudesSql.h"
+#include "database/EtatBase.h"
 #include "database/Import.h"
 #endif
 #include "core/Couleurs.h"
@@ -14,10 +15,13 @@
 #include "relays/Relais.h"
 #include "shell/Ouverture.h"
 
+#include <charconv>
 #include <cstdlib>
 #include <fstream>
 #include <iostream>
+#include <map>
 #include <optional>
+#include <set>
 #include <string>
 #include <vector>
 
@@ -31,9 +35,9 @@ constexpr double TAILLE_SVG = 800.0;
 const char* const USAGE =
     "usage: tournesol-cli calc STUDY.json\n"
     "       tournesol-cli svg STUDY.json [-o FILE.svg]\n"
-    "       tournesol-cli save STUDY.json [--base DIR]\n"
+    "       tournesol-cli save STUDY.json [--base DIR] [--wait SECONDS]\n"
     "       tournesol-cli open --poste A --depart B [--piquage C] --protection NAME\n"
-    "                          --numero N [--base DIR]\n"
+    "                          --numero N [--base DIR] [--wait SECONDS]\n"
     "       tournesol-cli report STUDY.json -o FILE.pdf\n"
     "  calc   reads a study file, runs it from Open to the first drawing and prints the\n"
     "         resulting study as JSON\n"
@@ -42,7 +46,9 @@ const char* const USAGE =
     "  save   the same run, then saves the study in the base DIR/bd1.mdb (made when\n"
     "         missing) and prints the study with its keys\n"
     "  open   opens a saved study by its names, as the opening dialog does, runs it and\n"
-    "         prints it\n"
+    "         prints it; it reads the base and never writes it\n"
+    "         --wait: how long a base held by another user is waited for (10 s), then\n"
+    "         the command ends with exit 1\n"
     "  report the same run as calc, then the printed report (drawing, diagnostics, line)\n"
     "         written as a PDF file\n";
 
@@ -98,59 +104,179 @@ int Svg(const std::string& chemin, const std::optional<std::string>& sortie) {
 }
 
 #ifdef TOURNESOL_AVEC_BASE
-// The value that follows an option, if the option is there.
-std::optional<std::string> Option(const std::vector<std::string>& args, const std::string& nom) {
-    for (std::size_t i = 0; i + 1 < args.size(); ++i)
-        if (args[i] == nom) return args[i + 1];
-    return std::nullopt;
+// The options of a verb of the base, each given once with its value, and the other words.
+struct Options {
+    std::map<std::string, std::string> valeurs;
+    std::vector<std::string> mots;
+};
+
+// A refusal of the command line: what is wrong, for one line on stderr, and exit 2.
+struct Refus {
+    std::string texte;
+};
+
+Options LireOptions(const std::vector<std::string>& args, const std::set<std::string>& connues) {
+    Options o;
+    for (std::size_t i = 1; i < args.size(); ++i) {
+        const std::string& mot = args[i];
+        if (mot.rfind("--", 0) != 0) {
+            o.mots.push_back(mot);
+            continue;
+        }
+        if (!connues.count(mot)) throw Refus{"unknown option " + mot};
+        if (i + 1 >= args.size() || args[i + 1].rfind("--", 0) == 0)
+            throw Refus{"the option " + mot + " needs a value"};
+        if (!o.valeurs.emplace(mot, args[i + 1]).second)
+            throw Refus{"the option " + mot + " is given twice"};
+        ++i;
+    }
+    return o;
 }
 
-std::string DossierBase(const std::vector<std::string>& args) {
-    std::string dossier = Option(args, "--base").value_or("");
+// The folder of the base, ready for concatenation; the current folder without --base.
+std::string DossierBase(const Options& o) {
+    const auto it = o.valeurs.find("--base");
+    std::string dossier = it == o.valeurs.end() ? "" : it->second;
     if (!dossier.empty() && dossier.back() != '/') dossier.push_back('/');
     return dossier;
 }
 
-int Save(const std::string& chemin, const std::vector<std::string>& args) {
+// --wait SECONDS: how long a base held by another user is waited for (10 s without it).
+int AttenteMs(const Options& o) {
+    const auto it = o.valeurs.find("--wait");
+    if (it == o.valeurs.end()) return 10000;
+    const std::string& texte = it->second;
+    double secondes = -1.0;
+    const auto [fin, erreur] = std::from_chars(texte.data(), texte.data() + texte.size(), secondes);
+    if (erreur != std::errc() || fin != texte.data() + texte.size() || !(secondes >= 0.0) ||
+        secondes > 86400.0)
+        throw Refus{"--wait needs a number of seconds from 0 to 86400, not \"" + texte + "\""};
+    return static_cast<int>(secondes * 1000.0 + 0.5);
+}
+
+// A relay number: an integer from 1 to 32767.
+Entier16 Numero(const std::string& texte) {
+    int n = 0;
+    const auto [fin, erreur] = std::from_chars(texte.data(), texte.data() + texte.size(), n);
+    if (erreur != std::errc() || fin != texte.data() + texte.size() || n < 1 || n > 32767)
+        throw Refus{"--numero needs an integer from 1 to 32767, not \"" + texte + "\""};
+    return static_cast<Entier16>(n);
+}
+
+// The base of the folder, as the verb needs it: a refusal (exit 2) for what the user gave
+// wrong, the cause and exit 1 for the rest; nothing when the verb can go on.
+std::optional<int> VerifierBase(const std::string& dossier, bool pourEcrire) {
+    const EtatBase etat = ExaminerBase(dossier);
+    using G = EtatBase::Genre;
+    switch (etat.genre) {
+    case G::Utilisable:
+        return std::nullopt;
+    case G::Absente:
+        if (pourEcrire) return std::nullopt; // the save makes a new base
+        throw Refus{etat.raison};
+    case G::LectureSeule:
+        if (!pourEcrire) return std::nullopt;
+        break;
+    case G::DossierAbsent:
+    case G::Etrangere:
+        throw Refus{etat.raison};
+    case G::Illisible:
+    case G::Verrou:
+    case G::Autre:
+        break;
+    }
+    std::cerr << "tournesol-cli: " << etat.raison << "\n";
+    return 1;
+}
+
+// A command of the base that failed: its cause on stderr; exit 2 when the file turned out not
+// to be a base of this system, 1 otherwise.
+int EchecBase(const BaseEtudesSql& base, const char* quoi) {
+    const EtatBase& echec = base.DernierEchec();
+    std::string cause = echec.raison;
+    if (cause.empty()) cause = "unknown cause";
+    std::cerr << "tournesol-cli: " << quoi << ": " << cause << "\n";
+    using G = EtatBase::Genre;
+    return echec.genre == G::Etrangere || echec.genre == G::DossierAbsent ? SORTIE_USAGE : 1;
+}
+
+int Save(const std::vector<std::string>& args) {
+    const Options o = LireOptions(args, {"--base", "--wait"});
+    if (o.mots.size() != 1) throw Refus{"save needs one study file"};
+    const std::string dossier = DossierBase(o);
+    const int attente = AttenteMs(o);
+    if (const auto code = VerifierBase(dossier, true)) return *code;
     Session s;
-    if (!Ouvrir(chemin, s)) return SORTIE_USAGE;
-    BaseEtudesSql base(DossierBase(args));
-    const bool ok = ImporterEtude(base, s.e, s.dialogue);
+    if (!Ouvrir(o.mots[0], s)) return SORTIE_USAGE;
+    if (s.e.id_numero < 1)
+        throw Refus{o.mots[0] + ": id_numero " + std::to_string(s.e.id_numero) +
+                    " is not a relay number from 1 to 32767"};
+    BaseEtudesSql base(dossier, attente, false);
+    if (!ImporterEtude(base, s.e, s.dialogue)) return EchecBase(base, "the study was not saved");
     std::cout << EcrireEtude(s.e, s.dialogue.Messages());
-    if (!ok) std::cerr << "tournesol-cli: the study was not saved\n";
-    return ok ? 0 : 1;
+    return 0;
 }
 
 int Open(const std::vector<std::string>& args) {
-    const auto poste = Option(args, "--poste"), depart = Option(args, "--depart");
-    const auto protection = Option(args, "--protection"), numero = Option(args, "--numero");
-    if (!poste || !depart || !protection || !numero) {
-        std::cerr << USAGE;
-        return SORTIE_USAGE;
-    }
+    const Options o = LireOptions(
+        args, {"--base", "--wait", "--poste", "--depart", "--piquage", "--protection", "--numero"});
+    if (!o.mots.empty()) throw Refus{"open takes no study file: \"" + o.mots[0] + "\""};
+    for (const char* requise : {"--poste", "--depart", "--protection", "--numero"})
+        if (!o.valeurs.count(requise)) throw Refus{std::string("open needs ") + requise};
+    auto valeur = [&o](const char* nom) {
+        const auto it = o.valeurs.find(nom);
+        return it == o.valeurs.end() ? std::string() : it->second;
+    };
+    const Entier16 numero = Numero(valeur("--numero"));
+    const std::string protection = valeur("--protection");
+    int id_protection = 0;
+    for (int id = 1; id <= NOMBRE_RELAIS; ++id)
+        if (LEGENDES_PROTECTION[static_cast<std::size_t>(id - 1)] == protection) id_protection = id;
+    if (id_protection == 0) throw Refus{"unknown relay \"" + protection + "\""};
+    const std::string dossier = DossierBase(o);
+    const int attente = AttenteMs(o);
+    if (const auto code = VerifierBase(dossier, false)) return *code;
+
     Session s;
     InscrireRelais();
     InitRegistre(s.e);
     PreparerOuverture(s.e);
-    s.e.NomPoste = *poste;
-    s.e.NomDepart = *depart;
-    s.e.NomPiquage = Option(args, "--piquage").value_or("");
+    s.e.NomPoste = valeur("--poste");
+    s.e.NomDepart = valeur("--depart");
+    s.e.NomPiquage = valeur("--piquage");
     s.e.LigneTroisBouts = !s.e.NomPiquage.empty();
-    s.e.NomProtection = *protection;
-    s.e.id_numero = static_cast<Entier16>(std::atoi(numero->c_str()));
-    for (int id = 1; id <= NOMBRE_RELAIS; ++id)
-        if (LEGENDES_PROTECTION[static_cast<std::size_t>(id - 1)] == *protection)
-            s.e.id_protection = s.e.ProtectionChoisie = id;
-    if (s.e.id_protection == 0) {
-        std::cerr << "tournesol-cli: unknown relay \"" << *protection << "\"\n";
-        return SORTIE_USAGE;
-    }
-    BaseEtudesSql base(DossierBase(args));
+    s.e.NomProtection = protection;
+    s.e.id_numero = numero;
+    s.e.id_protection = s.e.ProtectionChoisie = id_protection;
+    BaseEtudesSql base(dossier, attente, false);
     base.Ouvrir(s.e, s.dialogue);
+    if (!base.DernierEchec().Utilisable()) return EchecBase(base, "the study was not read");
+    if (s.e.id_poste < 1) throw Refus{"unknown substation \"" + s.e.NomPoste + "\""};
+    if (s.e.id_depart < 1)
+        throw Refus{"unknown line end \"" + s.e.NomDepart + "\" at substation \"" + s.e.NomPoste +
+                    "\""};
+    const std::string ligne = s.e.NomPoste + " - " + s.e.NomDepart +
+                              (s.e.NomPiquage.empty() ? "" : " - " + s.e.NomPiquage);
+    if (!s.e.NomPiquage.empty() && s.e.id_piquage < 1)
+        throw Refus{"unknown tee \"" + s.e.NomPiquage + "\" on the line " + s.e.NomPoste + " - " +
+                    s.e.NomDepart};
+    if (s.e.id_reglage < 1)
+        throw Refus{"no relay " + protection + " number " + std::to_string(numero) +
+                    " on the line " + ligne};
     s.options.Choisir(s.e.TypeReportCharge);
     InitEtude(s.e, s.dialogue, s.options);
     std::cout << EcrireEtude(s.e, s.dialogue.Messages());
     return 0;
+}
+
+// A verb of the base, its refusals turned into one line on stderr and exit 2.
+int VerbeBase(int (*verbe)(const std::vector<std::string>&), const std::vector<std::string>& args) {
+    try {
+        return verbe(args);
+    } catch (const Refus& r) {
+        std::cerr << "tournesol-cli: " << args[0] << ": " << r.texte << "\n";
+        return SORTIE_USAGE;
+    }
 }
 #endif
 
@@ -159,9 +285,8 @@ int Open(const std::vector<std::string>& args) {
 int main(int argc, char** argv) {
     const std::vector<std::string> args(argv + 1, argv + argc);
 #ifdef TOURNESOL_AVEC_BASE
-    if (args.size() >= 2 && args[0] == "save" && (args.size() == 2 || args.size() == 4))
-        return Save(args[1], args);
-    if (!args.empty() && args[0] == "open") return Open(args);
+    if (!args.empty() && args[0] == "save") return VerbeBase(Save, args);
+    if (!args.empty() && args[0] == "open") return VerbeBase(Open, args);
     if (!args.empty() && args[0] == "report")
         return CommandeRapport({args.begin() + 1, args.end()});
 #endif

@@ -359,4 +359,10 @@ std::string EcrireEtude(const Etude& etude, const std::vector<MessageAffiche>& m
     return j.dump(2, ' ', false, Json::error_handler_t::replace) + "\n";
 }
 
+void PreparerImport(Etude& e) {
+    e.id_ligne = e.id_poste = e.id_depart = e.id_piquage = e.id_reglage = 0;
+    if (e.ProtectionChoisie == 0 && e.id_protection >= 1 && e.id_protection <= NOMBRE_RELAIS)
+        e.ProtectionChoisie = e.id_protection; // the relay choice of the study
+}
+
 } // namespace tournesol

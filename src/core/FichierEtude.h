@@ -35,4 +35,9 @@ void LireFichierEtude(const std::filesystem::path& chemin, Etude& e);
 // the messages shown in the run, in order.
 std::string EcrireEtude(const Etude& e, const std::vector<MessageAffiche>& messages = {});
 
+// A study read from a file as a save puts it into a base: the keys the file may hold belong to no
+// base and are forgotten (the save finds the line and the relay by their names), and its relay
+// becomes the relay choice.
+void PreparerImport(Etude& e);
+
 } // namespace tournesol

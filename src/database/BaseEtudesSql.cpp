@@ -6,6 +6,8 @@
 #include "database/Requete.h"
 #include "database/Schema.h"
 
+#include <QFile>
+#include <QFileInfo>
 #include <QSqlDatabase>
 #include <algorithm>
 #include <atomic>
@@ -103,16 +105,11 @@ void BaseEtudesSql::EcrireValeurTR(std::int32_t id_key, std::int32_t id_pos,
     const auto [v, type] = Coder(valeur);
     auto ecrire = [&, v = v, type = type] {
         // Over the value in place; a list that grew adds rows at its end.
-        Requete maj(Db(), R"(UPDATE "TR" SET "Valeur" = ?, "TypeValeur" = ?)"
-                          R"( WHERE "id_key" = ? AND "id_pos" = ?)");
-        maj << v << type << id_key << id_pos;
-        maj.Executer();
-        if (maj.LignesTouchees() < 1) {
-            Requete ajout(Db(), R"(INSERT INTO "TR" ("id_key", "id_pos", "Valeur", "TypeValeur"))"
-                                R"( VALUES (?, ?, ?, ?))");
-            ajout << id_key << id_pos << v << type;
-            ajout.Executer();
-        }
+        Requete r(Q(R"(INSERT INTO "TR" ("id_key", "id_pos", "Valeur", "TypeValeur"))"
+                    R"( VALUES (?, ?, ?, ?) ON CONFLICT ("id_key", "id_pos") DO UPDATE)"
+                    R"( SET "Valeur" = excluded."Valeur", "TypeValeur" = excluded."TypeValeur")"));
+        r << id_key << id_pos << v << type;
+        r.Executer();
         return true;
     };
     if (transaction_) {
@@ -125,13 +122,24 @@ void BaseEtudesSql::EcrireValeurTR(std::int32_t id_key, std::int32_t id_pos,
         }
         return;
     }
-    Lecture<bool>(ecrire, false); // on its own: a failure only shows as a missing value later
+    // On its own: a write transaction of its own, without a word; a failure only shows as a
+    // missing value later.
+    echec_ = {};
+    fichierNeuf_ = false;
+    if (Tenter() != Acces::Ouvert) return;
+    try {
+        ecrire();
+        Confirmer();
+    } catch (const ErreurBase&) {
+        Executer(Db(), "ROLLBACK");
+    }
+    Fermer();
 }
 
 ValeurTR BaseEtudesSql::LireValeurTR(std::int32_t id_key, std::int32_t id_pos) {
     auto lire = [&]() -> ValeurTR {
-        Requete r(Db(), R"(SELECT "Valeur", "TypeValeur" FROM "TR")"
-                        R"( WHERE "id_key" = ? AND "id_pos" = ?)");
+        Requete r(Q(R"(SELECT "Valeur", "TypeValeur" FROM "TR")"
+                    R"( WHERE "id_key" = ? AND "id_pos" = ?)"));
         r << id_key << id_pos;
         r.Executer();
         if (!r.Suivante()) return {};
@@ -149,23 +157,15 @@ ValeurTR BaseEtudesSql::LireValeurTR(std::int32_t id_key, std::int32_t id_pos) {
         return valeur;
     }
     // On its own: a base that cannot be read gives a missing value.
-    if (OuvrirFichier()) {
-        try {
-            valeur = lire();
-        } catch (const ErreurBase&) {
-            valeur = std::monostate{};
-        }
-    }
-    Db().close();
-    return valeur;
+    return Lecture<ValeurTR>(lire, ValeurTR{});
 }
 
 // ---------------------------------------------------------------------------------------------
 // Connection
 
-BaseEtudesSql::BaseEtudesSql(std::string rep_appli, int attenteVerrouMs)
+BaseEtudesSql::BaseEtudesSql(std::string rep_appli, int attenteVerrouMs, bool question)
     : rep_(std::move(rep_appli)), fichier_(rep_ + NOM_BASE), attente_(attenteVerrouMs),
-      magasin_(*this) {
+      question_(question), magasin_(*this) {
     static std::atomic<int> numero{0};
     nomConnexion_ = QStringLiteral("tournesol-base-%1").arg(++numero);
     QSqlDatabase::addDatabase(QStringLiteral("QSQLITE"), nomConnexion_);
@@ -174,10 +174,8 @@ BaseEtudesSql::BaseEtudesSql(std::string rep_appli, int attenteVerrouMs)
 BaseEtudesSql::~BaseEtudesSql() {
     {
         QSqlDatabase db = Db();
-        if (db.isOpen()) {
-            if (transaction_) Executer(db, "ROLLBACK");
-            db.close();
-        }
+        if (db.isOpen() && transaction_) Executer(db, "ROLLBACK");
+        Fermer();
     }
     QSqlDatabase::removeDatabase(nomConnexion_);
 }
@@ -186,39 +184,162 @@ QSqlDatabase BaseEtudesSql::Db() const {
     return QSqlDatabase::database(nomConnexion_, false);
 }
 
-bool BaseEtudesSql::OuvrirFichier() {
+void BaseEtudesSql::NoterEchec(EtatBase::Genre genre, const std::string& cause) {
+    echec_ = {genre, cause};
+}
+
+bool BaseEtudesSql::OuvrirFichier(bool lecture) {
     QSqlDatabase db = Db();
     if (db.isOpen()) return true;
     db.setDatabaseName(QString::fromStdString(fichier_));
-    if (EstSqlite(db))
-        db.setConnectOptions(QStringLiteral("QSQLITE_BUSY_TIMEOUT=%1").arg(attente_));
+    if (EstSqlite(db)) {
+        QString options = QStringLiteral("QSQLITE_BUSY_TIMEOUT=%1").arg(attente_);
+        if (lecture) options += QStringLiteral(";QSQLITE_OPEN_READONLY");
+        db.setConnectOptions(options);
+    }
     return db.open();
 }
 
+void BaseEtudesSql::Fermer() {
+    cache_.Vider();
+    Db().close();
+    transaction_ = false;
+}
+
 BaseEtudesSql::Acces BaseEtudesSql::Tenter() {
-    if (!OuvrirFichier()) {
-        Db().close();
+    using G = EtatBase::Genre;
+    const QFileInfo dossier(QString::fromStdString(rep_.empty() ? "." : rep_));
+    if (!dossier.isDir()) {
+        NoterEchec(G::DossierAbsent, "the folder " + rep_ + " does not exist");
+        return Acces::Refuse;
+    }
+    fichierNeuf_ = !QFileInfo::exists(QString::fromStdString(fichier_));
+    if (!OuvrirFichier(false)) {
+        NoterEchec(G::Illisible, "the base " + fichier_ + " cannot be opened (" +
+                                     Db().lastError().text().toStdString() + ")");
+        Fermer();
         return Acces::Refuse;
     }
     QSqlDatabase db = Db();
     // The write lock is taken at once, so that a base held by another writer shows here and not
-    // in the middle of the command.
+    // in the middle of the command; the wait is SQLite's busy wait.
     QSqlError erreur = EstSqlite(db) ? Executer(db, "BEGIN IMMEDIATE")
                                      : (db.transaction() ? QSqlError() : db.lastError());
-    bool debute = !erreur.isValid();
-    if (debute) {
-        for (const std::string& creation : CreationTables()) {
-            erreur = Executer(db, creation.c_str());
-            if (erreur.isValid()) break;
+    if (erreur.isValid()) {
+        Fermer();
+        const ErreurBase x(erreur);
+        if (x.Verrou()) {
+            NoterEchec(G::Verrou, "the base " + fichier_ + " is locked by another user");
+            return Acces::Partage;
         }
+        if (x.PasUneBase()) {
+            NoterEchec(G::Etrangere, fichier_ + " is not a base of TOURNESOL (" + x.what() + ")");
+            return Acces::Etrangere;
+        }
+        NoterEchec(G::Illisible, "the base " + fichier_ + " cannot be written (" + x.what() + ")");
+        return Acces::Refuse;
     }
-    if (!erreur.isValid()) {
-        transaction_ = true;
-        return Acces::Ouvert;
+    transaction_ = true;
+    try {
+        const Contenu contenu = Reconnaitre(db);
+        if (contenu == Contenu::Etrangere) {
+            Executer(db, "ROLLBACK");
+            Fermer();
+            NoterEchec(G::Etrangere, fichier_ + " is not a base of TOURNESOL (another program's "
+                                                "SQLite file, or a later version's)");
+            return Acces::Etrangere;
+        }
+        if (contenu != Contenu::Systeme) {
+            // A new base, or one of an earlier version: its tables, its indexes and its mark,
+            // once, in the command's transaction.
+            for (const std::string& creation : CreationTables()) {
+                const QSqlError e = Executer(db, creation.c_str());
+                if (e.isValid()) throw ErreurBase(e);
+            }
+            for (const std::string& marque :
+                 {"PRAGMA application_id = " + std::to_string(MARQUE_BASE),
+                  "PRAGMA user_version = " + std::to_string(VERSION_SCHEMA)}) {
+                const QSqlError e = Executer(db, marque.c_str());
+                if (e.isValid()) throw ErreurBase(e);
+            }
+        }
+    } catch (const ErreurBase& x) {
+        Executer(db, "ROLLBACK");
+        Fermer();
+        if (x.Verrou()) {
+            NoterEchec(G::Verrou, "the base " + fichier_ + " is locked by another user");
+            return Acces::Partage;
+        }
+        if (x.PasUneBase()) {
+            NoterEchec(G::Etrangere, fichier_ + " is not a base of TOURNESOL (" + x.what() + ")");
+            return Acces::Etrangere;
+        }
+        NoterEchec(G::Illisible, "the base " + fichier_ + " cannot be read (" + x.what() + ")");
+        return Acces::Refuse;
     }
-    if (debute) Executer(db, "ROLLBACK");
-    db.close();
-    return EstVerrou(erreur) ? Acces::Partage : Acces::Refuse;
+    return Acces::Ouvert;
+}
+
+BaseEtudesSql::Acces BaseEtudesSql::TenterLecture() {
+    using G = EtatBase::Genre;
+    const QFileInfo info(QString::fromStdString(fichier_));
+    // A missing file is not made by a read: it is a base that holds nothing yet.
+    if (!info.exists() || (info.isFile() && info.size() == 0)) return Acces::Vide;
+    if (!OuvrirFichier(true)) {
+        NoterEchec(G::Illisible, "the base " + fichier_ + " cannot be opened (" +
+                                     Db().lastError().text().toStdString() + ")");
+        Fermer();
+        return Acces::Refuse;
+    }
+    QSqlDatabase db = Db();
+    const QSqlError erreur =
+        EstSqlite(db) ? Executer(db, "BEGIN") : (db.transaction() ? QSqlError() : db.lastError());
+    if (erreur.isValid()) {
+        Fermer();
+        NoterEchec(G::Illisible, "the base " + fichier_ + " cannot be read (" +
+                                     erreur.text().toStdString() + ")");
+        return Acces::Refuse;
+    }
+    transaction_ = true;
+    try {
+        switch (Reconnaitre(db)) {
+        case Contenu::Systeme:
+        case Contenu::Ancienne:
+            return Acces::Ouvert;
+        case Contenu::Vide:
+            FinLecture();
+            return Acces::Vide;
+        case Contenu::Etrangere:
+            FinLecture();
+            NoterEchec(G::Etrangere, fichier_ + " is not a base of TOURNESOL (another program's "
+                                                "SQLite file, or a later version's)");
+            return Acces::Etrangere;
+        }
+    } catch (const ErreurBase& x) {
+        FinLecture();
+        if (x.Verrou()) {
+            NoterEchec(G::Verrou, "the base " + fichier_ + " is locked by another user");
+            return Acces::Partage;
+        }
+        if (x.PasUneBase()) {
+            NoterEchec(G::Etrangere, fichier_ + " is not a base of TOURNESOL (" + x.what() + ")");
+            return Acces::Etrangere;
+        }
+        NoterEchec(G::Illisible, "the base " + fichier_ + " cannot be read (" + x.what() + ")");
+    }
+    return Acces::Refuse;
+}
+
+void BaseEtudesSql::FinLecture() {
+    QSqlDatabase db = Db();
+    cache_.Vider();
+    if (transaction_ && db.isOpen()) {
+        if (EstSqlite(db))
+            Executer(db, "ROLLBACK"); // nothing was written: the end of the read
+        else
+            db.rollback();
+    }
+    Fermer();
 }
 
 bool BaseEtudesSql::OuvrirConnexion(Etude& e, Dialogue& d) {
@@ -226,7 +347,7 @@ bool BaseEtudesSql::OuvrirConnexion(Etude& e, Dialogue& d) {
         e.ConnexionOuverte = true;
         return true;
     }
-    int essais = 3;
+    int essais = question_ ? 3 : 0;
     for (;;) {
         switch (Tenter()) {
         case Acces::Ouvert:
@@ -234,6 +355,13 @@ bool BaseEtudesSql::OuvrirConnexion(Etude& e, Dialogue& d) {
             return true;
         case Acces::Partage: {
             if (--essais >= 0) continue; // again at once, without a word
+            if (!question_) {
+                std::string secondes = std::to_string(attente_ / 1000);
+                if (attente_ % 1000 != 0) secondes += "." + std::to_string(attente_ % 1000 / 100);
+                echec_.raison += " (waited " + secondes + " s)";
+                FermerConnexion(e);
+                return false;
+            }
             e.sTitre = "TOURNESOL : access impossible";
             e.IconeMessage = 2;
             e.sMessage = "the master base (" + rep_ + "\\bd1.mdb) is shared.\r\n\r\n" +
@@ -250,11 +378,17 @@ bool BaseEtudesSql::OuvrirConnexion(Etude& e, Dialogue& d) {
             essais = 3;
             continue;
         }
-        case Acces::Refuse: {
+        case Acces::Vide: // not given by a write attempt
+        case Acces::Refuse:
+        case Acces::Etrangere: {
             e.sTitre = "TOURNESOL : accès refusé";
             e.IconeMessage = 2;
-            e.sMessage = "The master base  (" + rep_ + "\\bd1.MDB) does not exist.\r\n\r\n" +
-                         "Access rejected.";
+            if (echec_.genre == EtatBase::Genre::Etrangere)
+                e.sMessage = "The master base  (" + rep_ +
+                             "\\bd1.MDB) is not a base of TOURNESOL.\r\n\r\n" + "Access rejected.";
+            else
+                e.sMessage = "The master base  (" + rep_ + "\\bd1.MDB) does not exist.\r\n\r\n" +
+                             "Access rejected.";
             const bool sablier = d.Sablier(false);
             AfficherMessage(e, d);
             d.Sablier(sablier);
@@ -268,6 +402,7 @@ bool BaseEtudesSql::OuvrirConnexion(Etude& e, Dialogue& d) {
 void BaseEtudesSql::Confirmer() {
     QSqlDatabase db = Db();
     if (!transaction_) return;
+    cache_.Vider(); // every statement finished before the commit
     const QSqlError erreur =
         EstSqlite(db) ? Executer(db, "COMMIT") : (db.commit() ? QSqlError() : db.lastError());
     if (erreur.isValid()) {
@@ -285,10 +420,11 @@ bool BaseEtudesSql::FermerConnexion(Etude& e) {
     bool ok = true;
     try {
         Confirmer();
-    } catch (const ErreurBase&) {
+    } catch (const ErreurBase& x) {
+        NoterEchec(x.Verrou() ? EtatBase::Genre::Verrou : EtatBase::Genre::Autre, x.what());
         ok = false;
     }
-    Db().close();
+    Fermer();
     e.ConnexionOuverte = false;
     return ok;
 }
@@ -296,31 +432,47 @@ bool BaseEtudesSql::FermerConnexion(Etude& e) {
 void BaseEtudesSql::Abandonner(Etude& e) {
     {
         QSqlDatabase db = Db();
-        if (transaction_) {
+        cache_.Vider();
+        if (transaction_ && db.isOpen()) {
             if (EstSqlite(db))
                 Executer(db, "ROLLBACK");
             else
                 db.rollback();
         }
-        transaction_ = false;
-        db.close();
+        Fermer();
+    }
+    // A file this command made and left empty goes with it: the folder is as it was.
+    if (fichierNeuf_) {
+        QFile fichier(QString::fromStdString(fichier_));
+        if (fichier.exists() && fichier.size() == 0) fichier.remove();
     }
     e.ConnexionOuverte = false;
 }
 
 bool BaseEtudesSql::Commande(Etude& e, Dialogue& d, const std::function<void()>& travail,
                              const std::string& echec) {
-    if (!OuvrirConnexion(e, d)) return false;
+    echec_ = {};
+    fichierNeuf_ = false;
+    if (!OuvrirConnexion(e, d)) {
+        if (fichierNeuf_) {
+            QFile fichier(QString::fromStdString(fichier_));
+            if (fichier.exists() && fichier.size() == 0) fichier.remove();
+        }
+        return false;
+    }
     erreurMagasin_.reset();
     try {
         travail();
         if (erreurMagasin_) throw ErreurBase(*erreurMagasin_);
         Confirmer();
-        Db().close();
+        Fermer();
         e.ConnexionOuverte = false;
         return true;
     } catch (const std::exception& x) {
         erreurMagasin_.reset();
+        const auto* base = dynamic_cast<const ErreurBase*>(&x);
+        NoterEchec(base && base->Verrou() ? EtatBase::Genre::Verrou : EtatBase::Genre::Autre,
+                   x.what());
         Abandonner(e);
         e.sTitre = "TOURNESOL : Attention !";
         e.IconeMessage = 2;
@@ -340,33 +492,30 @@ template <class R> R BaseEtudesSql::Lecture(const std::function<R()>& lire, R de
             return defaut;
         }
     }
-    if (!OuvrirFichier()) {
-        Db().close();
-        return defaut;
-    }
+    if (TenterLecture() != Acces::Ouvert) return defaut;
     std::optional<R> r;
     try {
         r = lire();
     } catch (const ErreurBase&) {
         r.reset();
     }
-    Db().close();
+    FinLecture();
     return r ? std::move(*r) : defaut;
 }
 
 std::int32_t BaseEtudesSql::ProchainId(Table table) {
-    const std::string sql =
-        std::string(R"(SELECT COUNT(*), MAX("id") FROM ")") + NomTable(table) + "\"";
-    Requete r(Db(), sql.c_str());
+    // The largest key is read from the key's index; an empty table gives Null.
+    const std::string sql = std::string(R"(SELECT MAX("id") FROM ")") + NomTable(table) + "\"";
+    Requete r(Q(sql));
     r.Executer();
-    if (!r.Suivante() || r.Entier(0) == 0) return 1;
-    return std::max(1, r.Entier(1)) + 1; // the running maximum starts at 1
+    if (!r.Suivante() || r.Valeur(0).isNull()) return 1;
+    return std::max(1, r.Entier(0)) + 1; // the running maximum starts at 1
 }
 
 bool BaseEtudesSql::Existe(Table table, std::int32_t id) {
     const std::string sql =
         std::string(R"(SELECT COUNT(*) FROM ")") + NomTable(table) + R"(" WHERE "id" = ?)";
-    Requete r(Db(), sql.c_str());
+    Requete r(Q(sql));
     r << id;
     r.Executer();
     return r.Suivante() && r.Entier(0) > 0;
@@ -377,15 +526,14 @@ bool BaseEtudesSql::Existe(Table table, std::int32_t id) {
 // the same name the first made counts.
 
 std::int32_t BaseEtudesSql::CleDuPoste(const std::string& nom) {
-    Requete r(Db(), R"(SELECT "id" FROM "Poste" WHERE "nom" = ? ORDER BY "id")");
+    Requete r(Q(R"(SELECT "id" FROM "Poste" WHERE "nom" = ? ORDER BY "id")"));
     r << nom;
     r.Executer();
     return r.Suivante() ? r.Entier(0) : 0;
 }
 
 std::int32_t BaseEtudesSql::CleDuDepart(const std::string& nom, std::int32_t id_poste) {
-    Requete r(Db(),
-              R"(SELECT "id" FROM "Départ" WHERE "nom" = ? AND "id_poste" = ? ORDER BY "id")");
+    Requete r(Q(R"(SELECT "id" FROM "Départ" WHERE "nom" = ? AND "id_poste" = ? ORDER BY "id")"));
     r << nom << id_poste;
     r.Executer();
     return r.Suivante() ? r.Entier(0) : 0;
@@ -394,15 +542,15 @@ std::int32_t BaseEtudesSql::CleDuDepart(const std::string& nom, std::int32_t id_
 std::int32_t BaseEtudesSql::CleDuPiquage(const std::string& nom, std::int32_t id_depart,
                                          std::int32_t id_poste) {
     if (nom.empty()) return 0;
-    Requete r(Db(), R"(SELECT "id" FROM "Piquage" WHERE "nom" = ? AND "id_départ" = ?)"
-                    R"( AND "id_poste" = ? ORDER BY "id")");
+    Requete r(Q(R"(SELECT "id" FROM "Piquage" WHERE "nom" = ? AND "id_départ" = ?)"
+                R"( AND "id_poste" = ? ORDER BY "id")"));
     r << nom << id_depart << id_poste;
     r.Executer();
     return r.Suivante() ? r.Entier(0) : 0;
 }
 
 std::int32_t BaseEtudesSql::CleDeProtection(const std::string& nom) {
-    Requete r(Db(), R"(SELECT "id" FROM "Protection" WHERE "nom" = ? ORDER BY "id")");
+    Requete r(Q(R"(SELECT "id" FROM "Protection" WHERE "nom" = ? ORDER BY "id")"));
     r << nom;
     r.Executer();
     return r.Suivante() ? r.Entier(0) : 0;
@@ -449,8 +597,8 @@ std::vector<std::string> BaseEtudesSql::Postes() {
     return Lecture<std::vector<std::string>>(
         [&] {
             std::vector<std::string> noms;
-            Requete r(Db(), R"(SELECT DISTINCT "nom" FROM "Poste" WHERE "nom" IS NOT NULL)"
-                            R"( ORDER BY "nom")");
+            Requete r(Q(R"(SELECT DISTINCT "nom" FROM "Poste" WHERE "nom" IS NOT NULL)"
+                        R"( ORDER BY "nom")"));
             r.Executer();
             while (r.Suivante())
                 noms.push_back(r.Texte(0));
@@ -465,8 +613,8 @@ std::vector<std::string> BaseEtudesSql::Departs(const std::string& poste) {
             std::vector<std::string> noms;
             const std::int32_t id_poste = CleDuPoste(poste);
             if (id_poste == 0) return noms;
-            Requete r(Db(), R"(SELECT DISTINCT "nom" FROM "Départ" WHERE "id_poste" = ?)"
-                            R"( AND "nom" IS NOT NULL ORDER BY "nom")");
+            Requete r(Q(R"(SELECT DISTINCT "nom" FROM "Départ" WHERE "id_poste" = ?)"
+                        R"( AND "nom" IS NOT NULL ORDER BY "nom")"));
             r << id_poste;
             r.Executer();
             while (r.Suivante())
@@ -484,8 +632,8 @@ std::vector<std::string> BaseEtudesSql::Piquages(const std::string& poste,
             const std::int32_t id_poste = CleDuPoste(poste);
             const std::int32_t id_depart = id_poste ? CleDuDepart(depart, id_poste) : 0;
             if (id_depart == 0) return noms;
-            Requete r(Db(), R"(SELECT DISTINCT "nom" FROM "Piquage" WHERE "id_poste" = ?)"
-                            R"( AND "id_départ" = ? AND "nom" IS NOT NULL ORDER BY "nom")");
+            Requete r(Q(R"(SELECT DISTINCT "nom" FROM "Piquage" WHERE "id_poste" = ?)"
+                        R"( AND "id_départ" = ? AND "nom" IS NOT NULL ORDER BY "nom")"));
             r << id_poste << id_depart;
             r.Executer();
             while (r.Suivante())
@@ -506,11 +654,11 @@ std::vector<std::string> BaseEtudesSql::Protections(const std::string& poste,
             const std::int32_t id_piquage = CleDuPiquage(piquage, id_depart, id_poste);
             if (id_depart == 0 || (!piquage.empty() && id_piquage == 0)) return liste;
             // In the order of the registry.
-            Requete r(Db(), R"(SELECT DISTINCT "Protection"."id", "Protection"."nom")"
-                            R"( FROM "Protection" INNER JOIN "Tournesol")"
-                            R"( ON "Tournesol"."id_protection" = "Protection"."id")"
-                            R"( WHERE "Tournesol"."id_poste" = ? AND "Tournesol"."id_départ" = ?)"
-                            R"( AND "Tournesol"."id_piquage" = ? ORDER BY "Protection"."id")");
+            Requete r(Q(R"(SELECT DISTINCT "Protection"."id", "Protection"."nom")"
+                        R"( FROM "Protection" INNER JOIN "Tournesol")"
+                        R"( ON "Tournesol"."id_protection" = "Protection"."id")"
+                        R"( WHERE "Tournesol"."id_poste" = ? AND "Tournesol"."id_départ" = ?)"
+                        R"( AND "Tournesol"."id_piquage" = ? ORDER BY "Protection"."id")"));
             r << id_poste << id_depart << id_piquage;
             r.Executer();
             while (r.Suivante())
@@ -532,9 +680,9 @@ std::vector<int> BaseEtudesSql::Numeros(const std::string& poste, const std::str
             const std::int32_t id_piquage = CleDuPiquage(piquage, id_depart, id_poste);
             const std::int32_t id_protection = CleDeProtection(protection);
             if (id_depart == 0 || id_protection == 0) return numeros;
-            Requete r(Db(), R"(SELECT DISTINCT "id_numéro" FROM "Tournesol" WHERE "id_poste" = ?)"
-                            R"( AND "id_départ" = ? AND "id_piquage" = ? AND "id_protection" = ?)"
-                            R"( ORDER BY "id_numéro")");
+            Requete r(Q(R"(SELECT DISTINCT "id_numéro" FROM "Tournesol" WHERE "id_poste" = ?)"
+                        R"( AND "id_départ" = ? AND "id_piquage" = ? AND "id_protection" = ?)"
+                        R"( ORDER BY "id_numéro")"));
             r << id_poste << id_depart << id_piquage << id_protection;
             r.Executer();
             while (r.Suivante())
@@ -547,15 +695,37 @@ std::vector<int> BaseEtudesSql::Numeros(const std::string& poste, const std::str
 // ---------------------------------------------------------------------------------------------
 // Opening a study
 
+namespace {
+// The columns read back from Ligne, in the table's order, and the statement that reads them.
+const std::vector<const ColonneLigne*>& ColonnesRelues() {
+    static const std::vector<const ColonneLigne*> colonnes = [] {
+        std::vector<const ColonneLigne*> c;
+        for (const ColonneLigne& colonne : ColonnesLigne())
+            if (colonne.Remettre) c.push_back(&colonne);
+        return c;
+    }();
+    return colonnes;
+}
+
+const std::string& LectureLigne() {
+    static const std::string sql = [] {
+        std::string s = "SELECT ";
+        for (const ColonneLigne* c : ColonnesRelues())
+            s += (s.size() > 7 ? ", \"" : "\"") + c->Nom + "\"";
+        return s + R"( FROM "Ligne" WHERE "id" = ?)";
+    }();
+    return sql;
+}
+} // namespace
+
 void BaseEtudesSql::LireLigne(Etude& e) {
-    Requete r(Db(), R"(SELECT * FROM "Ligne" WHERE "id" = ?)");
+    Requete r(Q(LectureLigne()));
     r << e.id_ligne;
     r.Executer();
     if (!r.Suivante()) return;
-    for (const ColonneLigne& c : ColonnesLigne()) {
-        const QString nom = QString::fromStdString(c.Nom);
-        if (c.Remettre && r.Contient(nom)) c.Remettre(e, r.Valeur(nom));
-    }
+    const auto& colonnes = ColonnesRelues();
+    for (std::size_t i = 0; i < colonnes.size(); ++i)
+        colonnes[i]->Remettre(e, r.Valeur(static_cast<int>(i)));
     // The table keeps no zero sequence angle: it is the angle of the section's Ro + j Xo.
     for (std::size_t i = 0; i < 3; ++i)
         if (e.Ligne_Ro[i] != 0.0 || e.Ligne_Xo[i] != 0.0)
@@ -563,8 +733,8 @@ void BaseEtudesSql::LireLigne(Etude& e) {
 }
 
 void BaseEtudesSql::LireReglage(Etude& e) {
-    Requete r(Db(), R"(SELECT "TypeReportCharge", "Left", "Width", "Top", "Height")"
-                    R"( FROM "Réglage" WHERE "id" = ?)");
+    Requete r(Q(R"(SELECT "TypeReportCharge", "Left", "Width", "Top", "Height")"
+                R"( FROM "Réglage" WHERE "id" = ?)"));
     r << e.id_reglage;
     r.Executer();
     if (r.Suivante()) {
@@ -588,39 +758,27 @@ bool BaseEtudesSql::LireEtude(Etude& e) {
     e.id_ligne = 0;
     e.id_reglage = 0;
 
-    // The line: the Ligne row of its first link row that has one.
+    // The line: the Ligne row of its first link row that has one. A line with nothing saved yet
+    // opens as a new line in memory; the save makes its rows.
+    e.id_ligne = e.NouvelleLigne ? 0 : LigneDesLiens(e);
+    if (e.id_ligne >= 1)
+        LireLigne(e);
+    else
+        e.NouvelleLigne = true;
     bool liens = false;
-    bool ligne = false;
-    if (!e.NouvelleLigne) {
-        Requete r(Db(), R"(SELECT "id_ligne" FROM "Tournesol" WHERE "id_poste" = ?)"
-                        R"( AND "id_départ" = ? AND "id_piquage" = ? ORDER BY "id")");
+    if (e.id_depart >= 1) {
+        Requete r(Q(R"(SELECT 1 FROM "Tournesol" WHERE "id_poste" = ? AND "id_départ" = ?)"
+                    R"( AND "id_piquage" = ? LIMIT 1)"));
         r << e.id_poste << e.id_depart << e.id_piquage;
         r.Executer();
-        while (!ligne && r.Suivante()) {
-            liens = true;
-            const std::int32_t id = r.Entier(0);
-            if (id >= 1 && Existe(Table::Ligne, id)) {
-                e.id_ligne = id;
-                ligne = true;
-            }
-        }
-    }
-    if (ligne) {
-        LireLigne(e);
-    } else {
-        // A line with nothing saved yet: its row is made now, the save fills it.
-        e.NouvelleLigne = true;
-        e.id_ligne = ProchainId(Table::Ligne);
-        Requete r(Db(), R"(INSERT INTO "Ligne" ("id") VALUES (?))");
-        r << e.id_ligne;
-        r.Executer();
+        liens = r.Suivante();
     }
 
     // The relay: its link row by the five keys, its setting row and its settings.
     if (!liens || e.id_protection < 1 || e.id_numero < 1) return false;
-    Requete r(Db(), R"(SELECT "id_réglage" FROM "Tournesol" WHERE "id_poste" = ?)"
-                    R"( AND "id_départ" = ? AND "id_piquage" = ? AND "id_protection" = ?)"
-                    R"( AND "id_numéro" = ? ORDER BY "id")");
+    Requete r(Q(R"(SELECT "id_réglage" FROM "Tournesol" WHERE "id_poste" = ?)"
+                R"( AND "id_départ" = ? AND "id_piquage" = ? AND "id_protection" = ?)"
+                R"( AND "id_numéro" = ? ORDER BY "id" LIMIT 1)"));
     r << e.id_poste << e.id_depart << e.id_piquage << e.id_protection << e.id_numero;
     r.Executer();
     if (!r.Suivante()) return true; // on a known line, a relay the base does not hold
@@ -629,18 +787,56 @@ bool BaseEtudesSql::LireEtude(Etude& e) {
     return false;
 }
 
+// The Ligne row of the first link row of the line that has one; 0 when none.
+std::int32_t BaseEtudesSql::LigneDesLiens(const Etude& e) {
+    Requete r(Q(R"(SELECT "Tournesol"."id_ligne" FROM "Tournesol" INNER JOIN "Ligne")"
+                R"( ON "Ligne"."id" = "Tournesol"."id_ligne" WHERE "Tournesol"."id_poste" = ?)"
+                R"( AND "Tournesol"."id_départ" = ? AND "Tournesol"."id_piquage" = ?)"
+                R"( AND "Tournesol"."id_ligne" >= 1 ORDER BY "Tournesol"."id" LIMIT 1)"));
+    r << e.id_poste << e.id_depart << e.id_piquage;
+    r.Executer();
+    return r.Suivante() ? r.Entier(0) : 0;
+}
+
 void BaseEtudesSql::Ouvrir(Etude& e, Dialogue& d) {
     const bool sablier = d.Sablier(true);
     const ClesEtude avant = ClesEtude::De(e);
+    echec_ = {};
     bool relaisAbsent = false;
-    const bool ok = Commande(
-        e, d, [&] { relaisAbsent = LireEtude(e); },
-        "The study could not be read from the master base; it starts as a new line.");
-    if (!ok) {
-        // A new line: no key of the study in memory before may point the save at its rows.
+    bool lue = false;
+    const Acces acces = TenterLecture();
+    if (acces == Acces::Ouvert) {
+        try {
+            relaisAbsent = LireEtude(e);
+            if (erreurMagasin_) throw ErreurBase(*erreurMagasin_);
+            lue = true;
+        } catch (const std::exception& x) {
+            const auto* base = dynamic_cast<const ErreurBase*>(&x);
+            NoterEchec(base && base->Verrou() ? EtatBase::Genre::Verrou : EtatBase::Genre::Autre,
+                       x.what());
+        }
+        erreurMagasin_.reset();
+        FinLecture();
+    }
+    e.ConnexionOuverte = false;
+    if (!lue) {
+        // A new line in memory: no key of the study before may point the save at its rows.
         avant.Remettre(e);
         e.NouvelleLigne = true;
+        e.ProtectionInconnue = true;
         e.id_ligne = e.id_reglage = e.id_poste = e.id_depart = e.id_piquage = 0;
+        relaisAbsent = false;
+        if (acces != Acces::Vide) {
+            // The base is there but cannot be read: the user is told, once it is closed.
+            e.sTitre = "TOURNESOL : Attention !";
+            e.IconeMessage = 2;
+            e.sMessage = "The study could not be read from the master base; it starts as a new "
+                         "line.\r\n\r\n(" +
+                         echec_.raison + ")";
+            const bool pointeur = d.Sablier(false);
+            AfficherMessage(e, d);
+            d.Sablier(pointeur);
+        }
     }
     d.Sablier(sablier);
     if (relaisAbsent) {

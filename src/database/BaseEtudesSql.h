@@ -1,10 +1,13 @@
 // The study base on Qt SQL: the file bd1.mdb (SQLite) in the directory of the master base.
-// Tables are made when the file is new. Every command (save, opening, deletion) is one
-// transaction: it is written whole or not at all.
+// Tables are made when the file is new or empty. Every command is one transaction: a save or a
+// deletion takes the base for writing at its start and is written whole or not at all; the
+// opening and the lists read in a read transaction and never write.
 #pragma once
 
 #include "core/BaseEtudes.h"
 #include "core/Magasin.h"
+#include "database/EtatBase.h"
+#include "database/Requete.h"
 
 #include <QString>
 #include <cstdint>
@@ -41,13 +44,18 @@ public:
     // `rep_appli`: the directory of the master base as Rep_appli holds it, ready for plain
     // concatenation (its trailing separator included); empty for the current directory. The
     // base file is rep_appli + "bd1.mdb". `attenteVerrouMs`: how long one attempt waits for a
-    // base held by another writer before it counts as failed.
-    explicit BaseEtudesSql(std::string rep_appli, int attenteVerrouMs = 1000);
+    // base held by another writer before it counts as failed (readers wait as long for a writer
+    // that is committing). `question`: after three such attempts the user is asked whether to
+    // try again; without it (the command line) the first failed attempt ends the command.
+    explicit BaseEtudesSql(std::string rep_appli, int attenteVerrouMs = 1000, bool question = true);
     ~BaseEtudesSql() override;
     BaseEtudesSql(const BaseEtudesSql&) = delete;
     BaseEtudesSql& operator=(const BaseEtudesSql&) = delete;
 
     const std::string& Fichier() const { return fichier_; }
+
+    // Why the last command failed (Genre Utilisable when it did not), with the cause.
+    const EtatBase& DernierEchec() const { return echec_; }
 
     // The lists of the opening dialog. A base that cannot be read gives empty lists (and the
     // relay list its last entry only).
@@ -68,10 +76,11 @@ public:
     std::unique_ptr<Panneau> PanneauSuppression(Etude& e, Dialogue& d) override;
     MagasinReglages& Magasin() override { return magasin_; }
 
-    // Opens the base (making its tables when the file is new) and takes it for writing: the
-    // command's transaction starts. A base held by another writer is tried three more times,
-    // then the user is asked ("&Try again", "&Leave"); a base that cannot be opened is reported.
-    // False when the command cannot go on. Does nothing when the connection is open already.
+    // Opens the base (making its tables when the file is new or empty) and takes it for writing:
+    // the command's transaction starts. A base held by another writer is tried three more times,
+    // then the user is asked ("&Try again", "&Leave"); a base that cannot be opened, or a file
+    // that is not a base of this system, is reported and left untouched. False when the command
+    // cannot go on. Does nothing when the connection is open already.
     bool OuvrirConnexion(Etude& e, Dialogue& d);
     // Ends the command: what it wrote is committed and the base is closed. False when the commit
     // failed, in which case nothing of the command was written.
@@ -96,11 +105,19 @@ public:
 
 private:
     friend class MagasinTR;
-    enum class Acces { Ouvert, Partage, Refuse };
+    enum class Acces { Ouvert, Vide, Partage, Refuse, Etrangere };
 
     QSqlDatabase Db() const;
-    bool OuvrirFichier();
+    // The statement of that text, prepared once for the connection.
+    QSqlQuery& Q(const std::string& sql) { return cache_.Preparee(Db(), sql); }
+    bool OuvrirFichier(bool lecture);
+    void Fermer();
+    // One attempt at the write transaction; the schema is made in it when the base has no mark.
     Acces Tenter();
+    // The read transaction; Vide for a missing or empty file or an SQLite file without tables.
+    Acces TenterLecture();
+    void FinLecture();
+    void NoterEchec(EtatBase::Genre genre, const std::string& cause);
     // Commits the command's transaction; throws when the base refuses (then rolled back).
     void Confirmer();
     void Abandonner(Etude& e);
@@ -108,8 +125,8 @@ private:
     // `echec` with the cause.
     bool Commande(Etude& e, Dialogue& d, const std::function<void()>& travail,
                   const std::string& echec);
-    // Runs a read: in the command's transaction when one runs, else on a connection opened for
-    // it. `defaut` when the base cannot be read.
+    // Runs a read: in the command's transaction when one runs, else in a read transaction of
+    // its own. `defaut` when the base cannot be read or holds nothing.
     template <class R> R Lecture(const std::function<R()>& lire, R defaut);
 
     bool Existe(Table table, std::int32_t id);
@@ -124,12 +141,19 @@ private:
 
     // The save, step by step.
     bool Enregistrer(Etude& e, Dialogue& d, bool superposition);
+    // The number of the relay, asked before the save takes the base when it is below 1. False
+    // when the user gave none.
+    bool DemanderNumero(Etude& e, Dialogue& d);
+    // The keys of the line, inside the save's transaction: a key the base does not hold is
+    // looked for by the names, so that two writers never make the same row.
+    void ChercherClesSauvegarde(Etude& e);
+    std::int32_t LigneDesLiens(const Etude& e);
     void SauverLigne(Etude& e);
     void SauverDepart(Etude& e);
     void SauverPiquage(Etude& e);
     void SauverPoste(Etude& e);
-    void SauverProtection(Etude& e, Dialogue& d);
-    void SauverTournesol(Etude& e, Dialogue& d);
+    void SauverProtection(Etude& e);
+    void SauverTournesol(Etude& e);
     void SauverReglage(Etude& e, bool superposition);
     // The setting row id_reglage, with the report case and the start scale.
     void NouveauReglage(const Etude& e);
@@ -152,7 +176,12 @@ private:
     std::string fichier_;
     QString nomConnexion_;
     int attente_;
+    bool question_;
     bool transaction_ = false;
+    bool fichierNeuf_ = false;   // the write connection made the file
+    bool relaisInconnu_ = false; // the save met a relay outside the registry
+    CacheRequetes cache_;
+    EtatBase echec_;
     std::optional<std::string> erreurMagasin_; // TR refused inside the command: the first cause
     MagasinTR magasin_;
 };

@@ -1,5 +1,6 @@
-// A study from a study file put into the base as a save from the working window would put it:
-// the keys of its line and relay found (a new line gets its row), then the whole save.
+// A study from a study file put into the base as a save from the working window puts it: the
+// keys the file may hold belong to no base, so they are forgotten and the save finds the line and
+// the relay by their names, inside its own transaction.
 #pragma once
 
 namespace tournesol {

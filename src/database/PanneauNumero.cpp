@@ -51,9 +51,15 @@ void PanneauNumero::Cliquer(const std::string& nom) {
 void PanneauNumero::Valider() {
     // Rounded to the nearest integer as the run-time assigns a 16-bit integer; a value beyond
     // that range leaves the number as it was.
-    const double n = std::nearbyint(ValeurNumerique(Trouver("txtnuméro")->Texte()));
+    const std::string& texte = Trouver("txtnuméro")->Texte();
+    if (texte.find_first_not_of(" \t") == std::string::npos) {
+        FermerPanneau();
+        return;
+    }
+    const double n = std::nearbyint(ValeurNumerique(texte));
     if (n >= std::numeric_limits<Entier16>::min() && n <= std::numeric_limits<Entier16>::max())
         e_.id_numero = static_cast<Entier16>(n);
+    donne_ = true;
     FermerPanneau();
 }
 

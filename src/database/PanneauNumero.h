@@ -13,13 +13,17 @@ public:
 
     void Entrer(const std::string& champ) override;
     void Cliquer(const std::string& nom) override;
-    // "OK": id_numero takes the numeric value of the text, with no range test.
+    // "OK": id_numero takes the numeric value of the text, with no range test; an empty box
+    // gives no number, as cancel.
     void Valider() override;
     // "cancel": id_numero stays as it was.
     void Annuler() override;
+    // OK was pressed on a number.
+    bool Donne() const { return donne_; }
 
 private:
     Etude& e_;
+    bool donne_ = false;
 };
 
 // The numeric value at the head of a text, as the run-time reads it ("3" 3, " 2.5x" 2.5, "abc"

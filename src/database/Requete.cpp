@@ -10,7 +10,8 @@ std::string Texte(const QSqlError& erreur) {
 } // namespace
 
 ErreurBase::ErreurBase(const QSqlError& erreur)
-    : std::runtime_error(Texte(erreur)), verrou_(EstVerrou(erreur)) {}
+    : std::runtime_error(Texte(erreur)), verrou_(EstVerrou(erreur)),
+      pasUneBase_(erreur.nativeErrorCode() == QLatin1String("26")) {} // SQLITE_NOTADB
 
 bool EstVerrou(const QSqlError& erreur) {
     const QString code = erreur.nativeErrorCode();
@@ -23,12 +24,12 @@ bool EstVerrou(const QSqlError& erreur) {
     return code == QLatin1String("55P03") || code == QLatin1String("40P01"); // PostgreSQL
 }
 
-Requete::Requete(const QSqlDatabase& db, const char* sql) : q_(db) {
-    if (!q_.prepare(QString::fromUtf8(sql))) throw ErreurBase(q_.lastError());
+Requete::Requete(const QSqlDatabase& db, const char* sql) : propre_(db) {
+    if (!propre_.prepare(QString::fromUtf8(sql))) throw ErreurBase(propre_.lastError());
 }
 
 Requete& Requete::operator<<(const QVariant& valeur) {
-    q_.addBindValue(valeur);
+    q_->bindValue(valeurs_++, valeur);
     return *this;
 }
 
@@ -45,8 +46,24 @@ Requete& Requete::operator<<(double reel) {
 }
 
 Requete& Requete::Executer() {
-    if (!q_.exec()) throw ErreurBase(q_.lastError());
+    if (!q_->exec()) throw ErreurBase(q_->lastError());
+    valeurs_ = 0;
     return *this;
+}
+
+QSqlQuery& CacheRequetes::Preparee(const QSqlDatabase& db, const std::string& sql) {
+    auto& q = requetes_[sql];
+    if (!q) {
+        auto nouvelle = std::make_unique<QSqlQuery>(db);
+        nouvelle->setForwardOnly(true);
+        if (!nouvelle->prepare(QString::fromStdString(sql))) {
+            const QSqlError erreur = nouvelle->lastError();
+            requetes_.erase(sql);
+            throw ErreurBase(erreur);
+        }
+        q = std::move(nouvelle);
+    }
+    return *q;
 }
 
 QVariant NulReel() {

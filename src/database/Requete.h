@@ -7,8 +7,10 @@
 #include <QSqlQuery>
 #include <QSqlRecord>
 #include <QVariant>
+#include <memory>
 #include <stdexcept>
 #include <string>
+#include <unordered_map>
 
 namespace tournesol {
 
@@ -20,9 +22,12 @@ public:
     explicit ErreurBase(const std::string& texte) : std::runtime_error(texte) {}
     // The base is held by another writer.
     bool Verrou() const { return verrou_; }
+    // The file is not an SQLite base.
+    bool PasUneBase() const { return pasUneBase_; }
 
 private:
     bool verrou_ = false;
+    bool pasUneBase_ = false;
 };
 
 // The base is held by another writer (SQLite busy or locked, PostgreSQL lock not available).
@@ -30,7 +35,14 @@ bool EstVerrou(const QSqlError& erreur);
 
 class Requete {
 public:
+    // A statement prepared for this use only.
     Requete(const QSqlDatabase& db, const char* sql);
+    // A statement prepared once for the connection (see CacheRequetes), used again from its first
+    // value.
+    explicit Requete(QSqlQuery& preparee) : q_(&preparee) {}
+    ~Requete() { q_->finish(); }
+    Requete(const Requete&) = delete;
+    Requete& operator=(const Requete&) = delete;
 
     // The next value of the statement, in the order of its '?'.
     Requete& operator<<(const QVariant& valeur);
@@ -40,16 +52,27 @@ public:
 
     Requete& Executer();
     // The next row of the result; false at the end.
-    bool Suivante() { return q_.next(); }
-    QVariant Valeur(int colonne) const { return q_.value(colonne); }
-    QVariant Valeur(const QString& colonne) const { return q_.value(colonne); }
-    int Entier(int colonne) const { return q_.value(colonne).toInt(); }
-    std::string Texte(int colonne) const { return q_.value(colonne).toString().toStdString(); }
-    int LignesTouchees() const { return q_.numRowsAffected(); }
-    bool Contient(const QString& colonne) const { return q_.record().indexOf(colonne) >= 0; }
+    bool Suivante() { return q_->next(); }
+    QVariant Valeur(int colonne) const { return q_->value(colonne); }
+    int Entier(int colonne) const { return q_->value(colonne).toInt(); }
+    std::string Texte(int colonne) const { return q_->value(colonne).toString().toStdString(); }
+    int LignesTouchees() const { return q_->numRowsAffected(); }
 
 private:
-    QSqlQuery q_;
+    QSqlQuery propre_;
+    QSqlQuery* q_ = &propre_;
+    int valeurs_ = 0;
+};
+
+// The statements of one connection, each prepared the first time its text is used; emptied
+// before the connection closes.
+class CacheRequetes {
+public:
+    QSqlQuery& Preparee(const QSqlDatabase& db, const std::string& sql);
+    void Vider() { requetes_.clear(); }
+
+private:
+    std::unordered_map<std::string, std::unique_ptr<QSqlQuery>> requetes_;
 };
 
 // A typed Null, for the drivers that want to know the column's type.

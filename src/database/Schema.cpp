@@ -171,6 +171,19 @@ std::vector<std::string> FaireCreation() {
         R"(CREATE TABLE IF NOT EXISTS "TR" ("id_key" INTEGER NOT NULL, "id_pos" INTEGER NOT NULL,)"
         R"( "Valeur" DOUBLE PRECISION, "TypeValeur" SMALLINT, PRIMARY KEY ("id_key", "id_pos")))",
         ligne,
+        // The look-ups of the store: names by their owner, link rows by their five keys, by their
+        // line and by their line end (the deletions), the settings by their key (the primary key
+        // of TR).
+        R"(CREATE INDEX IF NOT EXISTS "Poste_nom" ON "Poste" ("nom"))",
+        R"(CREATE INDEX IF NOT EXISTS "Départ_poste_nom" ON "Départ" ("id_poste", "nom"))",
+        R"(CREATE INDEX IF NOT EXISTS "Piquage_départ_nom" ON "Piquage")"
+        R"( ("id_départ", "id_poste", "nom"))",
+        R"(CREATE INDEX IF NOT EXISTS "Piquage_poste" ON "Piquage" ("id_poste"))",
+        R"(CREATE INDEX IF NOT EXISTS "Protection_nom" ON "Protection" ("nom"))",
+        R"(CREATE INDEX IF NOT EXISTS "Tournesol_cles" ON "Tournesol")"
+        R"( ("id_poste", "id_départ", "id_piquage", "id_protection", "id_numéro"))",
+        R"(CREATE INDEX IF NOT EXISTS "Tournesol_ligne" ON "Tournesol" ("id_ligne"))",
+        R"(CREATE INDEX IF NOT EXISTS "Tournesol_départ" ON "Tournesol" ("id_départ"))",
     };
 }
 
@@ -179,6 +192,12 @@ std::vector<std::string> FaireCreation() {
 const std::vector<ColonneLigne>& ColonnesLigne() {
     static const std::vector<ColonneLigne> colonnes = FaireColonnesLigne();
     return colonnes;
+}
+
+const std::vector<std::string>& TablesDuSysteme() {
+    static const std::vector<std::string> tables = {"Poste",     "Départ",  "Piquage", "Protection",
+                                                    "Tournesol", "Réglage", "TR",      "Ligne"};
+    return tables;
 }
 
 const std::vector<std::string>& CreationTables() {

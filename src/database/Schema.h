@@ -11,8 +11,18 @@ namespace tournesol {
 
 struct Etude;
 
-// The statements that make the tables of a new base; each leaves an existing table alone.
+// The mark of a base of this system, kept in the SQLite file's header (application_id), and the
+// version of its tables (user_version). A file without the mark holds either nothing (a new base)
+// or the tables of an earlier version of this system; anything else belongs to another program.
+inline constexpr int MARQUE_BASE = 0x546F7572; // "Tour"
+inline constexpr int VERSION_SCHEMA = 1;
+
+// The statements that make the tables of a new base and the indexes of every look-up of the
+// store; each leaves an existing table or index alone. Run once per base, when it has no mark.
 const std::vector<std::string>& CreationTables();
+
+// The eight tables of the system, by their one spelling.
+const std::vector<std::string>& TablesDuSysteme();
 
 // A column of Ligne and the study variable it holds.
 struct ColonneLigne {

@@ -75,15 +75,13 @@ void BaseEtudesSql::SupprimerProtectionDans(Etude& e, bool chercher) {
 
     int liensDeLaLigne = 0;
     {
-        Requete r(Db(), Sql(R"(SELECT COUNT(*) FROM "Tournesol")", ligne).c_str());
+        Requete r(Q(Sql(R"(SELECT COUNT(*) FROM "Tournesol")", ligne)));
         Executer(r, ligne);
         if (r.Suivante()) liensDeLaLigne = r.Entier(0);
     }
     std::vector<std::int32_t> reglages;
     {
-        Requete r(
-            Db(),
-            Sql(R"(SELECT "id_réglage" FROM "Tournesol")", relais, R"( ORDER BY "id")").c_str());
+        Requete r(Q(Sql(R"(SELECT "id_réglage" FROM "Tournesol")", relais, R"( ORDER BY "id")")));
         Executer(r, relais);
         while (r.Suivante())
             reglages.push_back(r.Entier(0));
@@ -93,22 +91,22 @@ void BaseEtudesSql::SupprimerProtectionDans(Etude& e, bool chercher) {
 
     for (std::int32_t id : reglages) {
         if (id < 1) continue;
-        Requete r(Db(), R"(DELETE FROM "TR" WHERE "id_key" = ?)");
+        Requete r(Q(R"(DELETE FROM "TR" WHERE "id_key" = ?)"));
         r << id;
         r.Executer();
     }
     if (liensDeLaLigne >= 2 || e.SuppressionLigne) {
-        Requete r(Db(), Sql(R"(DELETE FROM "Tournesol")", relais).c_str());
+        Requete r(Q(Sql(R"(DELETE FROM "Tournesol")", relais)));
         Executer(r, relais);
     } else {
         // The row kept points at no setting: the deleted key may be handed out again by
         // ProchainId, to another relay's setting row.
-        Requete r(Db(), Sql(R"(UPDATE "Tournesol" SET "id_réglage" = 0)", relais).c_str());
+        Requete r(Q(Sql(R"(UPDATE "Tournesol" SET "id_réglage" = 0)", relais)));
         Executer(r, relais);
     }
     for (std::int32_t id : reglages) {
         if (id < 1) continue;
-        Requete r(Db(), R"(DELETE FROM "Réglage" WHERE "id" = ?)");
+        Requete r(Q(R"(DELETE FROM "Réglage" WHERE "id" = ?)"));
         r << id;
         r.Executer();
     }
@@ -128,7 +126,7 @@ void BaseEtudesSql::SupprimerDepartDans(Etude& e, bool chercher) {
 
     std::vector<std::int32_t> lignes;
     {
-        Requete r(Db(), Sql(R"(SELECT DISTINCT "id_ligne" FROM "Tournesol")", ligne).c_str());
+        Requete r(Q(Sql(R"(SELECT DISTINCT "id_ligne" FROM "Tournesol")", ligne)));
         Executer(r, ligne);
         while (r.Suivante())
             lignes.push_back(r.Entier(0));
@@ -137,10 +135,9 @@ void BaseEtudesSql::SupprimerDepartDans(Etude& e, bool chercher) {
     for (;;) {
         std::int32_t lien = 0;
         {
-            Requete r(Db(), Sql(R"(SELECT "id", "id_protection", "id_numéro", "id_piquage")"
-                                R"( FROM "Tournesol")",
-                                ligne, R"( AND "id_protection" >= 1 ORDER BY "id")")
-                                .c_str());
+            Requete r(Q(Sql(R"(SELECT "id", "id_protection", "id_numéro", "id_piquage")"
+                            R"( FROM "Tournesol")",
+                            ligne, R"( AND "id_protection" >= 1 ORDER BY "id")")));
             Executer(r, ligne);
             if (!r.Suivante()) break;
             lien = r.Entier(0);
@@ -149,7 +146,7 @@ void BaseEtudesSql::SupprimerDepartDans(Etude& e, bool chercher) {
             e.id_piquage = r.Entier(3); // the relay's own line, when it is teed on B
         }
         {
-            Requete r(Db(), R"(SELECT "nom" FROM "Protection" WHERE "id" = ?)");
+            Requete r(Q(R"(SELECT "nom" FROM "Protection" WHERE "id" = ?)"));
             r << e.id_protection;
             r.Executer();
             e.NomProtection = r.Suivante() ? r.Texte(0) : std::string();
@@ -158,39 +155,39 @@ void BaseEtudesSql::SupprimerDepartDans(Etude& e, bool chercher) {
         SupprimerProtectionDans(e, false);
         e.SuppressionLigne = false;
         e.id_piquage = piquage;
-        Requete reste(Db(), R"(DELETE FROM "Tournesol" WHERE "id" = ?)"); // never twice the same
+        Requete reste(Q(R"(DELETE FROM "Tournesol" WHERE "id" = ?)")); // never twice the same
         reste << lien;
         reste.Executer();
     }
 
     // The link rows without a relay, of this line only.
     {
-        Requete r(Db(), Sql(R"(DELETE FROM "Tournesol")", ligne).c_str());
+        Requete r(Q(Sql(R"(DELETE FROM "Tournesol")", ligne)));
         Executer(r, ligne);
     }
     bool departLibre = true;
     if (e.id_piquage != 0) {
-        Requete r(Db(), R"(DELETE FROM "Piquage" WHERE "id" = ?)");
+        Requete r(Q(R"(DELETE FROM "Piquage" WHERE "id" = ?)"));
         r << e.id_piquage;
         r.Executer();
         // Substation B stays while the line of two ends (or another tee) still uses it.
-        Requete reste(Db(), R"(SELECT COUNT(*) FROM "Tournesol" WHERE "id_départ" = ?)");
+        Requete reste(Q(R"(SELECT COUNT(*) FROM "Tournesol" WHERE "id_départ" = ?)"));
         reste << e.id_depart;
         reste.Executer();
         departLibre = reste.Suivante() && reste.Entier(0) == 0;
     } else {
-        Requete r(Db(), R"(DELETE FROM "Piquage" WHERE "id_départ" = ?)");
+        Requete r(Q(R"(DELETE FROM "Piquage" WHERE "id_départ" = ?)"));
         r << e.id_depart;
         r.Executer();
     }
     if (departLibre) {
-        Requete r(Db(), R"(DELETE FROM "Départ" WHERE "id" = ?)");
+        Requete r(Q(R"(DELETE FROM "Départ" WHERE "id" = ?)"));
         r << e.id_depart;
         r.Executer();
     }
     for (std::int32_t id : lignes) {
-        Requete r(Db(), R"(DELETE FROM "Ligne" WHERE "id" = ? AND NOT EXISTS)"
-                        R"( (SELECT 1 FROM "Tournesol" WHERE "id_ligne" = ?))");
+        Requete r(Q(R"(DELETE FROM "Ligne" WHERE "id" = ? AND NOT EXISTS)"
+                    R"( (SELECT 1 FROM "Tournesol" WHERE "id_ligne" = ?))"));
         r << id << id;
         r.Executer();
     }
@@ -202,15 +199,15 @@ void BaseEtudesSql::SupprimerPosteDans(Etude& e) {
     if (e.id_poste < 1) return;
     for (;;) {
         {
-            Requete r(Db(), R"(SELECT "id_départ" FROM "Tournesol" WHERE "id_poste" = ?)"
-                            R"( ORDER BY "id")");
+            Requete r(Q(R"(SELECT "id_départ" FROM "Tournesol" WHERE "id_poste" = ?)"
+                        R"( ORDER BY "id")"));
             r << e.id_poste;
             r.Executer();
             if (!r.Suivante()) break;
             e.id_depart = r.Entier(0);
         }
         {
-            Requete r(Db(), R"(SELECT "nom" FROM "Départ" WHERE "id" = ?)");
+            Requete r(Q(R"(SELECT "nom" FROM "Départ" WHERE "id" = ?)"));
             r << e.id_depart;
             r.Executer();
             e.NomDepart = r.Suivante() ? r.Texte(0) : std::string();
@@ -221,7 +218,7 @@ void BaseEtudesSql::SupprimerPosteDans(Etude& e) {
     for (const char* sql : {R"(DELETE FROM "Piquage" WHERE "id_poste" = ?)",
                             R"(DELETE FROM "Départ" WHERE "id_poste" = ?)",
                             R"(DELETE FROM "Poste" WHERE "id" = ?)"}) {
-        Requete r(Db(), sql);
+        Requete r(Q(sql));
         r << e.id_poste;
         r.Executer();
     }

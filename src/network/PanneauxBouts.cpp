@@ -86,6 +86,15 @@ std::string NomBout(const Etude& e, int numero) {
     }
 }
 
+void EcrireListeBouts(Etude& e, MagasinReglages& m, int bouts) {
+    DebutTR(e, DEBUT_LISTE_BOUTS);
+    EcrireTR(e, m, e.Ligne_pp);
+    if (bouts < 3) return;
+    EcrireTR(e, m, e.Ligne_cc);
+    for (const Courant& c : COURANTS)
+        EcrireTR(e, m, e.*c.valeur);
+}
+
 // ---- frmdeuxbouts ----------------------------------------------------------------------------
 
 PanneauDeuxBouts::PanneauDeuxBouts(Etude& e, MagasinReglages* magasin)
@@ -105,7 +114,8 @@ PanneauDeuxBouts::PanneauDeuxBouts(Etude& e, MagasinReglages* magasin)
     ajouter(GenreChamp::Bouton, "Command2", "cancel", "");
 
     int bout = e.Ligne_pp == 1 ? 1 : 0;
-    if (magasin_)
+    // A relay not saved yet has no row of its own to read from.
+    if (magasin_ && e.id_reglage >= 1)
         if (const auto stocke = LireBout(e, *magasin_, 2)) bout = *stocke;
     Choisir(bout);
 }
@@ -127,10 +137,7 @@ void PanneauDeuxBouts::Valider() {
     e_.Ligne_pp = static_cast<Entier16>(bout_);
     // On a plant link the plant's side follows the relay's end.
     if (e_.Ligne_alim == 1 || e_.Ligne_alim == 2) e_.Ligne_alim = static_cast<Entier16>(1 + bout_);
-    if (magasin_) {
-        DebutTR(e_, DEBUT_LISTE_BOUTS);
-        EcrireTR(e_, *magasin_, e_.Ligne_pp);
-    }
+    if (magasin_) EcrireListeBouts(e_, *magasin_, 2);
     e_.EtudeModifiee = true;
     confirme_ = true;
     FermerPanneau();
@@ -195,7 +202,7 @@ PanneauTroisBouts::PanneauTroisBouts(Etude& e, MagasinReglages* magasin)
     std::array<double, 20> courants{};
     for (std::size_t i = 0; i < COURANTS.size(); ++i)
         courants[i] = e.*COURANTS[i].valeur;
-    if (magasin_) {
+    if (magasin_ && e.id_reglage >= 1) {
         if (const auto stocke = LireBout(e, *magasin_, 3)) {
             bout = *stocke;
             LireDans(LireTR(e, *magasin_), cc);
@@ -252,13 +259,7 @@ void PanneauTroisBouts::Valider() {
     for (const Courant& c : COURANTS)
         if (e_.*c.valeur == 0.0) e_.*c.valeur = 1.0;
     // The list, in its order, under the relay's setting row.
-    if (magasin_) {
-        DebutTR(e_, DEBUT_LISTE_BOUTS);
-        EcrireTR(e_, *magasin_, e_.Ligne_pp);
-        EcrireTR(e_, *magasin_, e_.Ligne_cc);
-        for (const Courant& c : COURANTS)
-            EcrireTR(e_, *magasin_, e_.*c.valeur);
-    }
+    if (magasin_) EcrireListeBouts(e_, *magasin_, 3);
     e_.EtudeModifiee = true;
     confirme_ = true;
     FermerPanneau();

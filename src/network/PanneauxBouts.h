@@ -1,6 +1,7 @@
 // frmdeuxbouts and frmtroisbouts: at which end of the line the relay stands and, on a
-// three-ended line, the fault currents of a short-circuit study. Both write what they took
-// through the relay setting store, under the setting row of the relay, and read it back.
+// three-ended line, the fault currents of a short-circuit study. What they take goes into the
+// study; the save writes it through the relay setting store under the setting row of the relay
+// being saved (EcrireListeBouts), and a panel given a store reads it back from there.
 #pragma once
 
 #include "core/Panneau.h"
@@ -15,6 +16,11 @@ class MagasinReglages;
 
 // The name of an end by its number: 1, 2, 3 give substation A, B, C.
 std::string NomBout(const Etude& e, int numero);
+
+// The list of the panel of a line of `bouts` ends (2 or 3), from DEBUT_LISTE_BOUTS under the
+// study's setting row: the relay's end, and on a three-ended line the short-circuit flag and the
+// twenty currents.
+void EcrireListeBouts(Etude& e, MagasinReglages& m, int bouts);
 
 // frmdeuxbouts.
 class PanneauDeuxBouts : public Panneau {

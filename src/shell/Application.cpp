@@ -31,6 +31,8 @@ bool Application::OuvrirFichier(const std::filesystem::path& chemin) {
     PreparerOuverture(lue);
     try {
         LireFichierEtude(chemin, lue);
+        // The keys of a file belong to no base: the save finds the line by its names.
+        PreparerImport(lue);
     } catch (const ErreurFichierEtude& err) {
         d_.Message("TOURNESOL : Attention", chemin.string() + " : " + err.what(), 3);
         return false;

@@ -165,7 +165,9 @@ PanneauDemarre::PanneauDemarre(Etude& e, Dialogue& d, OptionsReport& options, Ba
 
 void PanneauDemarre::PanneauReseau(const std::string& menu) {
     e_.ErrCalcul = 0;
-    MagasinReglages* magasin = base_ ? &base_->Magasin() : nullptr;
+    // The values of the line panels belong to the study until it is saved: the panels read and
+    // write the study only, and the save writes their list with the relay's settings.
+    MagasinReglages* magasin = nullptr;
     std::unique_ptr<Panneau> panneau;
     if (menu == "mnuOptionsRéseau")
         panneau = std::make_unique<PanneauOptionsReseau>(e_);

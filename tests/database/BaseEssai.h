@@ -8,6 +8,8 @@
 #include "core/Panneau.h"
 #include "database/BaseEtudesSql.h"
 
+#include <QCryptographicHash>
+#include <QFile>
 #include <QSqlDatabase>
 #include <QSqlError>
 #include <QSqlQuery>
@@ -97,13 +99,26 @@ protected:
             static int numero = 0;
             controle_ = QStringLiteral("controle-%1").arg(++numero);
             QSqlDatabase db = QSqlDatabase::addDatabase(QStringLiteral("QSQLITE"), controle_);
-            db.setDatabaseName(QString::fromStdString(base_->Fichier()));
+            db.setDatabaseName(QString::fromStdString(rep_ + "bd1.mdb"));
         }
         QSqlDatabase db = QSqlDatabase::database(controle_, false);
         if (!db.isOpen()) {
             EXPECT_TRUE(db.open());
         }
         return db;
+    }
+
+    // Closes the second user's connection, so that the file can be replaced.
+    void FermerControle() {
+        if (controle_.isEmpty()) return;
+        QSqlDatabase::database(controle_, false).close();
+    }
+
+    // The SHA-256 of the base file, to tell a file left byte for byte as it was.
+    QByteArray Empreinte() const {
+        QFile f(QString::fromStdString(base_ ? base_->Fichier() : rep_ + "bd1.mdb"));
+        if (!f.open(QIODevice::ReadOnly)) return {};
+        return QCryptographicHash::hash(f.readAll(), QCryptographicHash::Sha256).toHex();
     }
 
     void Executer(const std::string& sql) {

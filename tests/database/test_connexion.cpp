@@ -1,6 +1,7 @@
 // The base file, its tables, the keys handed out, and the retry dialog of a base held by another
 // user or that cannot be opened.
 #include "BaseEssai.h"
+#include "database/EtatBase.h"
 #include "database/Schema.h"
 
 #include <QFile>
@@ -132,19 +133,119 @@ TEST_F(Connexion, UneBaseQuiNePeutSOuvrirEstRefusee) {
     EXPECT_TRUE(base.Postes().empty());
     EXPECT_EQ(base.Protections("A", "B", ""), std::vector<std::string>{NOUVELLE_PROTECTION});
 
-    // A file that is not a base is refused the same way, and left as it was.
-    QFile pasUneBase(QString::fromStdString(base_->Fichier()));
+    // Reading a missing base writes nothing and makes no file: the line is new, in memory.
+    Etude g = Etude_("A", "B");
+    base.Ouvrir(g, d_);
+    EXPECT_TRUE(g.NouvelleLigne);
+    EXPECT_EQ(d_.Messages().size(), 1u);
+    EXPECT_FALSE(QFileInfo::exists(QString::fromStdString(absent)));
+}
+
+TEST_F(Connexion, UnFichierQuiNEstPasUneBaseDuSystemeEstRefuseIntact) {
+    const QString chemin = QString::fromStdString(base_->Fichier());
+    auto refuser = [&](const char* quoi) {
+        const QByteArray avant = Empreinte();
+        Etude e = Etude_("A", "B");
+        e.id_poste = e.id_depart = e.id_ligne = 4; // what the study before left
+        d_ = DialogueScripte();
+        base_->Ouvrir(e, d_);
+        EXPECT_TRUE(e.NouvelleLigne) << quoi;
+        EXPECT_EQ(std::tuple(e.id_poste, e.id_depart, e.id_ligne), std::tuple(0, 0, 0)) << quoi;
+        ASSERT_EQ(d_.Messages().size(), 1u) << quoi;
+        EXPECT_NE(d_.Messages()[0].sMessage.find("is not a base of TOURNESOL"), std::string::npos)
+            << quoi << ": " << d_.Messages()[0].sMessage;
+        EXPECT_TRUE(base_->Postes().empty()) << quoi;
+        EXPECT_FALSE(base_->Sauver(e, d_)) << quoi;
+        ASSERT_EQ(d_.Messages().size(), 2u) << quoi;
+        EXPECT_EQ(d_.Messages()[1].sTitre, "TOURNESOL : accès refusé") << quoi;
+        EXPECT_EQ(d_.Messages()[1].sMessage, "The master base  (" + rep_ +
+                                                 "\\bd1.MDB) is not a base of TOURNESOL.\r\n\r\n"
+                                                 "Access rejected.")
+            << quoi;
+        EXPECT_EQ(base_->DernierEchec().genre, EtatBase::Genre::Etrangere) << quoi;
+        EXPECT_EQ(ExaminerBase(rep_).genre, EtatBase::Genre::Etrangere) << quoi;
+        EXPECT_EQ(Empreinte(), avant) << quoi;
+    };
+
+    QFile pasUneBase(chemin);
     ASSERT_TRUE(pasUneBase.open(QIODevice::WriteOnly));
     pasUneBase.write(QByteArray(200, 'x'));
     pasUneBase.close();
-    Etude f = Etude_("A", "B");
-    f.id_poste = f.id_depart = f.id_ligne = 4; // what the study before left
-    base_->Ouvrir(f, d_);
-    EXPECT_TRUE(f.NouvelleLigne);
-    EXPECT_EQ(std::tuple(f.id_poste, f.id_depart, f.id_ligne), std::tuple(0, 0, 0));
-    ASSERT_EQ(d_.Messages().size(), 2u);
-    EXPECT_EQ(d_.Messages()[1].sTitre, "TOURNESOL : accès refusé");
-    EXPECT_EQ(QFileInfo(pasUneBase).size(), 200);
+    refuser("not SQLite");
+
+    // Another program's SQLite base: its own table, no mark.
+    ASSERT_TRUE(QFile::remove(chemin));
+    Executer(R"(CREATE TABLE "Client" ("id" INTEGER PRIMARY KEY, "nom" TEXT))");
+    Executer(R"(INSERT INTO "Client" VALUES (1, 'Dupont'))");
+    FermerControle();
+    refuser("another schema");
+
+    // A program that marked its file with a mark of its own, around tables of the same names.
+    ASSERT_TRUE(QFile::remove(chemin));
+    for (const std::string& creation : CreationTables())
+        Executer(creation);
+    Executer("PRAGMA application_id = 1234");
+    FermerControle();
+    refuser("another mark");
+}
+
+TEST_F(Connexion, UnFichierVideDevientUneBaseEtUneBaseAncienneEstMarqueeALaSauvegarde) {
+    const QString chemin = QString::fromStdString(base_->Fichier());
+    QFile vide(chemin);
+    ASSERT_TRUE(vide.open(QIODevice::WriteOnly));
+    vide.close();
+    EXPECT_EQ(ExaminerBase(rep_).genre, EtatBase::Genre::Absente);
+    Etude e = Etude_("A", "B");
+    ASSERT_TRUE(OuvrirEtSauver(e));
+    EXPECT_EQ(Valeur("PRAGMA application_id").toInt(), MARQUE_BASE);
+    EXPECT_EQ(ExaminerBase(rep_).genre, EtatBase::Genre::Utilisable);
+    EXPECT_TRUE(ExaminerBase(rep_).raison.empty());
+
+    // A base of an earlier version: the tables, no mark, no index. Read as it is; the next
+    // save adds the indexes and the mark.
+    FermerControle();
+    base_.reset();
+    ASSERT_TRUE(QFile::remove(chemin));
+    for (int i = 0; i < 8; ++i)
+        Executer(CreationTables()[static_cast<std::size_t>(i)]);
+    Executer(R"(INSERT INTO "Poste" ("id", "nom") VALUES (1, 'ancien'))");
+    FermerControle();
+    base_ = std::make_unique<BaseEtudesSql>(rep_, 20);
+    EXPECT_EQ(ExaminerBase(rep_).genre, EtatBase::Genre::Utilisable);
+    const QByteArray avant = Empreinte();
+    EXPECT_EQ(base_->Postes(), std::vector<std::string>{"ancien"});
+    EXPECT_EQ(Empreinte(), avant);
+    Etude f = Etude_("ancien", "B");
+    ASSERT_TRUE(OuvrirEtSauver(f));
+    EXPECT_EQ(f.id_poste, 1);
+    EXPECT_EQ(Valeur("PRAGMA application_id").toInt(), MARQUE_BASE);
+    EXPECT_EQ(Compter("sqlite_master", R"(WHERE "type" = 'index' AND "name" = 'Tournesol_cles')"),
+              1);
+}
+
+TEST_F(Connexion, LEtatDuDossierDitPourquoiLaBaseNEstPasUtilisable) {
+    using G = EtatBase::Genre;
+    EXPECT_EQ(ExaminerBase(rep_ + "absent/").genre, G::DossierAbsent);
+    const EtatBase absente = ExaminerBase(rep_);
+    EXPECT_EQ(absente.genre, G::Absente);
+    EXPECT_NE(absente.raison.find(base_->Fichier()), std::string::npos) << absente.raison;
+    EXPECT_FALSE(QFile::exists(QString::fromStdString(base_->Fichier()))); // nothing made
+
+    Etude e = Etude_("A", "B");
+    ASSERT_TRUE(OuvrirEtSauver(e));
+    FermerControle();
+    QFile fichier(QString::fromStdString(base_->Fichier()));
+    const auto droits = fichier.permissions();
+    ASSERT_TRUE(fichier.setPermissions(QFileDevice::ReadOwner | QFileDevice::ReadUser));
+    if (QFileInfo(fichier).isWritable()) {
+        fichier.setPermissions(droits);
+        GTEST_SKIP() << "the rights of files are not enforced for this user";
+    }
+    EXPECT_EQ(ExaminerBase(rep_).genre, G::LectureSeule);
+    EXPECT_EQ(base_->Postes(), std::vector<std::string>{"A"}); // reading still works
+    ASSERT_TRUE(fichier.setPermissions({}));
+    EXPECT_EQ(ExaminerBase(rep_).genre, G::Illisible);
+    fichier.setPermissions(droits);
 }
 
 } // namespace essai

@@ -1,6 +1,7 @@
 // The setting store on table TR: values back in the type they were written, missing values,
 // relays kept apart, rows written over in place.
 #include "BaseEssai.h"
+#include "network/PanneauxBouts.h"
 
 namespace essai {
 
@@ -84,12 +85,53 @@ TEST_F(MagasinTR, LesReglagesDeDeuxRelaisDUneLigneSontSauvesApart) {
     EXPECT_NE(pd3a.id_reglage, rxap.id_reglage);
     ASSERT_TRUE(base_->Sauver(rxap, d_));
     ASSERT_TRUE(base_->Sauver(pd3a, d_));
-    EXPECT_EQ(Compter("TR"), 10);
+    EXPECT_EQ(Compter("TR"), 12);                            // five values and the end of each
     EXPECT_EQ(Compter("TR", "WHERE \"TypeValeur\" = 4"), 2); // Rreg_HT of each, 32-bit
     EXPECT_EQ(Lire(rxap, 5),
               (std::vector<ValeurTR>{99.5, 5.5f, std::int16_t{350}, std::int16_t{0}, 0.0}));
     EXPECT_EQ(Lire(pd3a, 5),
               (std::vector<ValeurTR>{12.34, 5.5f, std::int16_t{350}, std::int16_t{-1}, 0.0}));
+}
+
+} // namespace essai
+
+namespace essai {
+
+// The three-ended line panel's values belong to the study: the save writes them under the key of
+// the relay saved, and a relay not saved yet never sees what another left in the store.
+TEST_F(MagasinTR, LaListeDesTroisBoutsEstSauveeSousLeRelais) {
+    // What an earlier version wrote at the panel's OK for a relay not saved yet.
+    Executer(R"(INSERT INTO "TR" ("id_key", "id_pos", "Valeur", "TypeValeur") VALUES)"
+             R"( (0, 100, 2, 2), (0, 101, -1, 2), (0, 102, 4321.0, 5))");
+    Etude nouvelle = Etude_("A", "B", "C");
+    nouvelle.LigneTroisBouts = true;
+    base_->Ouvrir(nouvelle, d_);
+    {
+        PanneauTroisBouts panneau(nouvelle, &base_->Magasin());
+        EXPECT_EQ(panneau.Trouver("placerprotection")->IndexListe, 0);
+        EXPECT_FALSE(panneau.Trouver("chkcourcirc")->Valeur);
+    }
+    nouvelle.Ligne_pp = 1;
+    nouvelle.Ligne_cc = -1;
+    nouvelle.Ligne_ICCACM = 1234.5;
+    nouvelle.Ligne_IPCABT = 678.0;
+    ASSERT_TRUE(base_->Sauver(nouvelle, d_));
+    EXPECT_EQ(Compter("TR", R"(WHERE "id_key" = 0)"), 0);
+    EXPECT_EQ(Compter("TR"), 5 + 22);
+    DebutTR(nouvelle, DEBUT_LISTE_BOUTS);
+    EXPECT_EQ(LireTR(nouvelle, base_->Magasin()), ValeurTR{std::int16_t{1}});
+    EXPECT_EQ(LireTR(nouvelle, base_->Magasin()), ValeurTR{std::int16_t{-1}});
+    EXPECT_EQ(LireTR(nouvelle, base_->Magasin()), ValeurTR{1234.5});
+    DebutTR(nouvelle, DEBUT_LISTE_BOUTS + 21);
+    EXPECT_EQ(LireTR(nouvelle, base_->Magasin()), ValeurTR{678.0});
+
+    // Reopened, the panel shows what was saved for this relay.
+    Etude relue = Etude_("A", "B", "C");
+    relue.LigneTroisBouts = true;
+    base_->Ouvrir(relue, d_);
+    PanneauTroisBouts panneau(relue, &base_->Magasin());
+    EXPECT_EQ(panneau.Trouver("placerprotection")->IndexListe, 1);
+    EXPECT_TRUE(panneau.Trouver("chkcourcirc")->Valeur);
 }
 
 } // namespace essai

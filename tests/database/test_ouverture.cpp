@@ -67,8 +67,8 @@ TEST_F(Ouverture, UneEtudeSauveeSeRouvreCommeElleAEteSauvee) {
     Etude e = Etude_("Champagnier", "Grande Ile", "Vif");
     base_->Ouvrir(e, d_);
     EXPECT_TRUE(e.NouvelleLigne);
-    EXPECT_EQ(e.id_ligne, 1); // the new line's row
-    EXPECT_EQ(Compter("Ligne"), 1);
+    EXPECT_EQ(e.id_ligne, 0); // a new line in memory: the save makes its row
+    EXPECT_FALSE(QFile::exists(QString::fromStdString(base_->Fichier())));
     EXPECT_TRUE(d_.Messages().empty());
 
     Remplir(e);
@@ -97,7 +97,34 @@ TEST_F(Ouverture, UneEtudeSauveeSeRouvreCommeElleAEteSauvee) {
     EXPECT_EQ(std::tuple(f.id_ligne, f.id_reglage, f.id_poste, f.id_depart, f.id_piquage),
               std::tuple(e.id_ligne, e.id_reglage, e.id_poste, e.id_depart, e.id_piquage));
     EXPECT_FALSE(f.EtudeModifiee);
-    EXPECT_EQ(Compter("Ligne"), 1); // a known line makes no row
+    EXPECT_EQ(Compter("Ligne"), 1);
+
+    // Opening, known line or not, and the lists leave the file as it was.
+    const QByteArray avant = Empreinte();
+    Etude g = Etude_("Champagnier", "Grande Ile", "Vif", RXAP, 3);
+    base_->Ouvrir(g, d_);
+    Etude h = Etude_("Champagnier", "Autre");
+    base_->Ouvrir(h, d_);
+    EXPECT_TRUE(h.NouvelleLigne);
+    EXPECT_EQ(h.id_ligne, 0);
+    base_->Postes();
+    base_->Numeros("Champagnier", "Grande Ile", "Vif", "PD3A");
+    EXPECT_EQ(Empreinte(), avant);
+}
+
+// A reader does not wait for a writer that holds the base: it reads what was committed.
+TEST_F(Ouverture, UnLecteurNAttendPasUnEcrivain) {
+    Etude e = Etude_("A", "B");
+    ASSERT_TRUE(OuvrirEtSauver(e));
+    Executer("BEGIN IMMEDIATE");
+    Executer(R"(INSERT INTO "Poste" ("id", "nom") VALUES (40, 'pas encore'))");
+    Etude f = Etude_("A", "B");
+    base_->Ouvrir(f, d_);
+    EXPECT_FALSE(f.NouvelleLigne);
+    EXPECT_EQ(f.id_reglage, e.id_reglage);
+    EXPECT_EQ(base_->Postes(), std::vector<std::string>{"A"});
+    EXPECT_TRUE(d_.Messages().empty());
+    Executer("ROLLBACK");
 }
 
 TEST_F(Ouverture, UnRelaisQueLaBaseNaPasEstProposeALaCreation) {

@@ -13,19 +13,19 @@ TEST_F(Sauvegarde, LaPremiereSauvegardeDansUneBaseVideFaitUneLigneParTable) {
     e.EtudeModifiee = e.Sauvegarde = true;
     ASSERT_TRUE(base_->Sauver(e, d_));
 
-    // No tee without a name of C; no Ligne row, which only the opening makes; the relay's list.
+    // No tee without a name of C; the line's row, made by the save; the relay's list and its end.
     EXPECT_EQ(Comptes(),
-              "Poste 1 Départ 1 Piquage 0 Protection 1 Tournesol 1 Réglage 1 TR 5 Ligne 0");
+              "Poste 1 Départ 1 Piquage 0 Protection 1 Tournesol 1 Réglage 1 TR 6 Ligne 1");
 
     EXPECT_EQ(Valeur(R"(SELECT "nom" FROM "Poste" WHERE "id" = 1)").toString(), "Champagnier");
     // The line end was saved before its substation and still belongs to it.
     EXPECT_EQ(Valeur(R"(SELECT "id_poste" FROM "Départ" WHERE "nom" = 'Grande Ile')").toInt(), 1);
     EXPECT_EQ(Valeur(R"(SELECT "nom" FROM "Protection" WHERE "id" = 3)").toString(), "PD3A");
     EXPECT_EQ(Valeur(R"(SELECT "id_poste" || '/' || "id_départ" || '/' || "id_piquage" || '/' ||)"
-                     R"( "id_protection" || '/' || "id_réglage" || '/' || "id_numéro")"
-                     R"( FROM "Tournesol")")
+                     R"( "id_protection" || '/' || "id_réglage" || '/' || "id_numéro" || '/' ||)"
+                     R"( "id_ligne" FROM "Tournesol")")
                   .toString(),
-              "1/1/0/3/1/1");
+              "1/1/0/3/1/1/1");
     EXPECT_EQ(Valeur(R"(SELECT "TypeReportCharge" || '/' || "Left" || '/' || "Width" || '/' ||)"
                      R"( "Top" || '/' || "Height" FROM "Réglage")")
                   .toString(),
@@ -55,7 +55,7 @@ TEST_F(Sauvegarde, SauverDeuxFoisMetAJourEtNAjouteRien) {
     e.X1reg_HT = 20.0;
     ASSERT_TRUE(base_->Sauver(e, d_));
     EXPECT_EQ(Comptes(),
-              "Poste 1 Départ 1 Piquage 1 Protection 1 Tournesol 1 Réglage 1 TR 5 Ligne 1");
+              "Poste 1 Départ 1 Piquage 1 Protection 1 Tournesol 1 Réglage 1 TR 6 Ligne 1");
     EXPECT_EQ(Valeur(R"(SELECT "Up" FROM "Ligne")").toInt(), 225);
     EXPECT_EQ(Valeur(R"(SELECT "TypeReportCharge" FROM "Réglage")").toInt(), 2);
     EXPECT_EQ(Valeur(R"(SELECT "Valeur" FROM "TR" WHERE "id_pos" = 0)").toDouble(), 20.0);
@@ -84,8 +84,10 @@ TEST_F(Sauvegarde, UneNouvelleLigneNeReprendPasLesLignesDeLaBase) {
 TEST_F(Sauvegarde, UnNumeroManquantEstDemandeAvantLeLien) {
     Etude e = Etude_("A", "B", "", PD3A, 0);
     Etude auPanneau;
+    bool fichierAuPanneau = true;
     d_.QuandPanneau("frmnuméro", [&](Panneau& p) {
         auPanneau = e; // what was saved before the question
+        fichierAuPanneau = QFile::exists(QString::fromStdString(base_->Fichier()));
         p.Trouver("txtnuméro")->DefinirTexte("4");
         p.Entrer("txtnuméro");
         EXPECT_EQ(p.Trouver("txtnuméro")->SelLongueur, 1); // the text is selected
@@ -96,18 +98,29 @@ TEST_F(Sauvegarde, UnNumeroManquantEstDemandeAvantLeLien) {
     ASSERT_EQ(d_.Messages().size(), 1u);
     EXPECT_EQ(d_.Messages()[0].sMessage, "choisis un numéro de 1 à 6 dans la table suivante");
     EXPECT_EQ(d_.PanneauxMontres(), std::vector<std::string>{"frmnuméro"});
-    EXPECT_EQ(auPanneau.id_poste, 1);
-    EXPECT_EQ(auPanneau.id_depart, 1);
-    EXPECT_EQ(auPanneau.id_reglage, 0); // no link row yet
+    // Asked before the base is taken: nothing of the save was written yet.
+    EXPECT_FALSE(fichierAuPanneau);
+    EXPECT_EQ(auPanneau.id_poste, 0);
     EXPECT_EQ(e.id_numero, 4);
     EXPECT_EQ(Valeur(R"(SELECT "id_numéro" FROM "Tournesol")").toInt(), 4);
 
-    // Cancelled: the number stays below 1, and the link row is made with it.
+    // A number below 1 is asked again; cancelled, the save gives up and writes nothing.
+    const QByteArray avant = Empreinte();
     Etude f = Etude_("A", "C", "", PD3A, 0);
-    d_.QuandPanneau("frmnuméro", [](Panneau& p) { p.Cliquer("cmdcancel"); });
-    ASSERT_TRUE(base_->Sauver(f, d_));
+    int questions = 0;
+    d_.QuandPanneau("frmnuméro", [&](Panneau& p) {
+        if (++questions == 1) {
+            p.Trouver("txtnuméro")->DefinirTexte("0");
+            p.Cliquer("cmdok");
+        } else {
+            p.Cliquer("cmdcancel");
+        }
+    });
+    EXPECT_FALSE(base_->Sauver(f, d_));
+    EXPECT_EQ(questions, 2);
     EXPECT_EQ(f.id_numero, 0);
-    EXPECT_EQ(Compter("Tournesol", R"(WHERE "id_numéro" = 0)"), 1);
+    EXPECT_EQ(Empreinte(), avant);
+    EXPECT_EQ(Compter("Tournesol", R"(WHERE "id_numéro" < 1)"), 0);
 }
 
 TEST_F(Sauvegarde, UnRelaisHorsDuRegistreEstSignaleEtLaSauvegardeContinue) {
@@ -132,13 +145,12 @@ TEST_F(Sauvegarde, UneEtapeQuiEchoueLaisseLaBaseCommeAvant) {
 
     Etude e = Etude_("C", "D", "E", RXAP);
     base_->Ouvrir(e, d_);
-    const std::string apresOuverture = Contenu();
+    EXPECT_EQ(Contenu(), avant); // opening writes nothing
     const Etude ouverte = e;
     e.Ligne_Up = 400;
     e.EtudeModifiee = true;
     EXPECT_FALSE(base_->Sauver(e, d_));
-    EXPECT_EQ(Contenu(), apresOuverture);
-    EXPECT_NE(apresOuverture, avant); // the opening made the new line's row, and only that
+    EXPECT_EQ(Contenu(), avant);
     ASSERT_FALSE(d_.Messages().empty());
     const MessageAffiche& m = d_.Messages().back();
     EXPECT_EQ(m.sTitre, "TOURNESOL : Attention !");

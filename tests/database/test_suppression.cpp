@@ -15,7 +15,7 @@ protected:
                         Etude_("A", "C"), Etude_("X", "Y")})
             ASSERT_TRUE(OuvrirEtSauver(e));
         ASSERT_EQ(Comptes(),
-                  "Poste 2 Départ 3 Piquage 1 Protection 2 Tournesol 6 Réglage 6 TR 30 Ligne 4");
+                  "Poste 2 Départ 3 Piquage 1 Protection 2 Tournesol 6 Réglage 6 TR 36 Ligne 4");
         d_ = DialogueScripte();
     }
 
@@ -53,7 +53,7 @@ TEST_F(Suppression, UnRelaisParmiPlusieursPartAvecSesReglages) {
     EXPECT_EQ(Compter("Tournesol"), 5);
     EXPECT_EQ(Compter("Réglage", "WHERE \"id\" = " + std::to_string(reglage)), 0);
     EXPECT_EQ(Compter("TR", "WHERE \"id_key\" = " + std::to_string(reglage)), 0);
-    EXPECT_EQ(Compter("TR"), 25);
+    EXPECT_EQ(Compter("TR"), 30);
     EXPECT_EQ(base_->Numeros("A", "B", "", "PD3A"), std::vector<int>{1});
 
     // The RXAP 1 of the line of two ends, not the one of the teed line.
@@ -63,7 +63,7 @@ TEST_F(Suppression, UnRelaisParmiPlusieursPartAvecSesReglages) {
               (std::vector<std::string>{"PD3A", NOUVELLE_PROTECTION}));
     EXPECT_EQ(base_->Protections("A", "B", "T"),
               (std::vector<std::string>{"RXAP", NOUVELLE_PROTECTION}));
-    EXPECT_EQ(Compter("TR"), 20);
+    EXPECT_EQ(Compter("TR"), 24);
 }
 
 TEST_F(Suppression, LeSeulRelaisDUneLigneGardeSonLien) {
@@ -74,7 +74,7 @@ TEST_F(Suppression, LeSeulRelaisDUneLigneGardeSonLien) {
     EXPECT_EQ(Liens(R"("id_poste" = 2)"), 1); // the line stays in the base
     EXPECT_EQ(Valeur(lienXY).toInt(), 0);
     EXPECT_EQ(Comptes(),
-              "Poste 2 Départ 3 Piquage 1 Protection 2 Tournesol 6 Réglage 5 TR 25 Ligne 4");
+              "Poste 2 Départ 3 Piquage 1 Protection 2 Tournesol 6 Réglage 5 TR 30 Ligne 4");
 
     // Saved again, the relay gets a setting row of its own.
     Etude f = Etude_("X", "Y");
@@ -82,7 +82,7 @@ TEST_F(Suppression, LeSeulRelaisDUneLigneGardeSonLien) {
     EXPECT_FALSE(f.NouvelleLigne);
     EXPECT_EQ(Compter("Réglage"), 6);
     EXPECT_EQ(Valeur(lienXY).toInt(), f.id_reglage);
-    EXPECT_EQ(Compter("TR", "WHERE \"id_key\" = " + std::to_string(f.id_reglage)), 5);
+    EXPECT_EQ(Compter("TR", "WHERE \"id_key\" = " + std::to_string(f.id_reglage)), 6);
 }
 
 TEST_F(Suppression, UneLigneEmporteSesRelaisSesPiquagesEtSaLigne) {
@@ -98,7 +98,7 @@ TEST_F(Suppression, UneLigneEmporteSesRelaisSesPiquagesEtSaLigne) {
     EXPECT_EQ(base_->Departs("A"), std::vector<std::string>{"C"});
     // A-C and X-Y remain.
     EXPECT_EQ(Comptes(),
-              "Poste 2 Départ 2 Piquage 0 Protection 2 Tournesol 2 Réglage 2 TR 10 Ligne 2");
+              "Poste 2 Départ 2 Piquage 0 Protection 2 Tournesol 2 Réglage 2 TR 12 Ligne 2");
     EXPECT_EQ(Compter("Ligne", R"(WHERE "id" IN (SELECT "id_ligne" FROM "Tournesol"))"), 2);
     EXPECT_EQ(base_->Postes(), (std::vector<std::string>{"A", "X"}));
 }
@@ -109,7 +109,7 @@ TEST_F(Suppression, UneLigneEnPiquageLaisseLaLigneDeDeuxBouts) {
     EXPECT_EQ(d_.Messages()[0].sMessage,
               "STP Confirme la suppression du poste A, départ B, piquage T");
     EXPECT_EQ(Comptes(),
-              "Poste 2 Départ 3 Piquage 0 Protection 2 Tournesol 5 Réglage 5 TR 25 Ligne 3");
+              "Poste 2 Départ 3 Piquage 0 Protection 2 Tournesol 5 Réglage 5 TR 30 Ligne 3");
     EXPECT_EQ(base_->Departs("A"), (std::vector<std::string>{"B", "C"}));
     EXPECT_EQ(base_->Protections("A", "B", ""),
               (std::vector<std::string>{"PD3A", "RXAP", NOUVELLE_PROTECTION}));
@@ -125,7 +125,7 @@ TEST_F(Suppression, UnPosteEmporteToutesSesLignes) {
     EXPECT_TRUE(e.NomPoste.empty());
     EXPECT_EQ(base_->Postes(), (std::vector<std::string>{"X", "seul"}));
     EXPECT_EQ(Comptes(),
-              "Poste 2 Départ 1 Piquage 0 Protection 2 Tournesol 1 Réglage 1 TR 5 Ligne 1");
+              "Poste 2 Départ 1 Piquage 0 Protection 2 Tournesol 1 Réglage 1 TR 6 Ligne 1");
 
     // A substation without a link row goes at once.
     Etude seul = Etude_("seul", "");

@@ -1,0 +1,42 @@
+// Whether a folder holds a study base this system can use, and if not, why. Nothing is written:
+// the file is read through a read-only connection, and a missing file is not made.
+#pragma once
+
+#include <string>
+
+class QSqlDatabase;
+
+namespace tournesol {
+
+struct EtatBase {
+    enum class Genre {
+        Utilisable,    // a base of this system, readable and writable
+        DossierAbsent, // the folder does not exist
+        Absente,       // no bd1.mdb there, or an empty file (a save makes a new base)
+        Illisible,     // the file cannot be read (rights, a fault of the disk, a lock)
+        LectureSeule,  // a base of this system that cannot be written (file or folder)
+        Etrangere,     // not a base of this system: another program's file or no SQLite file
+        Verrou,        // held by another writer past the wait
+        Autre,         // a command that failed for another cause (a statement, the disk)
+    };
+    Genre genre = Genre::Utilisable;
+    // What is wrong, in a sentence that names the file or the folder; empty when usable.
+    std::string raison;
+
+    bool Utilisable() const { return genre == Genre::Utilisable; }
+};
+
+// The folder as Rep_appli holds it (empty for the current directory); the base is its bd1.mdb.
+EtatBase ExaminerBase(const std::string& rep_appli);
+
+// What a connection finds in an open SQLite file.
+enum class Contenu {
+    Systeme,  // the mark of this system, at a version it knows
+    Ancienne, // no mark, but the eight tables of the system: made by an earlier version
+    Vide,     // no mark and no table at all
+    Etrangere,
+};
+// Reads the mark and the tables; throws ErreurBase when the file cannot be read.
+Contenu Reconnaitre(const QSqlDatabase& db);
+
+} // namespace tournesol
