@@ -15,6 +15,7 @@
 #include <QColorDialog>
 #include <QCoreApplication>
 #include <QFormLayout>
+#include <QGridLayout>
 #include <QGroupBox>
 #include <QHBoxLayout>
 #include <QInputDialog>
@@ -27,6 +28,7 @@
 #include <QPrintDialog>
 #include <QPrinter>
 #include <QPushButton>
+#include <QScrollArea>
 #include <QVBoxLayout>
 
 namespace tournesol {
@@ -53,8 +55,13 @@ Diagramme::Diagramme(PanneauDemarre& modele, Etude& e, QWidget* parent)
     setObjectName("imgCaractéristique");
     setMouseTracking(true);
     setFocusPolicy(Qt::StrongFocus);
-    setMinimumSize(400, 400);
+    // The diagram takes what the side column leaves: large on a desktop, smaller on a laptop.
+    setMinimumSize(240, 240);
     setSizePolicy(QSizePolicy::Expanding, QSizePolicy::Expanding);
+}
+
+QSize Diagramme::sizeHint() const {
+    return {760, 720};
 }
 
 void Diagramme::GarderProportions() {
@@ -154,6 +161,7 @@ VueDemarre::VueDemarre(PanneauDemarre& modele, Etude& e)
     }
 
     auto* corps = new QHBoxLayout;
+    auto* gauche = new QVBoxLayout;
     diagramme_ = new Diagramme(demarre_, e_, this);
     diagramme_->MenuZoom = zoom;
     diagramme_->Apres = [this] {
@@ -161,32 +169,63 @@ VueDemarre::VueDemarre(PanneauDemarre& modele, Etude& e)
         ApresHandler();
     };
     diagramme_->MenuPlume = [this](QPoint ou) { MenuPlume(ou); };
-    corps->addWidget(diagramme_, 1);
-
-    auto* cote = new QVBoxLayout;
-    const std::pair<const char*, const char*> groupes[] = {{"Characteristics", "Characteristics"},
-                                                           {"reports", "Load report"},
-                                                           {"affichage", "Display"},
-                                                           {"outils", "Drawing tools"},
-                                                           {"relais", "Relay"},
-                                                           {"commandes", "Commands"}};
-    for (const auto& [groupe, titre] : groupes) {
-        auto* cadre = new QGroupBox(titre, this);
-        auto* formulaire = new QFormLayout(cadre);
-        Construire(modele, groupe, formulaire, nullptr, cadre);
-        cote->addWidget(cadre);
-    }
-    for (const char* nom : {"coordonnées", "status", "panHelp"}) {
+    gauche->addWidget(diagramme_, 1);
+    // Under the diagram, the coordinates and the status line: two lines each, whatever they
+    // say, so that the window keeps its size when they change.
+    auto* bas = new QHBoxLayout;
+    for (const char* nom : {"coordonnées", "status"}) {
         auto* etiquette = new QLabel(this);
         etiquette->setObjectName(nom);
         etiquette->setWordWrap(true);
-        cote->addWidget(etiquette);
+        etiquette->setAlignment(Qt::AlignLeft | Qt::AlignTop);
+        etiquette->setSizePolicy(QSizePolicy::Ignored, QSizePolicy::Fixed);
+        etiquette->setFixedHeight(2 * etiquette->fontMetrics().lineSpacing() + 4);
+        bas->addWidget(etiquette, std::string(nom) == "status" ? 3 : 1);
     }
+    gauche->addLayout(bas);
+    corps->addLayout(gauche, 1);
+
+    // The side column: the relay and the commands first, so that they show on a small screen;
+    // the rest scrolls.
+    auto* colonne = new QWidget(this);
+    colonne->setObjectName("colonne");
+    auto* cote = new QVBoxLayout(colonne);
+    cote->setContentsMargins(0, 0, 4, 0);
+    const std::pair<const char*, const char*> groupes[] = {
+        {"relais", "Relay"},        {"commandes", "Commands"},
+        {"reports", "Load report"}, {"Characteristics", "Characteristics"},
+        {"affichage", "Display"},   {"outils", "Drawing tools"}};
+    for (const auto& [groupe, titre] : groupes) {
+        auto* cadre = new QGroupBox(titre, colonne);
+        if (std::string(groupe) == "outils" || std::string(groupe) == "relais") {
+            // Side by side: three tools a row, the two relay buttons on one row.
+            auto* grille = new QGridLayout(cadre);
+            grille->setSpacing(4);
+            int i = 0;
+            const int parLigne = std::string(groupe) == "outils" ? 3 : 2;
+            for (const Champ& c : modele.Champs())
+                if (c.Groupe == groupe) {
+                    grille->addWidget(CreerWidget(modele, c, cadre), i / parLigne, i % parLigne);
+                    ++i;
+                }
+        } else {
+            auto* formulaire = new QFormLayout(cadre);
+            Construire(modele, groupe, formulaire, nullptr, cadre);
+        }
+        cote->addWidget(cadre);
+    }
+    auto* aide = new QLabel(colonne);
+    aide->setObjectName("panHelp");
+    aide->setWordWrap(true);
+    cote->addWidget(aide);
     cote->addStretch();
     for (const char* outil : {"cmdhelp", "cmdDiagnostics"})
         if (auto* b = findChild<QPushButton*>(outil)) b->setCheckable(true);
-    corps->addLayout(cote);
-    pile->addLayout(corps);
+    for (int i = 0; i < 6; ++i)
+        if (auto* b = findChild<QPushButton*>(QString("cmdoption(%1)").arg(i)))
+            b->setCheckable(true); // the tool in force stays pressed
+    corps->addWidget(Defilante(colonne, this));
+    pile->addLayout(corps, 1);
 
     for (int i = 1; i <= 8; ++i)
         if (auto* a = findChild<QAction*>(QString("mnucouleur(%1)").arg(i)))
@@ -205,7 +244,6 @@ VueDemarre::VueDemarre(PanneauDemarre& modele, Etude& e)
         if (choix.exec() != QDialog::Accepted) return;
         ImprimerSur(imprimante);
     });
-    resize(1100, 760);
     Lier();
 }
 
@@ -224,13 +262,23 @@ void VueDemarre::ImprimerSur(QPagedPaintDevice& support) {
 }
 
 void VueDemarre::ApresHandler() {
-    // The legend takes the colours of the characteristics.
+    // The legend: a sample of each characteristic's line in its colour beside its label, which
+    // stays in the text's colour so that a light colour is still read.
     for (const char* nom : {"txtTransit1", "txtTransit2", "txttransit3", "txtZoneanti", "txtmono",
                             "txttri", "txtZones", "txtdir"})
         if (auto* boite = findChild<QCheckBox*>(nom)) {
-            QPalette p = boite->palette();
-            p.setColor(QPalette::WindowText, VersQt(demarre_.CouleurLegende(nom)));
-            boite->setPalette(p);
+            const QColor couleur = VersQt(demarre_.CouleurLegende(nom));
+            if (boite->property("couleur").value<QColor>() == couleur && !boite->icon().isNull())
+                continue;
+            QPixmap echantillon(28, 12);
+            echantillon.fill(Qt::transparent);
+            QPainter peintre(&echantillon);
+            peintre.setPen(QPen(couleur, 3));
+            peintre.drawLine(1, 6, 27, 6);
+            peintre.end();
+            boite->setIconSize(echantillon.size());
+            boite->setIcon(QIcon(echantillon));
+            boite->setProperty("couleur", couleur);
         }
     setWindowTitle(Q(modele_.Titre()));
     // The diagnostics window stays beside the working window while cmdDiagnostics is down.

@@ -22,6 +22,7 @@ class Diagramme : public QWidget {
 public:
     Diagramme(PanneauDemarre& modele, Etude& e, QWidget* parent);
     void Dessiner();
+    QSize sizeHint() const override;
     QMenu* MenuZoom = nullptr;
     std::function<void()> Apres;
     std::function<void(QPoint)> MenuPlume;
