@@ -8,6 +8,7 @@
 #include "core/views/DialogueQt.h"
 #include "database/BaseEtudesSql.h"
 #include "database/Import.h"
+#include "diagnostics/Diagnostics.h"
 #include "network/views/ImageLigne.h"
 #include "relays/Relais.h"
 #include "relays/views/FenetreRelais.h"
@@ -153,6 +154,14 @@ int main(int argc, char** argv) {
             LireEtude(fichier.readAll().toStdString(), etude);
         } catch (const ErreurFichierEtude& err) {
             dialogue.Message("TOURNESOL : Attention", err.what(), 3);
+            return 1;
+        }
+        if (capture.relais && !PanneauRelaisInscrit(etude.id_protection)) {
+            // "set" would open nothing: there is no panel to capture.
+            std::cerr << "tournesol: "
+                      << (RelaisConnu(etude.id_protection) ? TexteReglagesNonCalcules(etude)
+                                                           : std::string("No relay chosen."))
+                      << " No relay panel to capture.\n";
             return 1;
         }
         application.OuvrirAuDemarrage();

@@ -261,7 +261,10 @@ void ImprimerDiagnostics(ContexteImpression& c) {
         }
         AvancerProgression(e, c.etat, 1);
     }
-    if (!imprime) Ligne(c, 0, {"No discordance with the setting guide."});
+    if (!imprime)
+        Ligne(c, 0,
+              {ReglagesNonCalcules(e) ? TexteReglagesNonCalcules(e)
+                                      : "No discordance with the setting guide."});
 }
 
 void ImprimerTeteReglages(ContexteImpression& c) {

@@ -9,6 +9,7 @@
 #include "core/Format.h"
 #include "core/Numerique.h"
 #include "core/Registre.h"
+#include "diagnostics/Diagnostics.h"
 #include "network/Calcul.h"
 #include "network/PanneauOptionsReseau.h"
 #include "network/PanneauValeursReseau.h"
@@ -160,6 +161,8 @@ PanneauDemarre::PanneauDemarre(Etude& e, Dialogue& d, OptionsReport& options, Ba
         Trouver(REPORTS[i])->Valeur = options_.Coche[i];
         Trouver(REPORTS[i])->Actif = options_.Actif[i];
     }
+    // A relay without a panel: the status line says at once that nothing was computed.
+    if (ReglagesNonCalcules(e_)) Trouver("status")->DefinirTexte(TexteReglagesNonCalcules(e_));
     Redessiner();
 }
 
@@ -304,6 +307,12 @@ void PanneauDemarre::Cliquer(const std::string& nom) {
         affichage_.Etiquettes = Trouver("chklabels")->Valeur;
         Redessiner();
     } else if (nom == "cmdextra") {
+        if (ReglagesNonCalcules(e_)) {
+            // Nothing to open: the engineer is told why nothing comes up.
+            Trouver("status")->DefinirTexte(TexteReglagesNonCalcules(e_));
+            d_.Message("TOURNESOL : Attention", TexteReglagesNonCalcules(e_), 3);
+            return;
+        }
         OuvrirPanneau(e_, d_, options_, false);
         if (e_.ErrCalcul == 0) e_.PanneauRelais = false;
         ReglerBoutonsRelais();
