@@ -154,6 +154,7 @@ PanneauDemarre::PanneauDemarre(Etude& e, Dialogue& d, OptionsReport& options, Ba
     if (!(e_.ScaleWidth > 0.0f))
         ZoomIdeal(e_); // a study without a scale of its own is fitted to its load point
     if (!e_.DiagramActuel && !e_.RelaisPret) e_.ImpressionActuelle = false;
+    nouvelleLigne_ = e_.NouvelleLigne;
     e_.OptionsValides = e_.ValeursValides = !e_.NouvelleLigne;
     e_.NouvelleLigne = false;
     e_.ChargementFenetre = false;
@@ -164,6 +165,13 @@ PanneauDemarre::PanneauDemarre(Etude& e, Dialogue& d, OptionsReport& options, Ba
     // A relay without a panel: the status line says at once that nothing was computed.
     if (ReglagesNonCalcules(e_)) Trouver("status")->DefinirTexte(TexteReglagesNonCalcules(e_));
     Redessiner();
+}
+
+void PanneauDemarre::Demarrer() {
+    if (!nouvelleLigne_) return;
+    nouvelleLigne_ = false;
+    Cliquer("mnuOptionsRéseau");
+    if (e_.OptionsValides && !e_.ValeursValides) Cliquer("mnuValeursRéseau");
 }
 
 void PanneauDemarre::PanneauReseau(const std::string& menu) {

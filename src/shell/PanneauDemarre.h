@@ -38,6 +38,10 @@ public:
 
     void Cliquer(const std::string& nom) override;
     void Touche(int code) override;
+    // What the window does once it is up: on a new line, the network options panel, then the
+    // network values panel, so that the engineer describes the line before anything else.
+    void Demarrer();
+    bool NouvelleLigne() const { return nouvelleLigne_; }
     bool Fermer() override;
     // The closing title, composed from the way the window was closed.
     void Fermer(FaconFermer facon);
@@ -100,6 +104,7 @@ private:
     Complexe depart_, courant_;
     std::optional<Annotation> texte_; // the text being typed
     std::unique_ptr<FenetreDiagnostics> diagnostics_;
+    bool nouvelleLigne_ = false; // the window opened on a new line and has not started yet
     Imprimeur imprimeur_;
 };
 

@@ -5,6 +5,7 @@
 #include "core/Erreurs.h"
 #include "core/Etude.h"
 #include "core/Registre.h"
+#include "network/PanneauOptionsReseau.h"
 #include "shell/Ouverture.h"
 
 #include <algorithm>
@@ -407,6 +408,9 @@ void PanneauTitre::Ouvrir() {
     PreparerOuverture(e_);
     e_.OuvertureOK = true;
     if (base_) base_->Ouvrir(e_, d_);
+    if (e_.NouvelleLigne) ViderLigne(e_);
+    // The network options panel, made unseen, puts the network defaults into the study.
+    const PanneauOptionsReseau options(e_);
     FermerPanneau();
 }
 

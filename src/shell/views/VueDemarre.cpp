@@ -29,6 +29,7 @@
 #include <QPrinter>
 #include <QPushButton>
 #include <QScrollArea>
+#include <QTimer>
 #include <QVBoxLayout>
 
 namespace tournesol {
@@ -259,6 +260,17 @@ void VueDemarre::ImprimerSur(QPagedPaintDevice& support) {
     DialogueImpression evenements;
     Imprimer(e_, evenements, page, etat, options);
     page.Fermer();
+}
+
+void VueDemarre::showEvent(QShowEvent* evenement) {
+    FenetrePanneau::showEvent(evenement);
+    if (demarree_) return;
+    demarree_ = true;
+    // Once the window is up, a new line asks for its network: the panels come over it.
+    QTimer::singleShot(0, this, [this] {
+        demarre_.Demarrer();
+        Apres();
+    });
 }
 
 void VueDemarre::ApresHandler() {

@@ -53,6 +53,7 @@ public:
 
 protected:
     void ApresHandler() override;
+    void showEvent(QShowEvent* evenement) override;
 
 private:
     void ChoisirCouleur(int i);
@@ -62,6 +63,7 @@ private:
     Etude& e_;
     Diagramme* diagramme_;
     int version_ = -1;
+    bool demarree_ = false;
     QPointer<FenetrePanneau> diagnostics_; // frmDiagnostics, beside the working window
     FenetreProgression* progression_;      // frmImpress
 };

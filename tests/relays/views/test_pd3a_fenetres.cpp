@@ -99,7 +99,7 @@ TEST(FenetresPD3A, DuTitreAuPanneauPuisALaBaseEtRetour) {
         } else if (nom == "frmPD3A") {
             ++panneaux;
             EXPECT_EQ(w->windowTitle(), "TOURNESOL [CHAMPAGNIER]");
-            if (fenetres == 1 && panneaux == 2) {
+            if (fenetres == 1 && panneaux == 3) {
                 // In "Modify" a desired first zone of 12 secondary ohms, and a timer.
                 EXPECT_FALSE(e.PanneauRelais);
                 TaperLigne(w->findChild<QLineEdit*>("txtX1_bt"), "12", true);
@@ -115,9 +115,11 @@ TEST(FenetresPD3A, DuTitreAuPanneauPuisALaBaseEtRetour) {
             ++fenetres;
             auto* diagramme = w->findChild<QWidget*>("imgCaractéristique");
             if (fenetres == 1) {
-                // A new line: a report case computes it, and the relay in "Return".
-                w->findChild<QRadioButton*>("chkmaximal")->click();
+                // A new line: its network typed in the panels that came up with the window and
+                // the relay computed; a report case computes it again.
                 EXPECT_EQ(panneaux, 1);
+                w->findChild<QRadioButton*>("chkmaximal")->click();
+                EXPECT_EQ(panneaux, 2);
                 avant = LireReglages(e);
                 const QImage image = diagramme->grab().toImage();
                 QTest::mouseClick(w->findChild<QPushButton*>("cmdextra"), Qt::LeftButton);
@@ -147,6 +149,18 @@ TEST(FenetresPD3A, DuTitreAuPanneauPuisALaBaseEtRetour) {
                 rouverts = LireReglages(e);
             }
             w->findChild<QAction*>("mnuChangerPoste")->trigger();
+        } else if (nom == "frmRéseauOptions") {
+            QTest::mouseClick(w->findChild<QPushButton*>("Command1"), Qt::LeftButton);
+        } else if (nom == "frmréseauvaleurs") {
+            TaperLigne(w->findChild<QLineEdit*>("txtlongueur(0)"), "75", true);
+            TaperLigne(w->findChild<QLineEdit*>("txtrl(0)"), "6.375", true);
+            TaperLigne(w->findChild<QLineEdit*>("txtxl(0)"), "30.375", true);
+            QTest::mouseClick(w->findChild<QPushButton*>("Command1"), Qt::LeftButton);
+        } else if (nom == "frmReportCharge" && w->findChild<QLabel*>("lblErreur")->isVisible()) {
+            // A new line has no neighbour reactance yet: the panel shows the failure and takes
+            // the value typed.
+            TaperLigne(w->findChild<QLineEdit*>("txtxla"), "20", true);
+            QTest::mouseClick(w->findChild<QPushButton*>("Command2"), Qt::LeftButton);
         } else {
             RepondreParDefaut(w);
         }
