@@ -118,6 +118,9 @@ int main(int argc, char** argv) {
     dialogue.Inscrire("frmtitre", [](Panneau& p, DialogueQt&) -> std::unique_ptr<FenetrePanneau> {
         return std::make_unique<VueTitre>(dynamic_cast<PanneauTitre&>(p));
     });
+    dialogue.Inscrire("frmAPropos", [](Panneau& p, DialogueQt&) -> std::unique_ptr<FenetrePanneau> {
+        return std::make_unique<VueAPropos>(dynamic_cast<PanneauAPropos&>(p));
+    });
     dialogue.Inscrire(
         "frmDémarre", [&etude](Panneau& p, DialogueQt&) -> std::unique_ptr<FenetrePanneau> {
             return std::make_unique<VueDemarre>(dynamic_cast<PanneauDemarre&>(p), etude);

@@ -151,6 +151,14 @@ void FenetrePanneau::setVisible(bool visible) {
         resize(TailleSurEcran(*this));
     }
     QDialog::setVisible(visible);
+    // A window of options alone (the relay choice) starts on the option chosen, so that the
+    // arrow keys move the choice from there.
+    if (visible && !findChild<QLineEdit*>() && !findChild<QComboBox*>())
+        for (QRadioButton* option : findChildren<QRadioButton*>())
+            if (option->isChecked()) {
+                option->setFocus();
+                break;
+            }
 }
 
 void FenetrePanneau::ConstruireGenerique() {
