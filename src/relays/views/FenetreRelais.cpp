@@ -248,6 +248,8 @@ FenetreRelais::FenetreRelais(PanneauProtection& modele, QWidget* parent)
 void FenetreRelais::ChangerOnglet(int i) {
     if (synchro_ || i < 0) return;
     synchro_ = true;
+    // The sheet left stays in front until the model has changed it (after a question, say).
+    onglets_->setCurrentIndex(relais_.OngletCourant());
     relais_.Cliquer("TitreOnglet(" + std::to_string(i) + ")");
     synchro_ = false;
     lieur_->Rafraichir();
