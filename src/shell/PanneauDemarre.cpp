@@ -148,6 +148,7 @@ PanneauDemarre::PanneauDemarre(Etude& e, Dialogue& d, OptionsReport& options, Ba
                           !e.ReportAdmis[static_cast<std::size_t>(e.id_protection - 1)][1];
     Trouver("txtmono")->Visible = !sansMono;
     e_.OptionDessin = 1;
+    MarquerOutil();
     ReglerBoutonsRelais();
     options_.Choisir(e_.TypeReportCharge);
     CalculerEtTracer(e_, d_, options_);
@@ -356,10 +357,12 @@ void PanneauDemarre::Cliquer(const std::string& nom) {
     } else if (nom == "cmdhelp") {
         Trouver("panHelp")->Visible = Trouver("cmdhelp")->Valeur;
     } else if (nom == "mnuChangerPoste") {
+        if (!PeutQuitterEtude()) return;
         e_.QuitterAppli = false;
         e_.ChangerPoste = true;
         Fermer(FaconFermer::Programme);
     } else if (nom == "mnuQuitter" || nom == "cmdquitter") {
+        if (!PeutQuitterEtude()) return;
         e_.ChangerPoste = false;
         e_.QuitterAppli = true;
         Fermer(FaconFermer::Programme);
@@ -404,7 +407,13 @@ std::string PanneauDemarre::TexteOutil(int outil) {
 void PanneauDemarre::ChoisirOutil(int outil) {
     if (texte_) Caractere("\r");
     e_.OptionDessin = static_cast<Entier16>(outil);
+    MarquerOutil();
     Trouver("status")->DefinirTexte(TexteOutil(outil));
+}
+
+void PanneauDemarre::MarquerOutil() {
+    for (int i = 0; i < 6; ++i)
+        Trouver(BoutonOutil(i))->Valeur = i == e_.OptionDessin; // the tool in force stays down
 }
 
 std::string PanneauDemarre::TexteCoordonnees(double r, double x) {
@@ -492,6 +501,7 @@ void PanneauDemarre::SourisHaut(double r, double x) {
         ZoomCarre(e_, depart_.Re, depart_.Im, r, x);
         e_.EnZoom = false;
         e_.OptionDessin = 0;
+        MarquerOutil();
         break;
     default:
         break;
@@ -580,8 +590,35 @@ void PanneauDemarre::Dessiner(Plan& plan) const {
 }
 
 bool PanneauDemarre::Fermer() {
+    if (!PeutQuitterEtude()) return false;
     Fermer(FaconFermer::MenuSysteme);
     return true;
+}
+
+std::string PanneauDemarre::TitreAffiche() const {
+    std::string titre = Titre();
+    if (!e_.NomDepart.empty()) {
+        titre += " " + e_.NomDepart;
+        if (!e_.NomPiquage.empty()) titre += " - " + e_.NomPiquage;
+    }
+    if (RelaisConnu(e_.id_protection)) {
+        titre +=
+            ", " + std::string(LEGENDES_PROTECTION[static_cast<std::size_t>(e_.id_protection - 1)]);
+        if (e_.id_numero > 0) titre += " n° " + std::to_string(e_.id_numero);
+    }
+    return e_.EtudeModifiee ? titre + " *" : titre;
+}
+
+bool PanneauDemarre::PeutQuitterEtude() {
+    if (!e_.EtudeModifiee || !base_) return true;
+    const int reponse = d_.Question("TOURNESOL : Attention",
+                                    "The study has changed since it was last saved.\r\n"
+                                    "Save the changes?",
+                                    3, {"&Save", "&Don't save", "&Cancel"});
+    if (reponse == 1) return true;
+    if (reponse != 0) return false;
+    e_.Sauvegarde = true;
+    return base_->Sauver(e_, d_) && !e_.EtudeModifiee;
 }
 
 void PanneauDemarre::Fermer(FaconFermer facon) {

@@ -256,7 +256,12 @@ public:
         return {};
     }
     void Ouvrir(Etude& e, Dialogue&) override { e.NouvelleLigne = true; }
-    bool Sauver(Etude&, Dialogue&) override { return true; }
+    bool Sauver(Etude& e, Dialogue&) override {
+        ++sauvegardes;
+        e.EtudeModifiee = false;
+        return true;
+    }
+    int sauvegardes = 0;
     bool SauverDepuisSuperposition(Etude&, Dialogue&) override { return true; }
     std::unique_ptr<Panneau> PanneauSuppression(Etude&, Dialogue&) override { return nullptr; }
     MagasinReglages& Magasin() override { return magasin_; }
@@ -340,4 +345,40 @@ TEST(Demarre, UneNouvelleLigneMailleeJusquAuReportTriphase) {
     app.Main();
     EXPECT_EQ(panneaux, (std::vector<std::string>{"frmRéseauOptions", "frmréseauvaleurs",
                                                   "frmReportCharge", "frmReportCharge"}));
+}
+
+TEST(Demarre, QuitterUneEtudeModifieeDemandeSiLOnSauve) {
+    Etude e;
+    RemplirLigne225(e);
+    BaseSansLigne base;
+    DialogueScripte d;
+    OptionsReport options;
+    PanneauDemarre w(e, d, options, &base, std::nullopt);
+    EXPECT_EQ(w.TitreAffiche(), "TOURNESOL []");
+    e.NomPoste = "BAYET";
+    e.NomDepart = "COMMENTRY";
+    e.id_protection = 3;
+    e.id_numero = 2;
+    e.EtudeModifiee = true;
+    PanneauDemarre fenetre(e, d, options, &base, std::nullopt);
+    EXPECT_EQ(fenetre.TitreAffiche(), "TOURNESOL [BAYET] COMMENTRY, PD3A n° 2 *");
+    // Cancel: the window stays, whether left by its command or by its close box.
+    d.AjouterReponses({2});
+    fenetre.Cliquer("cmdquitter");
+    EXPECT_FALSE(fenetre.Ferme());
+    EXPECT_EQ(d.Messages().back().BoutonsQuestion, (Boutons{"&Save", "&Don't save", "&Cancel"}));
+    d.AjouterReponses({2});
+    EXPECT_FALSE(fenetre.Fermer()); // the close box asks too
+    d.AjouterReponses({0});
+    fenetre.Cliquer("mnuChangerPoste"); // save, then change
+    EXPECT_EQ(base.sauvegardes, 1);
+    EXPECT_TRUE(fenetre.Ferme());
+    EXPECT_TRUE(e.ChangerPoste);
+    // A saved study goes without a question.
+    const auto questions = d.Messages().size();
+    PanneauDemarre sauvee(e, d, options, &base, std::nullopt);
+    EXPECT_EQ(sauvee.TitreAffiche(), "TOURNESOL [BAYET] COMMENTRY, PD3A n° 2");
+    sauvee.Cliquer("mnuQuitter");
+    EXPECT_TRUE(sauvee.Ferme());
+    EXPECT_EQ(d.Messages().size(), questions);
 }

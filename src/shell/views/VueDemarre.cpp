@@ -245,6 +245,24 @@ VueDemarre::VueDemarre(PanneauDemarre& modele, Etude& e)
         if (choix.exec() != QDialog::Accepted) return;
         ImprimerSur(imprimante);
     });
+    // The usual keys of a desktop program, and what the terse commands do.
+    const std::pair<const char*, QKeySequence> raccourcis[] = {
+        {"mnuSauvegarde", QKeySequence::Save},
+        {"mnuImprimer", QKeySequence::Print},
+        {"mnuQuitter", QKeySequence(Qt::CTRL | Qt::Key_Q)}};
+    for (const auto& [nom, touches] : raccourcis)
+        if (auto* a = findChild<QAction*>(nom)) a->setShortcut(touches);
+    const std::pair<const char*, const char*> bulles[] = {
+        {"cmdextra", "opens the relay's panel: its settings, computed and set (Enter)"},
+        {"cmdhelp", "shows or hides the help"},
+        {"cmdsave", "save the network values and the settings (Ctrl+S)"},
+        {"cmdprint", "document printing (Ctrl+P)"},
+        {"cmdquitter", "leave (Ctrl+Q)"}};
+    for (const auto& [nom, bulle] : bulles)
+        if (auto* w = findChild<QWidget*>(nom)) w->setToolTip(bulle);
+    for (int i = 0; i < 6; ++i)
+        if (auto* b = findChild<QPushButton*>(QString("cmdoption(%1)").arg(i)))
+            b->setToolTip(Q(PanneauDemarre::TexteOutil(i)));
     Lier();
 }
 
@@ -292,7 +310,7 @@ void VueDemarre::ApresHandler() {
             boite->setIcon(QIcon(echantillon));
             boite->setProperty("couleur", couleur);
         }
-    setWindowTitle(Q(modele_.Titre()));
+    setWindowTitle(Q(demarre_.TitreAffiche()));
     // The diagnostics window stays beside the working window while cmdDiagnostics is down.
     FenetreDiagnostics* diagnostics = demarre_.Diagnostics();
     if (diagnostics && !diagnostics_) {

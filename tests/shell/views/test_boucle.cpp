@@ -81,7 +81,7 @@ TEST(Boucle, DuTitreALaFenetreDeTravailEtRetour) {
         } else if (nom == "frmPD3A") {
             QTest::mouseClick(w->findChild<QPushButton*>("Command1"), Qt::LeftButton);
         } else if (nom == "frmDémarre") {
-            EXPECT_EQ(w->windowTitle(), "TOURNESOL [CHAMPAGNIER]");
+            EXPECT_EQ(w->windowTitle(), "TOURNESOL [CHAMPAGNIER] GRANDE-ILE, PD3A");
             QWidget* diagramme = w->findChild<QWidget*>("imgCaractéristique");
             ASSERT_NE(diagramme, nullptr);
             const QImage image = diagramme->grab().toImage();
