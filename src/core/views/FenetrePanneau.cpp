@@ -12,11 +12,13 @@
 #include <QKeyEvent>
 #include <QLabel>
 #include <QLineEdit>
+#include <QMouseEvent>
 #include <QPushButton>
 #include <QRadioButton>
 #include <QScreen>
 #include <QScrollArea>
 #include <QScrollBar>
+#include <QTabBar>
 #include <QTabWidget>
 #include <QVBoxLayout>
 #include <map>
@@ -180,6 +182,8 @@ void FenetrePanneau::ConstruireGenerique() {
             onglets = new QTabWidget(this);
             onglets->setObjectName("Onglets");
             onglets->setUsesScrollButtons(false); // every tab's title in full
+            onglets->tabBar()->setMouseTracking(true);
+            onglets->tabBar()->installEventFilter(this);
             pile->addWidget(onglets);
         }
         if (!pages.count(titre)) {
@@ -224,6 +228,25 @@ void FenetrePanneau::Apres() {
     ApresHandler();
     update();
     if (modele_.Ferme()) accept();
+}
+
+bool FenetrePanneau::eventFilter(QObject* objet, QEvent* evenement) {
+    if (auto* barre = qobject_cast<QTabBar*>(objet);
+        barre && (evenement->type() == QEvent::MouseMove || evenement->type() == QEvent::Leave)) {
+        const int onglet =
+            evenement->type() == QEvent::Leave
+                ? -1
+                : barre->tabAt(static_cast<QMouseEvent*>(evenement)->position().toPoint());
+        if (onglet != ongletSurvole_) {
+            ongletSurvole_ = onglet;
+            if (onglet >= 0) {
+                modele_.Entrer(barre->tabText(onglet).toStdString());
+                if (lieur_) lieur_->Rafraichir();
+                ApresHandler();
+            }
+        }
+    }
+    return QDialog::eventFilter(objet, evenement);
 }
 
 void FenetrePanneau::keyPressEvent(QKeyEvent* evenement) {

@@ -50,6 +50,8 @@ public:
     void setVisible(bool visible) override;
 
 protected:
+    // The pointer resting on a tab's title enters it, as a field (the help of the transit tab).
+    bool eventFilter(QObject* objet, QEvent* evenement) override;
     void keyPressEvent(QKeyEvent* evenement) override;
     void closeEvent(QCloseEvent* evenement) override;
     void reject() override;
@@ -58,6 +60,7 @@ protected:
 
     Panneau& modele_;
     Lieur* lieur_ = nullptr;
+    int ongletSurvole_ = -1;
 };
 
 } // namespace tournesol

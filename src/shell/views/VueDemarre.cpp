@@ -28,6 +28,7 @@
 #include <QPrintDialog>
 #include <QPrinter>
 #include <QPushButton>
+#include <QScreen>
 #include <QScrollArea>
 #include <QTimer>
 #include <QVBoxLayout>
@@ -330,6 +331,17 @@ void VueDemarre::ApresHandler() {
                 }
             },
             Qt::QueuedConnection);
+        // Beside the working window when the screen has room, else over its side column: never
+        // over the diagram.
+        diagnostics_->resize(TailleSurEcran(*diagnostics_));
+        const QRect fenetre = frameGeometry();
+        int x = fenetre.right() + 1;
+        if (const QScreen* ecran = screen(); ecran && isVisible()) {
+            const QRect place = ecran->availableGeometry();
+            if (x + diagnostics_->width() > place.right())
+                x = std::max(place.left(), fenetre.right() - diagnostics_->width());
+            diagnostics_->move(x, fenetre.top());
+        }
         diagnostics_->show();
     } else if (!diagnostics && diagnostics_) {
         // Its model is gone already: the window goes without asking it anything.

@@ -21,9 +21,13 @@
 #include "shell/views/VueDemarre.h"
 #include "shell/views/VueTitre.h"
 
+#include <QGroupBox>
 #include <QLabel>
+#include <QMouseEvent>
 #include <QPushButton>
 #include <QRadioButton>
+#include <QTabBar>
+#include <QTabWidget>
 #include <QTest>
 #include <filesystem>
 #include <gtest/gtest.h>
@@ -193,4 +197,32 @@ TEST(FenetresPortables, LAProposSeFermeAuPremierGesteEtMontreSonLogo) {
     auto* numero = vue.findChild<QLabel*>("lblnuméro");
     ASSERT_NE(numero, nullptr);
     EXPECT_EQ(numero->buddy(), vue.findChild<QWidget*>("txtnuméro"));
+}
+
+TEST(FenetresPortables, LesCadresSansObjetSeCachentEtLAideSuitLePointeur) {
+    Etude e;
+    Ouvrir("champagnier-grande-ile-225kV.json", e); // two ends, 225 kV
+    PanneauOptionsReseau options(e);
+    FenetrePanneau fenetre(options);
+    fenetre.ConstruireGenerique();
+    fenetre.show();
+    QApplication::processEvents();
+    // The currents of the three ends do not apply to a line of two.
+    int cadres = 0;
+    for (QGroupBox* cadre : fenetre.findChildren<QGroupBox*>())
+        if (cadre->title() == "maximal currents (A)") {
+            ++cadres;
+            EXPECT_TRUE(cadre->isHidden());
+        }
+    EXPECT_EQ(cadres, 1);
+    auto* aide = fenetre.findChild<QLabel*>("aidetri");
+    ASSERT_NE(aide, nullptr);
+    EXPECT_EQ(aide->text(), "Point on the text to obtain its meaning");
+    auto* barre = fenetre.findChild<QTabWidget*>("Onglets")->tabBar();
+    ASSERT_EQ(barre->tabText(0), " Transit current");
+    QMouseEvent survol(QEvent::MouseMove, QPointF(barre->tabRect(0).center()),
+                       barre->mapToGlobal(QPointF(barre->tabRect(0).center())), Qt::NoButton,
+                       Qt::NoButton, Qt::NoModifier);
+    QApplication::sendEvent(barre, &survol);
+    EXPECT_EQ(aide->text(), "IMAP (Winter2)");
 }
