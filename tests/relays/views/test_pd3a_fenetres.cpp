@@ -21,10 +21,12 @@
 #include <QImage>
 #include <QLabel>
 #include <QLineEdit>
+#include <QPointer>
 #include <QPushButton>
 #include <QRadioButton>
 #include <QTabWidget>
 #include <QTemporaryDir>
+#include <QTimer>
 #include <cmath>
 #include <gtest/gtest.h>
 
@@ -112,6 +114,17 @@ TEST(FenetresPD3A, DuTitreAuPanneauPuisALaBaseEtRetour) {
             }
             QTest::mouseClick(w->findChild<QPushButton*>("Command1"), Qt::LeftButton);
         } else if (nom == "frmDémarre") {
+            // On a new line the network panels come over the window first: the user acts on
+            // the window once they are done.
+            auto& demarre =
+                dynamic_cast<PanneauDemarre&>(static_cast<FenetrePanneau*>(w)->Modele());
+            if (QApplication::activeModalWidget() != w || demarre.NouvelleLigne()) {
+                QPointer<QWidget> garde(w);
+                QTimer::singleShot(20, [&agir, garde] {
+                    if (garde) agir(garde);
+                });
+                return;
+            }
             ++fenetres;
             auto* diagramme = w->findChild<QWidget*>("imgCaractéristique");
             if (fenetres == 1) {
