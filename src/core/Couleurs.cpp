@@ -6,7 +6,7 @@ namespace tournesol {
 
 void InitCouleurs(Etude& e) {
     e.CouleurTransit1 = 0x0000FF;
-    e.CouleurTransit2 = 0x0B86B8; // dark gold: read on a white screen and on paper
+    e.CouleurTransit2 = 0x00FFFF;
     e.CouleurAntipompage = 0xFF0000;
     e.CouleurMonophase = 0x00FF00;
     e.CouleurTransit3 = 0x0000FF;
