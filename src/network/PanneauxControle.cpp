@@ -1,6 +1,7 @@
 #include "network/PanneauxControle.h"
 
 #include "core/Etude.h"
+#include "network/PanneauxBouts.h"
 
 namespace tournesol {
 
@@ -29,11 +30,6 @@ Champ Dans(Champ c, const char* cadre) {
     return c;
 }
 
-// The name of the line's end i (1 to 3): substation A, B or C.
-std::string NomBout(const Etude& e, int i) {
-    return i == 1 ? e.NomPoste : i == 2 ? e.NomDepart : e.NomPiquage;
-}
-
 Champ Bouton(const char* nom, std::string texte) {
     Champ c(nom, std::move(texte), "");
     c.Genre = GenreChamp::Bouton;
@@ -55,9 +51,8 @@ PanneauValeurs::PanneauValeurs(Etude& e) : Panneau("frmValeurs"), e_(e) {
     AjouterChamp(Dans(Etiquette("fraControle", "check"), "fraControle"));
     AjouterChamp(Dans(Valeur("txtxprim1", "##0.##", "First zone reactance (Ω P)", e.Ligne_Xprim1),
                       "fraControle"));
-    AjouterChamp(Dans(
-        Valeur("txtxprim2", "##0.##", "Second zone reactance (Ω P)", e.Ligne_Xprim2),
-        "fraControle"));
+    AjouterChamp(Dans(Valeur("txtxprim2", "##0.##", "Second zone reactance (Ω P)", e.Ligne_Xprim2),
+                      "fraControle"));
     AjouterChamp(Dans(Valeur("txtxprim3", "##0.##", "third zone reactance (Ω P)", e.Ligne_Xprim3),
                       "fraControle"));
     AjouterChamp(Bouton("Command2", "&Continuer"));
