@@ -43,12 +43,13 @@ public:
     QSize sizeHint() const override {
         if (!widget()) return QScrollArea::sizeHint();
         const int cadre = 2 * frameWidth();
-        return widget()->sizeHint() + QSize(cadre + Barre(), cadre);
+        return widget()->sizeHint().expandedTo(widget()->minimumSize()) +
+               QSize(cadre + Barre(), cadre);
     }
     QSize minimumSizeHint() const override {
         if (!widget()) return QScrollArea::minimumSizeHint();
         const int cadre = 2 * frameWidth();
-        const QSize contenu = widget()->minimumSizeHint();
+        const QSize contenu = widget()->minimumSizeHint().expandedTo(widget()->minimumSize());
         return {contenu.width() + cadre + Barre(), std::min(contenu.height() + cadre, 120)};
     }
 

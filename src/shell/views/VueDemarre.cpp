@@ -2,6 +2,7 @@
 
 #include "core/Dialogue.h"
 #include "core/Etude.h"
+#include "core/Registre.h"
 #include "core/views/Lieur.h"
 #include "diagnostics/Diagnostics.h"
 #include "diagram/Plan.h"
@@ -47,6 +48,48 @@ public:
 };
 QColor VersQt(Couleur c) {
     return QColor(Rouge(c), Vert(c), Bleu(c));
+}
+
+// frmDiagnostics: in the frame of each relay, each rule's text, limit and unit on one line.
+void ConstruireDiagnostics(FenetrePanneau& fenetre, FenetreDiagnostics& modele) {
+    auto* pile = new QVBoxLayout(&fenetre);
+    auto* corps = new QWidget(&fenetre);
+    corps->setMinimumWidth(520); // a rule's text on two or three lines, not five
+    auto* lignes = new QVBoxLayout(corps);
+    lignes->setContentsMargins(0, 0, 0, 0);
+    auto ajouter = [&](const std::string& nom, QWidget* parent) -> QWidget* {
+        const Champ* c = modele.Trouver(nom);
+        return c ? FenetrePanneau::CreerWidget(modele, *c, parent) : nullptr;
+    };
+    if (QWidget* w = ajouter("lblNonCalcule", corps)) lignes->addWidget(w);
+    for (int id = 1; id <= NOMBRE_RELAIS; ++id) {
+        const BlocRegles& bloc = *BlocDuRelais(id);
+        auto* cadre = new QGroupBox(corps);
+        cadre->setObjectName(Q(FenetreDiagnostics::NomCadre(id)));
+        auto* grille = new QGridLayout(cadre);
+        grille->setColumnStretch(0, 1);
+        int ligne = 0;
+        if (QWidget* w = ajouter(FenetreDiagnostics::NomConforme(id), cadre))
+            grille->addWidget(w, ligne++, 0, 1, 3);
+        for (int n = bloc.PremiereAffichee; n <= bloc.DerniereAffichee; ++n) {
+            QWidget* texte = ajouter(FenetreDiagnostics::NomTexte(n), cadre);
+            if (!texte) continue;
+            grille->addWidget(texte, ligne, 0);
+            if (QWidget* valeur = ajouter(FenetreDiagnostics::NomValeur(n), cadre))
+                grille->addWidget(valeur, ligne, 1, Qt::AlignRight | Qt::AlignTop);
+            if (QWidget* unite = ajouter(FenetreDiagnostics::NomUnite(n), cadre))
+                grille->addWidget(unite, ligne, 2, Qt::AlignLeft | Qt::AlignTop);
+            ++ligne;
+        }
+        lignes->addWidget(cadre);
+    }
+    lignes->addStretch();
+    pile->addWidget(FenetrePanneau::Defilante(corps, &fenetre), 1);
+    auto* boutons = new QHBoxLayout;
+    boutons->addStretch();
+    if (QWidget* ok = ajouter("cmdOK", &fenetre)) boutons->addWidget(ok);
+    pile->addLayout(boutons);
+    fenetre.Lier();
 }
 } // namespace
 
@@ -316,7 +359,7 @@ void VueDemarre::ApresHandler() {
     FenetreDiagnostics* diagnostics = demarre_.Diagnostics();
     if (diagnostics && !diagnostics_) {
         diagnostics_ = new FenetrePanneau(*diagnostics, this);
-        diagnostics_->ConstruireGenerique();
+        ConstruireDiagnostics(*diagnostics_, *diagnostics);
         diagnostics_->setModal(false);
         diagnostics_->setAttribute(Qt::WA_DeleteOnClose);
         diagnostics_->setWindowFlag(Qt::WindowStaysOnTopHint, true);

@@ -104,6 +104,12 @@ TEST(Boucle, DuTitreALaFenetreDeTravailEtRetour) {
             ASSERT_NE(fenetre, nullptr);
             EXPECT_TRUE(fenetre->isVisible());
             EXPECT_FALSE(fenetre->isModal());
+            // TOURNESOL_CAPTURES=folder keeps a picture of the two windows, to look at.
+            if (qEnvironmentVariableIsSet("TOURNESOL_CAPTURES")) {
+                const QString dossier = qEnvironmentVariable("TOURNESOL_CAPTURES");
+                fenetre->grab().save(dossier + "/frmDiagnostics.png");
+                w->grab().save(dossier + "/frmDémarre.png");
+            }
             EXPECT_TRUE(e.DiagnosticsOuverts);
             diagnostics->click();
             EXPECT_FALSE(e.DiagnosticsOuverts);
