@@ -104,6 +104,19 @@ TEST(Boucle, DuTitreALaFenetreDeTravailEtRetour) {
             ASSERT_NE(fenetre, nullptr);
             EXPECT_TRUE(fenetre->isVisible());
             EXPECT_FALSE(fenetre->isModal());
+            // Each rule shown stands on one row: its text, its limit and its unit side by side.
+            int regles = 0;
+            for (int n = 15; n <= 21; ++n) {
+                auto* texte = fenetre->findChild<QLabel*>(QString("lblRegle(%1)").arg(n));
+                if (!texte || !texte->isVisible()) continue;
+                ++regles;
+                auto* valeur = fenetre->findChild<QLabel*>(QString("lblValeur(%1)").arg(n));
+                auto* unite = fenetre->findChild<QLabel*>(QString("lblUnite(%1)").arg(n));
+                EXPECT_EQ(valeur->y(), texte->y()) << n;
+                EXPECT_EQ(unite->y(), texte->y()) << n;
+                EXPECT_GT(valeur->x(), texte->x() + texte->width() - 1) << n;
+            }
+            EXPECT_GT(regles, 0);
             // TOURNESOL_CAPTURES=folder keeps a picture of the two windows, to look at.
             if (qEnvironmentVariableIsSet("TOURNESOL_CAPTURES")) {
                 const QString dossier = qEnvironmentVariable("TOURNESOL_CAPTURES");
