@@ -12,10 +12,10 @@ jobs=$(nproc)
 
 cmake -S . -B build -G Ninja -DTOURNESOL_WERROR=ON
 cmake --build build -j "$jobs"
-ctest --test-dir build --output-on-failure -j "$jobs"
+ctest --test-dir build --output-on-failure --timeout 600 -j "$jobs"
 
 cmake -S . -B build-asan -G Ninja -DCMAKE_BUILD_TYPE=Debug -DTOURNESOL_WERROR=ON \
   -DTOURNESOL_SANITIZE=ON -DTOURNESOL_BENCH=OFF
 cmake --build build-asan -j "$jobs"
 ASAN_OPTIONS=detect_leaks=1 UBSAN_OPTIONS=print_stacktrace=1 \
-  ctest --test-dir build-asan --output-on-failure -j "$jobs"
+  ctest --test-dir build-asan --output-on-failure --timeout 900 -j "$jobs"

@@ -8,6 +8,7 @@
 #include "core/views/DialogueQt.h"
 #include "database/BaseEtudesSql.h"
 #include "database/Import.h"
+#include "diagnostics/Diagnostics.h"
 #include "network/views/ImageLigne.h"
 #include "relays/Relais.h"
 #include "relays/views/FenetreRelais.h"
@@ -117,6 +118,9 @@ int main(int argc, char** argv) {
     dialogue.Inscrire("frmtitre", [](Panneau& p, DialogueQt&) -> std::unique_ptr<FenetrePanneau> {
         return std::make_unique<VueTitre>(dynamic_cast<PanneauTitre&>(p));
     });
+    dialogue.Inscrire("frmAPropos", [](Panneau& p, DialogueQt&) -> std::unique_ptr<FenetrePanneau> {
+        return std::make_unique<VueAPropos>(dynamic_cast<PanneauAPropos&>(p));
+    });
     dialogue.Inscrire(
         "frmDémarre", [&etude](Panneau& p, DialogueQt&) -> std::unique_ptr<FenetrePanneau> {
             return std::make_unique<VueDemarre>(dynamic_cast<PanneauDemarre&>(p), etude);
@@ -148,7 +152,15 @@ int main(int argc, char** argv) {
     if (args.isEmpty()) AmorcerBase(base);
     // A study file: opened at once in the working window; a refused one leaves the opening
     // dialog to come up after its message.
-    if (!args.isEmpty()) application.OuvrirFichier(args.first().toStdString());
+    if (!args.isEmpty() && application.OuvrirFichier(args.first().toStdString()) &&
+        capture.relais && !PanneauRelaisInscrit(etude.id_protection)) {
+        // "set" would open nothing: there is no panel to capture.
+        std::cerr << "tournesol: "
+                  << (RelaisConnu(etude.id_protection) ? TexteReglagesNonCalcules(etude)
+                                                       : std::string("No relay chosen."))
+                  << " No relay panel to capture.\n";
+        return 1;
+    }
     application.Main();
     return 0;
 }

@@ -30,6 +30,11 @@ void InscrirePanneauRelais(int id_protection, FabriquePanneauRelais fabrique) {
         fabriques[static_cast<std::size_t>(id_protection - 1)] = fabrique;
 }
 
+bool PanneauRelaisInscrit(int id_protection) {
+    return RelaisConnu(id_protection) &&
+           fabriques[static_cast<std::size_t>(id_protection - 1)] != nullptr;
+}
+
 std::unique_ptr<Panneau> CreerPanneauRelais(Etude& e, Dialogue& d) {
     if (!RelaisConnu(e.id_protection)) return nullptr;
     const auto fabrique = fabriques[static_cast<std::size_t>(e.id_protection - 1)];

@@ -46,5 +46,7 @@ void InitRegistre(Etude& e);
 using FabriquePanneauRelais = std::unique_ptr<Panneau> (*)(Etude&, Dialogue&);
 void InscrirePanneauRelais(int id_protection, FabriquePanneauRelais fabrique);
 std::unique_ptr<Panneau> CreerPanneauRelais(Etude& e, Dialogue& d);
+// True when relay id_protection has registered its panel, so that its settings can be computed.
+bool PanneauRelaisInscrit(int id_protection);
 
 } // namespace tournesol

@@ -3,6 +3,7 @@
 #include "core/Erreurs.h"
 #include "core/Etude.h"
 #include "core/Format.h"
+#include "core/Registre.h"
 
 #include <array>
 #include <map>
@@ -67,6 +68,16 @@ void PoserRegle(Etude& e, int n, double valeur) {
 
 void EffacerRegle(Etude& e, int n) {
     e.DiagDrapeaux[Indice(n)] = false;
+}
+
+bool ReglagesNonCalcules(const Etude& e) {
+    return RelaisConnu(e.id_protection) && !PanneauRelaisInscrit(e.id_protection);
+}
+
+std::string TexteReglagesNonCalcules(const Etude& e) {
+    const auto nom = LEGENDES_PROTECTION[static_cast<std::size_t>(
+        RelaisConnu(e.id_protection) ? e.id_protection - 1 : 0)];
+    return "Settings of the " + std::string(nom) + " not computed (no panel for this relay yet).";
 }
 
 bool RegleActive(const Etude& e, int n) {

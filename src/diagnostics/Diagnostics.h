@@ -24,6 +24,13 @@ struct Etude;
 inline constexpr const char* TITRE_DIAGNOSTICS = "Diagnostics";
 inline constexpr const char* AUCUNE_DISCORDANCE = "No discordance with the setting guide.";
 inline constexpr const char* CONFORME_AU_GUIDE = "In accordance with the setting guide";
+
+// A relay chosen whose panel does not exist in this program: its settings are not computed, its
+// rules never tested. The window, the working window and the report then say so, and never
+// give a verdict of the setting guide.
+bool ReglagesNonCalcules(const Etude& e);
+// "Settings of the SA 511 not computed (no panel for this relay yet)."
+std::string TexteReglagesNonCalcules(const Etude& e);
 // Limits in the window and in the report.
 inline constexpr const char* FORMAT_FENETRE = "##0.##";
 inline constexpr const char* FORMAT_RAPPORT = "##0.0#";

@@ -42,6 +42,7 @@ FenetreDiagnostics::FenetreDiagnostics(Etude& e, bool& diagnosticsOuverts)
             Ajouter(GenreChamp::Etiquette, NomUnite(n), UniteFenetre(n), cadre).Visible = false;
         }
     }
+    Ajouter(GenreChamp::Etiquette, "lblNonCalcule", "").Visible = false;
     Ajouter(GenreChamp::Bouton, "cmdOK", "&OK");
 }
 
@@ -80,8 +81,10 @@ void FenetreDiagnostics::MajDiagnostics() {
                 montrer(NomValeur(n), active, FormaterNombre(valeur, FORMAT_FENETRE));
                 montrer(NomUnite(n), active, UniteFenetre(n));
             }
-            montrer(NomConforme(id), conforme, CONFORME_AU_GUIDE);
+            // Without settings nothing was compared: no verdict.
+            montrer(NomConforme(id), conforme && !ReglagesNonCalcules(e_), CONFORME_AU_GUIDE);
         }
+        montrer("lblNonCalcule", ReglagesNonCalcules(e_), TexteReglagesNonCalcules(e_));
         for (Etat& etat : etats) {
             etat.champ->Visible = etat.visible;
             etat.champ->DefinirTexte(std::move(etat.texte));

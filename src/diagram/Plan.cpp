@@ -239,6 +239,21 @@ void Plan::DrawPlan() {
             DeplacerPlume(re, im - 0.025 * h);
         else
             DeplacerPlume(re - 0.03 * w, im);
+        if (!Papier) {
+            // On screen a value near an edge is moved inside, to be read whole: "-80" cut to
+            // "80" would lie. Its half size in pixels, from the font's size.
+            const std::string texte = FormaterNombre(valeur, "");
+            const double demiLargeur = 0.4 * PoliceEtiquettes.taille * texte.size() + 2.0;
+            const double demiHauteur = 0.7 * PoliceEtiquettes.taille + 2.0;
+            const double ohmsParPixelX = w / surface_->Largeur();
+            const double ohmsParPixelY = h / surface_->Hauteur();
+            CurrentX = std::clamp(CurrentX, gauche + demiLargeur * ohmsParPixelX,
+                                  std::max(gauche + demiLargeur * ohmsParPixelX,
+                                           droite - demiLargeur * ohmsParPixelX));
+            CurrentY = std::clamp(
+                CurrentY, bas + demiHauteur * ohmsParPixelY,
+                std::max(bas + demiHauteur * ohmsParPixelY, haut - demiHauteur * ohmsParPixelY));
+        }
         NewTickLabel(valeur);
     };
     for (double v = 0.0; v <= droite; v += pas)

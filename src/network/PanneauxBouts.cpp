@@ -105,9 +105,11 @@ PanneauDeuxBouts::PanneauDeuxBouts(Etude& e, MagasinReglages* magasin)
         return Ajouter(genre, nom, texte, groupe);
     };
     ajouter(GenreChamp::Etiquette, "placerprotection", "A-B", "");
-    ajouter(GenreChamp::Etiquette, "Label1", "A", "");
-    ajouter(GenreChamp::Etiquette, "Label2", "B", "");
-    AjouterBouts(e, 2, "ends", "Fraoption", ajouter);
+    // The picture shows the ends' letters: the labels stay unseen under it.
+    ajouter(GenreChamp::Etiquette, "Label1", "A", "").Visible = false;
+    ajouter(GenreChamp::Etiquette, "Label2", "B", "").Visible = false;
+    ajouter(GenreChamp::Etiquette, "fraBouts", "ends", "fraBouts");
+    AjouterBouts(e, 2, "fraBouts", "Fraoption", ajouter);
     // The frame of the options, under its name.
     ajouter(GenreChamp::Etiquette, "Fraoption", "choose one end", "Fraoption");
     ajouter(GenreChamp::Bouton, "Command1", "OK", "");
@@ -170,8 +172,9 @@ PanneauTroisBouts::PanneauTroisBouts(Etude& e, MagasinReglages* magasin)
     // Tab "Relay position".
     const std::string image = "Relay position/Place the relay on one end";
     ajouter(GenreChamp::Etiquette, "placerprotection", "A-B-C", image);
-    ajouter(GenreChamp::Etiquette, "lbldab", "DAB", image);
-    ajouter(GenreChamp::Etiquette, "lbldac", "DAC", image);
+    // The fault points are named on the picture, where they are.
+    ajouter(GenreChamp::Etiquette, "lbldab", "DAB", image).Visible = false;
+    ajouter(GenreChamp::Etiquette, "lbldac", "DAC", image).Visible = false;
     AjouterBouts(e, 3, "Relay position/ends", "Relay position/choose one end", ajouter);
     Ajouter(GenreChamp::Case, "chkcourcirc", "You have a short circuit reckon program",
             "Relay position/short circuit reckon");

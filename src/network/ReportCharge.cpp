@@ -69,7 +69,7 @@ PanneauReportCharge::PanneauReportCharge(Etude& e, Dialogue& d)
         c.Format = format;
         c.Legende = legende;
     };
-    valeur("txtxla", "##0.00", "positive sequence reactance of the neighbour link  ");
+    valeur("txtxla", "##0.00", "positive sequence reactance of the neighbour link   (Ω)");
     valeur("txtcrt", "0.000", "current admitting the three phase load report     ");
     valeur("txtcrm", "0.000", "current admitting the single phase load report                ");
     Ajouter(GenreChamp::Bouton, "Command2", "&Calculer");
@@ -86,7 +86,17 @@ PanneauReportCharge::PanneauReportCharge(Etude& e, Dialogue& d)
         if (e.Ligne_Up == kv) niveau = OptionNiveau(kv);
     ChoisirNiveau(niveau);
 
-    ChoisirMode(!CasCalcule(e));
+    // A computation that fails here (a neighbour reactance of 0 on a new line) does not keep
+    // the panel from coming up: it shows the failure, and the engineer types the value.
+    Ajouter(GenreChamp::Etiquette, "lblErreur", "").Visible = false;
+    if (const int numero = ExecuterEtape([&] { ChoisirMode(!CasCalcule(e)); }); numero != 0) {
+        std::string texte = MessageErreurCalcul(numero);
+        for (std::size_t i; (i = texte.find("\r\n\r\n")) != std::string::npos;)
+            texte.replace(i, 4, " ");
+        Champ& erreur = *Trouver("lblErreur");
+        erreur.DefinirTexte(texte);
+        erreur.Visible = true;
+    }
 }
 
 void PanneauReportCharge::ChoisirMode(bool calcul) {
@@ -141,12 +151,21 @@ void PanneauReportCharge::Cliquer(const std::string& nom) {
             ChoisirNiveau(nom);
     });
     if (numero != 0) {
+        // Told here, once: whoever ran the computation does not tell it again.
         e_.ErrCalcul = static_cast<Entier16>(numero);
         MontrerErreurCalcul(e_, d_);
+        e_.ErrCalcul = ERR_SIGNALEE;
+        Trouver("lblErreur")->Visible = true;
+        erreurPosee_ = true;
+    } else if (erreurPosee_ && Ferme()) {
+        // Corrected and confirmed: the failure told before is no longer the study's.
+        e_.ErrCalcul = 0;
+        erreurPosee_ = false;
     }
 }
 
 void PanneauReportCharge::Valider() {
+    Trouver("lblErreur")->Visible = false;
     if (Trouver("chkcalcul")->Valeur) {
         Calculer();
     } else {

@@ -45,6 +45,7 @@ private:
     Etude& e_;
     Dialogue& d_;
     bool confirme_ = false;
+    bool erreurPosee_ = false; // ErrCalcul holds the failure of one of its commands
     // What the study held when the panel came up, for "&Continuer".
     double crt_, crm_, xla_, xld_, xs_, xsmini_;
     int una_;

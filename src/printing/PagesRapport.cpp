@@ -267,7 +267,9 @@ void ImprimerDiagnostics(ContexteImpression& c) {
         }
         AvancerProgression(e, c.etat, 1);
     }
-    if (!imprime) redacteur.Ligne("No discordance with the setting guide.");
+    if (!imprime)
+        redacteur.Ligne(ReglagesNonCalcules(e) ? TexteReglagesNonCalcules(e)
+                                               : "No discordance with the setting guide.");
     page.CurrentY = redacteur.Y();
 }
 

@@ -240,6 +240,7 @@ void PanneauProtection::Raccourci(char lettre, bool altEnfonce) {
     const char* position = std::strchr(LETTRES_ONGLETS, majuscule);
     if (!position) return;
     const auto onglet = static_cast<int>(position - LETTRES_ONGLETS);
+    if (onglet >= NombreOnglets()) return; // a sheet this relay does not have: nothing happens
     if (!Commande([this] { RecalculOnglet(OngletCourant()); })) return;
     ChoixOnglet(onglet);
 }

@@ -49,6 +49,17 @@ void PreparerOuverture(Etude& e) {
     e.Ligne_Ex = {1, 2, 3};
 }
 
+void ViderLigne(Etude& e) {
+    const Etude neuve;
+#define TOURNESOL_VIDER(type, nom) e.nom = neuve.nom;
+    TOURNESOL_ETUDE_LIGNE(TOURNESOL_VIDER)
+    TOURNESOL_ETUDE_DERIVEES(TOURNESOL_VIDER)
+#undef TOURNESOL_VIDER
+    for (double& x : e.Ligne_XL)
+        if (x == 0.0) x = 1.0;
+    PreparerOuverture(e);
+}
+
 void InitEtude(Etude& e, Dialogue& d, OptionsReport& options) {
     e.TransitOK1 = true;
     e.TransitOK2 = true;

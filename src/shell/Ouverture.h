@@ -29,6 +29,12 @@ double CourantDuCas(const Etude& e, int cas);
 // and the network defaults.
 void PreparerOuverture(Etude& e);
 
+// A line the base does not hold yet starts from nothing: the values of the line and every
+// quantity derived from them (equivalent line, load area, rule flags) go back to those of a new
+// study, so that nothing of the line studied before shows; the reactances of 0 become 1 as the
+// relay choice leaves them, and the ends are in order. The network defaults come after.
+void ViderLigne(Etude& e);
+
 // Computes the three report cases, creates the relay's panel unseen so that it computes its
 // reaches, and draws.
 void InitEtude(Etude& e, Dialogue& d, OptionsReport& options);

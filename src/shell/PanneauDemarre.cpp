@@ -9,6 +9,7 @@
 #include "core/Format.h"
 #include "core/Numerique.h"
 #include "core/Registre.h"
+#include "diagnostics/Diagnostics.h"
 #include "network/Calcul.h"
 #include "network/PanneauOptionsReseau.h"
 #include "network/PanneauValeursReseau.h"
@@ -147,12 +148,14 @@ PanneauDemarre::PanneauDemarre(Etude& e, Dialogue& d, OptionsReport& options, Ba
                           !e.ReportAdmis[static_cast<std::size_t>(e.id_protection - 1)][1];
     Trouver("txtmono")->Visible = !sansMono;
     e_.OptionDessin = 1;
+    MarquerOutil();
     ReglerBoutonsRelais();
     options_.Choisir(e_.TypeReportCharge);
     CalculerEtTracer(e_, d_, options_);
     if (!(e_.ScaleWidth > 0.0f))
         ZoomIdeal(e_); // a study without a scale of its own is fitted to its load point
     if (!e_.DiagramActuel && !e_.RelaisPret) e_.ImpressionActuelle = false;
+    nouvelleLigne_ = e_.NouvelleLigne;
     e_.OptionsValides = e_.ValeursValides = !e_.NouvelleLigne;
     e_.NouvelleLigne = false;
     e_.ChargementFenetre = false;
@@ -160,7 +163,16 @@ PanneauDemarre::PanneauDemarre(Etude& e, Dialogue& d, OptionsReport& options, Ba
         Trouver(REPORTS[i])->Valeur = options_.Coche[i];
         Trouver(REPORTS[i])->Actif = options_.Actif[i];
     }
+    // A relay without a panel: the status line says at once that nothing was computed.
+    if (ReglagesNonCalcules(e_)) Trouver("status")->DefinirTexte(TexteReglagesNonCalcules(e_));
     Redessiner();
+}
+
+void PanneauDemarre::Demarrer() {
+    if (!nouvelleLigne_) return;
+    nouvelleLigne_ = false;
+    Cliquer("mnuOptionsRéseau");
+    if (e_.OptionsValides && !e_.ValeursValides) Cliquer("mnuValeursRéseau");
 }
 
 void PanneauDemarre::PanneauReseau(const std::string& menu) {
@@ -307,6 +319,12 @@ void PanneauDemarre::Cliquer(const std::string& nom) {
         affichage_.Etiquettes = Trouver("chklabels")->Valeur;
         Redessiner();
     } else if (nom == "cmdextra") {
+        if (ReglagesNonCalcules(e_)) {
+            // Nothing to open: the engineer is told why nothing comes up.
+            Trouver("status")->DefinirTexte(TexteReglagesNonCalcules(e_));
+            d_.Message("TOURNESOL : Attention", TexteReglagesNonCalcules(e_), 3);
+            return;
+        }
         OuvrirPanneau(e_, d_, options_, false);
         if (e_.ErrCalcul == 0) e_.PanneauRelais = false;
         ReglerBoutonsRelais();
@@ -342,10 +360,12 @@ void PanneauDemarre::Cliquer(const std::string& nom) {
     } else if (nom == "cmdhelp") {
         Trouver("panHelp")->Visible = Trouver("cmdhelp")->Valeur;
     } else if (nom == "mnuChangerPoste") {
+        if (!PeutQuitterEtude()) return;
         e_.QuitterAppli = false;
         e_.ChangerPoste = true;
         Fermer(FaconFermer::Programme);
     } else if (nom == "mnuQuitter" || nom == "cmdquitter") {
+        if (!PeutQuitterEtude()) return;
         e_.ChangerPoste = false;
         e_.QuitterAppli = true;
         Fermer(FaconFermer::Programme);
@@ -390,7 +410,13 @@ std::string PanneauDemarre::TexteOutil(int outil) {
 void PanneauDemarre::ChoisirOutil(int outil) {
     if (texte_) Caractere("\r");
     e_.OptionDessin = static_cast<Entier16>(outil);
+    MarquerOutil();
     Trouver("status")->DefinirTexte(TexteOutil(outil));
+}
+
+void PanneauDemarre::MarquerOutil() {
+    for (int i = 0; i < 6; ++i)
+        Trouver(BoutonOutil(i))->Valeur = i == e_.OptionDessin; // the tool in force stays down
 }
 
 std::string PanneauDemarre::TexteCoordonnees(double r, double x) {
@@ -478,6 +504,7 @@ void PanneauDemarre::SourisHaut(double r, double x) {
         ZoomCarre(e_, depart_.Re, depart_.Im, r, x);
         e_.EnZoom = false;
         e_.OptionDessin = 0;
+        MarquerOutil();
         break;
     default:
         break;
@@ -566,8 +593,35 @@ void PanneauDemarre::Dessiner(Plan& plan) const {
 }
 
 bool PanneauDemarre::Fermer() {
+    if (!PeutQuitterEtude()) return false;
     Fermer(FaconFermer::MenuSysteme);
     return true;
+}
+
+std::string PanneauDemarre::TitreAffiche() const {
+    std::string titre = Titre();
+    if (!e_.NomDepart.empty()) {
+        titre += " " + e_.NomDepart;
+        if (!e_.NomPiquage.empty()) titre += " - " + e_.NomPiquage;
+    }
+    if (RelaisConnu(e_.id_protection)) {
+        titre +=
+            ", " + std::string(LEGENDES_PROTECTION[static_cast<std::size_t>(e_.id_protection - 1)]);
+        if (e_.id_numero > 0) titre += " n° " + std::to_string(e_.id_numero);
+    }
+    return e_.EtudeModifiee ? titre + " *" : titre;
+}
+
+bool PanneauDemarre::PeutQuitterEtude() {
+    if (!e_.EtudeModifiee || !base_) return true;
+    const int reponse = d_.Question("TOURNESOL : Attention",
+                                    "The study has changed since it was last saved.\r\n"
+                                    "Save the changes?",
+                                    3, {"&Save", "&Don't save", "&Cancel"});
+    if (reponse == 1) return true;
+    if (reponse != 0) return false;
+    e_.Sauvegarde = true;
+    return base_->Sauver(e_, d_) && !e_.EtudeModifiee;
 }
 
 void PanneauDemarre::Fermer(FaconFermer facon) {

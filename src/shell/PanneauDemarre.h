@@ -38,6 +38,16 @@ public:
 
     void Cliquer(const std::string& nom) override;
     void Touche(int code) override;
+    // What the window does once it is up: on a new line, the network options panel, then the
+    // network values panel, so that the engineer describes the line before anything else.
+    void Demarrer();
+    bool NouvelleLigne() const { return nouvelleLigne_; }
+    // The title the window shows: the system's, the line and the relay, and " *" while the
+    // study has changes not saved.
+    std::string TitreAffiche() const;
+    // Before the study is left (leave, "Change...", the close box): with changes not saved and
+    // a base to save them in, the engineer is asked. False when he stays.
+    bool PeutQuitterEtude();
     bool Fermer() override;
     // The closing title, composed from the way the window was closed.
     void Fermer(FaconFermer facon);
@@ -84,6 +94,7 @@ private:
     // The network menus: the panel modally, the length check, then the study computed again.
     void PanneauReseau(const std::string& menu);
     void ReglerBoutonsRelais();
+    void MarquerOutil();
     void Redessiner();
     void EcrireReglages();
     Annotation Plume(Annotation::Genre genre) const;
@@ -100,6 +111,7 @@ private:
     Complexe depart_, courant_;
     std::optional<Annotation> texte_; // the text being typed
     std::unique_ptr<FenetreDiagnostics> diagnostics_;
+    bool nouvelleLigne_ = false; // the window opened on a new line and has not started yet
     Imprimeur imprimeur_;
 };
 

@@ -5,6 +5,7 @@
 #include "core/Erreurs.h"
 #include "core/Etude.h"
 #include "core/Registre.h"
+#include "network/PanneauOptionsReseau.h"
 #include "shell/Ouverture.h"
 
 #include <algorithm>
@@ -75,6 +76,13 @@ PanneauChoixProtection::PanneauChoixProtection(Etude& e, Dialogue& /*d*/)
         c.Valeur = id == e.id_protection;
     }
     selection_ = e.id_protection >= 1 && e.id_protection <= NOMBRE_RELAIS ? e.id_protection : 0;
+    // The relay typed in the opening dialog is the one chosen on arrival.
+    for (int id = 1; id <= NOMBRE_RELAIS; ++id)
+        if (!e.NomProtection.empty() &&
+            e.NomProtection == LEGENDES_PROTECTION[static_cast<std::size_t>(id - 1)])
+            selection_ = id;
+    for (int id = 1; id <= NOMBRE_RELAIS; ++id)
+        Trouver(Option(id))->Valeur = id == selection_;
     Ajouter(GenreChamp::Bouton, "Command1", "&OK");
     Ajouter(GenreChamp::Bouton, "Command2", "&cancel");
 }
@@ -407,6 +415,9 @@ void PanneauTitre::Ouvrir() {
     PreparerOuverture(e_);
     e_.OuvertureOK = true;
     if (base_) base_->Ouvrir(e_, d_);
+    if (e_.NouvelleLigne) ViderLigne(e_);
+    // The network options panel, made unseen, puts the network defaults into the study.
+    const PanneauOptionsReseau options(e_);
     FermerPanneau();
 }
 

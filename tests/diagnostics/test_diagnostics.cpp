@@ -2,9 +2,12 @@
 // frmDiagnostics and the rules as the report prints them.
 #include "core/Erreurs.h"
 #include "core/Etude.h"
+#include "core/Panneau.h"
+#include "core/Registre.h"
 #include "diagnostics/Diagnostics.h"
 #include "diagnostics/FenetreDiagnostics.h"
 #include "diagnostics/ReglesGuide.h"
+#include "relays/Relais.h"
 
 #include <cmath>
 #include <gtest/gtest.h>
@@ -13,6 +16,21 @@
 using namespace tournesol;
 
 namespace {
+
+// A relay that has no panel of its own gets one for the length of a test, so that its rules are
+// read as those of a computed relay.
+struct PanneauEssai {
+    explicit PanneauEssai(int id) : id_(id), inscrit_(!PanneauRelaisInscrit(id)) {
+        if (inscrit_)
+            InscrirePanneauRelais(
+                id, [](Etude&, Dialogue&) -> std::unique_ptr<Panneau> { return nullptr; });
+    }
+    ~PanneauEssai() {
+        if (inscrit_) InscrirePanneauRelais(id_, nullptr);
+    }
+    int id_;
+    bool inscrit_;
+};
 
 bool Visible(Panneau& p, const std::string& nom) {
     const Champ* c = p.Trouver(nom);
@@ -83,6 +101,7 @@ TEST(Diagnostics, TextesTenusParLeGuide) {
 }
 
 TEST(Diagnostics, FenetreSansDiscordance) {
+    InscrireRelais();
     Etude e;
     e.NomPoste = "BAYET";
     e.id_protection = 3;
@@ -107,6 +126,7 @@ TEST(Diagnostics, FenetreSansDiscordance) {
 }
 
 TEST(Diagnostics, UneRegleDansLaFenetreEtLeRapport) {
+    const PanneauEssai rel100(9);
     Etude e;
     e.id_protection = 9;
     bool ouverts = false;
@@ -144,6 +164,7 @@ TEST(Diagnostics, UneRegleDansLaFenetreEtLeRapport) {
 
 TEST(Diagnostics, PXLPImprimeLaRegle42SansLaMontrer) {
     TextesPXLP();
+    const PanneauEssai pxlp(6);
     Etude e;
     e.id_protection = 6;
     bool ouverts = false;
@@ -162,6 +183,37 @@ TEST(Diagnostics, PXLPImprimeLaRegle42SansLaMontrer) {
     // A rule may print the limit of another one.
     PoserRegle(e, 43, 99.0);
     EXPECT_EQ(RegleRapport(e, 43)->Valeur, "7.5");
+}
+
+TEST(Diagnostics, UnRelaisSansPanneauNeDonneAucunVerdict) {
+    Etude e;
+    e.id_protection = 9; // REL 100: no panel in this program
+    ASSERT_FALSE(PanneauRelaisInscrit(9));
+    bool ouverts = false;
+    FenetreDiagnostics f(e, ouverts);
+    f.Montrer();
+    EXPECT_TRUE(Visible(f, "fraDiagnostics(9)"));
+    EXPECT_FALSE(Visible(f, "lblConforme(9)"));
+    EXPECT_TRUE(Visible(f, "lblNonCalcule"));
+    EXPECT_EQ(f.Trouver("lblNonCalcule")->Texte(),
+              "Settings of the REL 100 not computed (no panel for this relay yet).");
+    // A rule set all the same is still shown: a discordance is never hidden.
+    PoserRegle(e, 60, 4.0);
+    f.MajDiagnostics();
+    EXPECT_TRUE(Visible(f, "lblRegle(60)"));
+    EXPECT_FALSE(Visible(f, "lblConforme(9)"));
+    // A relay that can be computed gives its verdict, and no such text.
+    {
+        const PanneauEssai rel100(9);
+        EffacerRegle(e, 60);
+        f.MajDiagnostics();
+        EXPECT_TRUE(Visible(f, "lblConforme(9)"));
+        EXPECT_FALSE(Visible(f, "lblNonCalcule"));
+    }
+    // Without a relay there is nothing to say either way.
+    e.id_protection = 0;
+    f.MajDiagnostics();
+    EXPECT_FALSE(Visible(f, "lblNonCalcule"));
 }
 
 TEST(Diagnostics, UnEchecLaisseLaFenetreCommeElleEtait) {

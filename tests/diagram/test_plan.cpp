@@ -72,6 +72,29 @@ TEST_F(PlanEssai, DessinDuPlan) {
     EXPECT_EQ(e.ScaleLeft, -20.0f);
 }
 
+TEST_F(PlanEssai, LesValeursDesBordsSeLisentEntieres) {
+    // -80 and 80 on the edges of a plane of 160 ohms on 400 pixels: their labels, centred on
+    // their tick, would lose half of their text; they are moved inside the surface.
+    SurfaceEnregistree petite(400.0, 400.0);
+    Plan p(e, petite);
+    e.ScaleLeft = -80.0f;
+    e.ScaleWidth = 160.0f;
+    e.ScaleTop = 80.0f;
+    e.ScaleHeight = -160.0f;
+    p.DrawPlan();
+    int bords = 0;
+    for (const Trace& t : petite.traces) {
+        if (t.genre != Trace::Texte || (t.texte != "-80" && t.texte != "80")) continue;
+        ++bords;
+        const double demi = 0.3 * t.police.taille * static_cast<double>(t.texte.size());
+        EXPECT_GE(t.x1 - demi, 0.0) << t.texte;
+        EXPECT_LE(t.x1 + demi, 400.0) << t.texte;
+        EXPECT_GE(t.y1 - t.police.taille / 2.0, 0.0) << t.texte;
+        EXPECT_LE(t.y1 + t.police.taille / 2.0, 400.0) << t.texte;
+    }
+    EXPECT_EQ(bords, 4); // left, right, bottom, top
+}
+
 TEST_F(PlanEssai, Zoom) {
     e.PointsTransit[0] = Polar(500.0, 0.3);
     ZoomIdeal(e);

@@ -102,7 +102,7 @@ TEST(ReportCharge, ReactanceNulleEtFacteursSaisis) {
     EXPECT_EQ(panneau.Trouver("txtcrt")->Texte(), "1.400");
     panneau.Trouver("txtxla")->DefinirTexte("0");
     panneau.Cliquer("chkcalcul");
-    EXPECT_EQ(e.ErrCalcul, ERR_DIVISION);
+    EXPECT_EQ(e.ErrCalcul, ERR_SIGNALEE); // told, with its cause: not to be told again
     ASSERT_EQ(d.Messages().size(), 1u);
     EXPECT_EQ(d.Messages()[0].sMessage,
               "The reckon is impossible with the entered data.\r\n\r\n(Division by zero)");

@@ -179,10 +179,18 @@ TEST(PagesRapport, AutresLignesEtAlimentations) {
 TEST(PagesRapport, AucuneDiscordance) {
     Etude e;
     RemplirEtudeImprimee(e);
+    e.id_protection = 3;      // a PD3A, computed by its panel
     e.DiagDrapeaux[0] = true; // rules of other relays' blocks
     e.DiagDrapeaux[49] = true;
     EXPECT_EQ(Depuis(Rapport(e).at(0), "Diagnostics"),
               (std::vector<std::string>{"Diagnostics", "No discordance with the setting guide."}));
+    // The PXLN has no panel yet: its settings were never computed, and the report says so
+    // instead of a verdict.
+    e.id_protection = 7;
+    EXPECT_EQ(
+        Depuis(Rapport(e).at(0), "Diagnostics"),
+        (std::vector<std::string>{
+            "Diagnostics", "Settings of the PXLN not computed (no panel for this relay yet)."}));
 }
 
 TEST(PagesRapport, DiagnosticsDesReglesPosees) {

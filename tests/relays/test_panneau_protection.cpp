@@ -256,16 +256,19 @@ TEST_F(Panneau3, RaccourcisAlt) {
     EXPECT_TRUE(p->AltActif());
     EXPECT_EQ(p->OngletCourant(), 2);
     EXPECT_EQ(p->Journal.size(), 2 * CHAINE.size()); // the shortcut's, then ChoixOnglet's
-    // T asks for a fourth sheet, which this relay does not have.
-    p->Raccourci('T', true);
-    EXPECT_EQ(e.ErrCalcul, ERR_INDICE);
-    EXPECT_EQ(p->OngletCourant(), 2);
-    // The next change of sheet skips the computation and clears the failure.
+    // T and L ask for a fourth and a fifth sheet, which this relay does not have: nothing is
+    // computed, nothing fails, the sheet stays.
     p->Journal.clear();
-    p->ChoixOnglet(0);
-    EXPECT_TRUE(p->Journal.empty());
+    for (const char lettre : {'T', 'l'}) {
+        p->Raccourci(lettre, true);
+        EXPECT_TRUE(p->Journal.empty());
+        EXPECT_EQ(e.ErrCalcul, 0);
+        EXPECT_EQ(p->OngletCourant(), 2);
+    }
+    // OK then closes the panel in its mode, without a failure to report.
+    p->ValiderBouton();
+    EXPECT_TRUE(p->Ferme());
     EXPECT_EQ(e.ErrCalcul, 0);
-    EXPECT_EQ(p->OngletCourant(), 0);
 }
 
 TEST_F(Panneau3, AvisDesLiaisonsCentralePoste) {

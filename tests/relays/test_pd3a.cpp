@@ -455,6 +455,18 @@ TEST_F(PanneauDuPD3A, UneLiaisonDeCentraleAvertitAChaqueFeuille) {
     EXPECT_NEAR(e.R_HT, 30.0, 1e-9);
 }
 
+TEST_F(PanneauDuPD3A, EnRetourLeHorsPompageResteCeluiDeLEtude) {
+    e.Pompage = true;
+    Ouvrir(true);
+    EXPECT_TRUE(p->Trouver("chkPompage")->Valeur);
+    p->ChoixOnglet(1); // each sheet's computation keeps it
+    p->ChoixOnglet(0);
+    p->ValiderBouton();
+    ASSERT_EQ(e.ErrCalcul, 0);
+    EXPECT_TRUE(e.Pompage);
+    EXPECT_GT(e.PD3A.BandeX, 0.0F); // the bands of the out of step are there
+}
+
 TEST_F(PanneauDuPD3A, OkEnRetourCadreLePlanSurLesZones) {
     Ouvrir(true);
     p->ValiderBouton();

@@ -4,7 +4,9 @@
 #include "core/BaseEtudes.h"
 #include "core/Dialogue.h"
 #include "core/Etude.h"
+#include "core/Magasin.h"
 #include "core/Registre.h"
+#include "relays/Relais.h"
 #include "shell/Application.h"
 #include "shell/PanneauDemarre.h"
 #include "shell/PanneauTitre.h"
@@ -234,4 +236,149 @@ TEST(Demarre, ImpressionApresLeDialogueDImpression) {
     EXPECT_EQ(impressions, 1);
     EXPECT_EQ(e.ErrCalcul, 0);
     EXPECT_FALSE(e.ArretImpression);
+}
+
+namespace {
+// A base that knows no line: every line opened is a new one.
+class BaseSansLigne : public BaseEtudes {
+public:
+    std::vector<std::string> Postes() override { return {}; }
+    std::vector<std::string> Departs(const std::string&) override { return {}; }
+    std::vector<std::string> Piquages(const std::string&, const std::string&) override {
+        return {};
+    }
+    std::vector<std::string> Protections(const std::string&, const std::string&,
+                                         const std::string&) override {
+        return {};
+    }
+    std::vector<int> Numeros(const std::string&, const std::string&, const std::string&,
+                             const std::string&) override {
+        return {};
+    }
+    void Ouvrir(Etude& e, Dialogue&) override { e.NouvelleLigne = true; }
+    bool Sauver(Etude& e, Dialogue&) override {
+        ++sauvegardes;
+        e.EtudeModifiee = false;
+        return true;
+    }
+    int sauvegardes = 0;
+    bool SauverDepuisSuperposition(Etude&, Dialogue&) override { return true; }
+    std::unique_ptr<Panneau> PanneauSuppression(Etude&, Dialogue&) override { return nullptr; }
+    MagasinReglages& Magasin() override { return magasin_; }
+
+private:
+    MagasinMemoire magasin_;
+};
+} // namespace
+
+TEST(Demarre, UneNouvelleLigneMailleeJusquAuReportTriphase) {
+    InscrireRelais();
+    Etude e;
+    RemplirLigne225(e); // the line studied before
+    e.Ligne_XLA = 20.0;
+    e.Ligne_CRt = 1.3;
+    BaseSansLigne base;
+    DialogueScripte d;
+    std::vector<std::string> panneaux;
+    d.QuandPanneau("frmtitre", [](Panneau& p) {
+        Saisir(p, "txtposte", "BAYET");
+        Saisir(p, "txtDépart", "COMMENTRY");
+        Saisir(p, "txtProtection", "PD3A");
+        p.Entrer("txtposte");
+        p.Cliquer("cmdOK");
+    });
+    d.QuandPanneau("frmChoixProtection", [](Panneau& p) {
+        p.Cliquer("Option3D1(3)");
+        p.Cliquer("Command1");
+    });
+    d.QuandPanneau("frmRéseauOptions", [&](Panneau& p) {
+        panneaux.push_back(p.Nom());
+        p.Valider();
+    });
+    d.QuandPanneau("frmréseauvaleurs", [&](Panneau& p) {
+        panneaux.push_back(p.Nom());
+        Saisir(p, "txtlongueur(0)", "40");
+        Saisir(p, "txtrl(0)", "3.4");
+        Saisir(p, "txtxl(0)", "16.2");
+        p.Valider();
+    });
+    d.QuandPanneau("frmReportCharge", [&](Panneau& p) {
+        panneaux.push_back(p.Nom());
+        if (e.TypeReportCharge == 1) { // then the single phase case, computed at once
+            EXPECT_FALSE(p.Trouver("lblErreur")->Visible);
+            p.Cliquer("Command2");
+            return;
+        }
+        // The neighbour reactance is still 0: the panel comes up all the same, the division
+        // error shown, and takes the value typed.
+        EXPECT_TRUE(p.Trouver("lblErreur")->Visible);
+        EXPECT_NE(p.Trouver("lblErreur")->Texte().find("Division by zero"), std::string::npos);
+        Saisir(p, "txtxla", "0");
+        p.Cliquer("Command2");
+        EXPECT_FALSE(p.Ferme()); // 0 again: the error once more, the panel stays
+        Saisir(p, "txtxla", "25");
+        p.Cliquer("Command2");
+        EXPECT_TRUE(p.Ferme());
+    });
+    d.QuandPanneau("frmDémarre", [&](Panneau& p) {
+        auto& w = dynamic_cast<PanneauDemarre&>(p);
+        // Nothing of the line before: the defaults of a new line, no length, no neighbour.
+        EXPECT_TRUE(w.NouvelleLigne());
+        EXPECT_EQ(e.Ligne_Longueur[0], 0.0);
+        EXPECT_EQ(e.Ligne_XL[0], 1.0);
+        EXPECT_EQ(e.Ligne_XLA, 0.0);
+        EXPECT_NE(e.Ligne_CRt, 1.3);
+        EXPECT_EQ(e.Ligne_Up, 225);
+        EXPECT_EQ(e.Ligne_Ittri, 1000.0);
+        EXPECT_EQ(e.Ligne_Ex, (Entiers16x3{1, 2, 3}));
+        w.Demarrer();
+        EXPECT_FALSE(w.NouvelleLigne());
+        EXPECT_EQ(e.ErrCalcul, 0);
+        EXPECT_EQ(e.TypeReportCharge, 0);
+        EXPECT_EQ(e.Ligne_XLA, 25.0);
+        EXPECT_GT(e.Ligne_CRt, 1.0);
+        EXPECT_TRUE(w.Trouver("chktriphasé")->Valeur);
+        EXPECT_TRUE(e.RelaisPret);
+        w.Cliquer("mnuQuitter");
+    });
+    Application app(e, d, &base, std::nullopt);
+    app.Main();
+    EXPECT_EQ(panneaux, (std::vector<std::string>{"frmRéseauOptions", "frmréseauvaleurs",
+                                                  "frmReportCharge", "frmReportCharge"}));
+}
+
+TEST(Demarre, QuitterUneEtudeModifieeDemandeSiLOnSauve) {
+    Etude e;
+    RemplirLigne225(e);
+    BaseSansLigne base;
+    DialogueScripte d;
+    OptionsReport options;
+    PanneauDemarre w(e, d, options, &base, std::nullopt);
+    EXPECT_EQ(w.TitreAffiche(), "TOURNESOL []");
+    e.NomPoste = "BAYET";
+    e.NomDepart = "COMMENTRY";
+    e.id_protection = 3;
+    e.id_numero = 2;
+    e.EtudeModifiee = true;
+    PanneauDemarre fenetre(e, d, options, &base, std::nullopt);
+    EXPECT_EQ(fenetre.TitreAffiche(), "TOURNESOL [BAYET] COMMENTRY, PD3A n° 2 *");
+    // Cancel: the window stays, whether left by its command or by its close box.
+    d.AjouterReponses({2});
+    fenetre.Cliquer("cmdquitter");
+    EXPECT_FALSE(fenetre.Ferme());
+    EXPECT_EQ(d.Messages().back().BoutonsQuestion, (Boutons{"&Save", "&Don't save", "&Cancel"}));
+    d.AjouterReponses({2});
+    EXPECT_FALSE(fenetre.Fermer()); // the close box asks too
+    d.AjouterReponses({0});
+    fenetre.Cliquer("mnuChangerPoste"); // save, then change
+    EXPECT_EQ(base.sauvegardes, 1);
+    EXPECT_TRUE(fenetre.Ferme());
+    EXPECT_TRUE(e.ChangerPoste);
+    // A saved study goes without a question.
+    const auto questions = d.Messages().size();
+    PanneauDemarre sauvee(e, d, options, &base, std::nullopt);
+    EXPECT_EQ(sauvee.TitreAffiche(), "TOURNESOL [BAYET] COMMENTRY, PD3A n° 2");
+    sauvee.Cliquer("mnuQuitter");
+    EXPECT_TRUE(sauvee.Ferme());
+    EXPECT_EQ(d.Messages().size(), questions);
 }

@@ -50,6 +50,14 @@ FenetreMessage::FenetreMessage(const QString& titre, const QString& texte, int i
     pile->addLayout(ligne);
     auto* rangee = new QHBoxLayout;
     rangee->addStretch();
+    if (!question_) {
+        // A message closes with the mouse alone too.
+        auto* ok = new QPushButton("OK", this);
+        ok->setObjectName("cmdOK");
+        ok->setAutoDefault(true);
+        connect(ok, &QPushButton::clicked, this, [this] { QDialog::accept(); });
+        rangee->addWidget(ok);
+    }
     for (int i = 0; i < boutons.size(); ++i) {
         if (boutons[i].isEmpty()) continue;
         auto* bouton = new QPushButton(boutons[i], this);
@@ -90,10 +98,12 @@ void FenetreMessage::keyPressEvent(QKeyEvent* evenement) {
 void FenetreMessage::reject() {}
 
 void FenetreMessage::closeEvent(QCloseEvent* evenement) {
-    if (question_)
+    if (question_) {
         evenement->ignore(); // a question is answered by its buttons only
-    else
-        QDialog::closeEvent(evenement);
+    } else {
+        evenement->accept();
+        QDialog::accept(); // the close box closes a message
+    }
 }
 
 DialogueQt::DialogueQt() = default;

@@ -12,8 +12,13 @@
 #include <QKeyEvent>
 #include <QLabel>
 #include <QLineEdit>
+#include <QMouseEvent>
 #include <QPushButton>
 #include <QRadioButton>
+#include <QScreen>
+#include <QScrollArea>
+#include <QScrollBar>
+#include <QTabBar>
 #include <QTabWidget>
 #include <QVBoxLayout>
 #include <map>
@@ -24,6 +29,33 @@ namespace {
 QString Q(const std::string& s) {
     return QString::fromStdString(s);
 }
+
+// The room a window's frame and title take around it on a desktop.
+constexpr int CADRE_LARGEUR = 16;
+constexpr int CADRE_HAUTEUR = 48;
+
+// A scroll area that asks for the whole of its content (the toolkit's own asks for a small
+// fixed size) and leaves the room of its vertical bar, so that no horizontal bar is needed once
+// the content is cut in height.
+class ZoneDefilante : public QScrollArea {
+public:
+    explicit ZoneDefilante(QWidget* parent) : QScrollArea(parent) {}
+    QSize sizeHint() const override {
+        if (!widget()) return QScrollArea::sizeHint();
+        const int cadre = 2 * frameWidth();
+        return widget()->sizeHint().expandedTo(widget()->minimumSize()) +
+               QSize(cadre + Barre(), cadre);
+    }
+    QSize minimumSizeHint() const override {
+        if (!widget()) return QScrollArea::minimumSizeHint();
+        const int cadre = 2 * frameWidth();
+        const QSize contenu = widget()->minimumSizeHint().expandedTo(widget()->minimumSize());
+        return {contenu.width() + cadre + Barre(), std::min(contenu.height() + cadre, 120)};
+    }
+
+private:
+    int Barre() const { return verticalScrollBar()->sizeHint().width() + 4; }
+};
 
 std::map<std::string, FenetrePanneau::FabriqueWidget>& WidgetsInscrits() {
     static std::map<std::string, FenetrePanneau::FabriqueWidget> widgets;
@@ -96,8 +128,50 @@ void FenetrePanneau::Construire(Panneau& modele, const std::string& groupe, QFor
     }
 }
 
+QScrollArea* FenetrePanneau::Defilante(QWidget* contenu, QWidget* parent) {
+    auto* zone = new ZoneDefilante(parent);
+    zone->setObjectName(contenu->objectName().isEmpty() ? QString("zoneDefilante")
+                                                        : contenu->objectName() + "_zone");
+    zone->setWidgetResizable(true);
+    zone->setFrameShape(QFrame::NoFrame);
+    zone->setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff); // its width is asked for
+    zone->setWidget(contenu);
+    return zone;
+}
+
+QSize FenetrePanneau::TailleSurEcran(const QWidget& fenetre) {
+    QSize taille = fenetre.sizeHint().expandedTo(fenetre.minimumSizeHint());
+    if (const QScreen* ecran = fenetre.screen()) {
+        const QSize place = ecran->availableGeometry().size() - QSize(CADRE_LARGEUR, CADRE_HAUTEUR);
+        taille = taille.boundedTo(place).expandedTo(fenetre.minimumSizeHint());
+    }
+    return taille;
+}
+
+void FenetrePanneau::setVisible(bool visible) {
+    if (visible && !testAttribute(Qt::WA_Resized)) {
+        ensurePolished();
+        if (layout()) layout()->activate();
+        resize(TailleSurEcran(*this));
+    }
+    QDialog::setVisible(visible);
+    // A window of options alone (the relay choice) starts on the option chosen, so that the
+    // arrow keys move the choice from there.
+    if (visible && !findChild<QLineEdit*>() && !findChild<QComboBox*>())
+        for (QRadioButton* option : findChildren<QRadioButton*>())
+            if (option->isChecked()) {
+                option->setFocus();
+                break;
+            }
+}
+
 void FenetrePanneau::ConstruireGenerique() {
-    auto* pile = new QVBoxLayout(this);
+    auto* fenetre = new QVBoxLayout(this);
+    // Everything but the command buttons scrolls when the screen is too small.
+    auto* corps = new QWidget(this);
+    auto* pile = new QVBoxLayout(corps);
+    pile->setContentsMargins(0, 0, 0, 0);
+    fenetre->addWidget(Defilante(corps, this), 1);
     std::vector<std::string> groupes;
     for (const Champ& c : modele_.Champs())
         if (std::find(groupes.begin(), groupes.end(), c.Groupe) == groupes.end())
@@ -110,6 +184,8 @@ void FenetrePanneau::ConstruireGenerique() {
             onglets = new QTabWidget(this);
             onglets->setObjectName("Onglets");
             onglets->setUsesScrollButtons(false); // every tab's title in full
+            onglets->tabBar()->setMouseTracking(true);
+            onglets->tabBar()->installEventFilter(this);
             pile->addWidget(onglets);
         }
         if (!pages.count(titre)) {
@@ -141,7 +217,7 @@ void FenetrePanneau::ConstruireGenerique() {
     for (auto& [titre, disposition] : pages)
         disposition->addStretch();
     boutons->addStretch();
-    pile->addLayout(boutons);
+    fenetre->addLayout(boutons);
     Lier();
 }
 
@@ -154,6 +230,25 @@ void FenetrePanneau::Apres() {
     ApresHandler();
     update();
     if (modele_.Ferme()) accept();
+}
+
+bool FenetrePanneau::eventFilter(QObject* objet, QEvent* evenement) {
+    if (auto* barre = qobject_cast<QTabBar*>(objet);
+        barre && (evenement->type() == QEvent::MouseMove || evenement->type() == QEvent::Leave)) {
+        const int onglet =
+            evenement->type() == QEvent::Leave
+                ? -1
+                : barre->tabAt(static_cast<QMouseEvent*>(evenement)->position().toPoint());
+        if (onglet != ongletSurvole_) {
+            ongletSurvole_ = onglet;
+            if (onglet >= 0) {
+                modele_.Entrer(barre->tabText(onglet).toStdString());
+                if (lieur_) lieur_->Rafraichir();
+                ApresHandler();
+            }
+        }
+    }
+    return QDialog::eventFilter(objet, evenement);
 }
 
 void FenetrePanneau::keyPressEvent(QKeyEvent* evenement) {

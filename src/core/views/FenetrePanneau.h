@@ -8,6 +8,7 @@
 
 class QBoxLayout;
 class QFormLayout;
+class QScrollArea;
 
 namespace tournesol {
 
@@ -35,12 +36,22 @@ public:
                            QBoxLayout* boutons, QWidget* parent);
     // The window from the model's fields alone, group by group.
     void ConstruireGenerique();
+    // A part of a window that scrolls when the screen is too small for it: it asks for the room
+    // of its content, and makes do with much less.
+    static QScrollArea* Defilante(QWidget* contenu, QWidget* parent);
+    // The size a window takes on its screen: what it asks for, within the room the screen
+    // leaves once the window's frame and title are counted.
+    static QSize TailleSurEcran(const QWidget& fenetre);
     // Binds the widgets once they exist.
     void Lier();
     // After each handler: the window brought up to date, closed when the model asks it.
     void Apres();
+    // Shown the first time at the size it asks for, within its screen.
+    void setVisible(bool visible) override;
 
 protected:
+    // The pointer resting on a tab's title enters it, as a field (the help of the transit tab).
+    bool eventFilter(QObject* objet, QEvent* evenement) override;
     void keyPressEvent(QKeyEvent* evenement) override;
     void closeEvent(QCloseEvent* evenement) override;
     void reject() override;
@@ -49,6 +60,7 @@ protected:
 
     Panneau& modele_;
     Lieur* lieur_ = nullptr;
+    int ongletSurvole_ = -1;
 };
 
 } // namespace tournesol

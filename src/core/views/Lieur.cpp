@@ -145,6 +145,15 @@ void Lieur::Rafraichir() {
             w->update(); // a picture drawn from its field
         }
     }
+    // A frame whose fields are all hidden (that does not apply to this line) goes with them;
+    // one that the model shows or hides by its own field keeps the model's word.
+    for (QGroupBox* cadre : racine_->findChildren<QGroupBox*>()) {
+        if (modele_.Trouver(cadre->objectName().toStdString())) continue;
+        bool rempli = false;
+        for (QObject* enfant : cadre->children())
+            if (auto* w = qobject_cast<QWidget*>(enfant); w && !w->isHidden()) rempli = true;
+        if (cadre->isHidden() == rempli) cadre->setVisible(rempli);
+    }
     occupe_ = false;
 }
 

@@ -38,6 +38,16 @@ void ImageLigne::paintEvent(QPaintEvent*) {
         for (const QPointF& b : bouts)
             p.drawLine(milieu, b);
         p.drawText(milieu + QPointF(6, -8), "P");
+        // The fault points at the first zone's limit on the sections P-B and P-C.
+        p.setPen(QPen(palette().text().color(), 1.5));
+        const QPointF dab = milieu + 0.6 * (bouts[1] - milieu);
+        const QPointF dac = milieu + 0.6 * (bouts[2] - milieu);
+        for (const QPointF& d : {dab, dac}) {
+            p.drawLine(d + QPointF(-4, -4), d + QPointF(4, 4));
+            p.drawLine(d + QPointF(-4, 4), d + QPointF(4, -4));
+        }
+        p.drawText(dab + QPointF(-12, 18), "DAB");
+        p.drawText(dac + QPointF(8, 4), "DAC");
     }
     const char* noms[] = {"A", "B", "C"};
     QFont f = font();
@@ -51,7 +61,7 @@ void ImageLigne::paintEvent(QPaintEvent*) {
         else
             p.drawLine(bouts[i] + QPointF(0, -14), bouts[i] + QPointF(0, 14));
         // The name above its bar; C, at the foot of the tee, beside it.
-        p.drawText(bouts[i] + (i == 2 ? QPointF(12, 4) : QPointF(-4, -20)), noms[i]);
+        p.drawText(bouts[i] + (i == 2 ? QPointF(20, 5) : QPointF(-4, -20)), noms[i]);
         if (static_cast<int>(i) == champ_.IndexListe) {
             // The relay: a red box beside its substation, pointing into the line.
             const double sens = bouts[i].x() < width() / 2.0 ? 1.0 : -1.0;

@@ -177,7 +177,7 @@ std::vector<DescriptionChamp> ChampsDeMiseEnRoute() {
         Affiche("txtko_reg", "ko set = 0.1 * (Ko1 + Ko2) =", "0.0", terre, Lien(&Etude::ko_reg)));
     t.push_back(Affiche("txtpos_teta", "Position teta (integer from 1 to 9)", "0", terre,
                         Pd3a(&RelaisPD3A::PosTeta)));
-    DescriptionChamp teta = Affiche("Txtteta", "40 + 5 * position teta = q = ", "#0", terre,
+    DescriptionChamp teta = Affiche("Txtteta", "40 + 5 * position teta = θ = ", "#0", terre,
                                     Lien(&Etude::teta), "degrees");
     teta.Saisie = true;
     t.push_back(teta);
@@ -255,7 +255,7 @@ void PanneauPD3A::LireOptions() {
     if (r.Type6062 && r.Type6562) r.Type6562 = false;
     Trouver(CHK_TYPE1)->Valeur = r.Type6062;
     Trouver(CHK_TYPE2)->Valeur = r.Type6562;
-    if (!ModeRetour()) Trouver(CHK_POMPAGE)->Valeur = e_.Pompage;
+    Trouver(CHK_POMPAGE)->Valeur = e_.Pompage; // the study's, in "Return" too
 }
 
 void PanneauPD3A::LireType() {

@@ -12,6 +12,7 @@
 #include <QKeyEvent>
 #include <QLabel>
 #include <QLineEdit>
+#include <QScrollArea>
 #include <QTabWidget>
 #include <QVBoxLayout>
 #include <algorithm>
@@ -159,7 +160,7 @@ FenetreRelais::FenetreRelais(PanneauProtection& modele, QWidget* parent)
         feuilles.push_back(new QVBoxLayout(feuille));
         onglets_->addTab(feuille, Q(modele.Onglets()[static_cast<std::size_t>(i)]));
     }
-    pile->addWidget(onglets_);
+    pile->addWidget(Defilante(onglets_, this), 1); // the sheets scroll on a small screen
 
     // The captions of one sheet share one width, so that its frames' columns stand in line.
     std::map<int, std::vector<QGridLayout*>> grilles;
@@ -247,6 +248,8 @@ FenetreRelais::FenetreRelais(PanneauProtection& modele, QWidget* parent)
 void FenetreRelais::ChangerOnglet(int i) {
     if (synchro_ || i < 0) return;
     synchro_ = true;
+    // The sheet left stays in front until the model has changed it (after a question, say).
+    onglets_->setCurrentIndex(relais_.OngletCourant());
     relais_.Cliquer("TitreOnglet(" + std::to_string(i) + ")");
     synchro_ = false;
     lieur_->Rafraichir();

@@ -2,6 +2,7 @@
 
 #include "core/Dialogue.h"
 #include "core/Etude.h"
+#include "core/Registre.h"
 #include "core/views/Lieur.h"
 #include "diagnostics/Diagnostics.h"
 #include "diagram/Plan.h"
@@ -15,6 +16,7 @@
 #include <QColorDialog>
 #include <QCoreApplication>
 #include <QFormLayout>
+#include <QGridLayout>
 #include <QGroupBox>
 #include <QHBoxLayout>
 #include <QInputDialog>
@@ -27,6 +29,9 @@
 #include <QPrintDialog>
 #include <QPrinter>
 #include <QPushButton>
+#include <QScreen>
+#include <QScrollArea>
+#include <QTimer>
 #include <QVBoxLayout>
 
 namespace tournesol {
@@ -44,6 +49,48 @@ public:
 QColor VersQt(Couleur c) {
     return QColor(Rouge(c), Vert(c), Bleu(c));
 }
+
+// frmDiagnostics: in the frame of each relay, each rule's text, limit and unit on one line.
+void ConstruireDiagnostics(FenetrePanneau& fenetre, FenetreDiagnostics& modele) {
+    auto* pile = new QVBoxLayout(&fenetre);
+    auto* corps = new QWidget(&fenetre);
+    corps->setMinimumWidth(520); // a rule's text on two or three lines, not five
+    auto* lignes = new QVBoxLayout(corps);
+    lignes->setContentsMargins(0, 0, 0, 0);
+    auto ajouter = [&](const std::string& nom, QWidget* parent) -> QWidget* {
+        const Champ* c = modele.Trouver(nom);
+        return c ? FenetrePanneau::CreerWidget(modele, *c, parent) : nullptr;
+    };
+    if (QWidget* w = ajouter("lblNonCalcule", corps)) lignes->addWidget(w);
+    for (int id = 1; id <= NOMBRE_RELAIS; ++id) {
+        const BlocRegles& bloc = *BlocDuRelais(id);
+        auto* cadre = new QGroupBox(corps);
+        cadre->setObjectName(Q(FenetreDiagnostics::NomCadre(id)));
+        auto* grille = new QGridLayout(cadre);
+        grille->setColumnStretch(0, 1);
+        int ligne = 0;
+        if (QWidget* w = ajouter(FenetreDiagnostics::NomConforme(id), cadre))
+            grille->addWidget(w, ligne++, 0, 1, 3);
+        for (int n = bloc.PremiereAffichee; n <= bloc.DerniereAffichee; ++n) {
+            QWidget* texte = ajouter(FenetreDiagnostics::NomTexte(n), cadre);
+            if (!texte) continue;
+            grille->addWidget(texte, ligne, 0);
+            if (QWidget* valeur = ajouter(FenetreDiagnostics::NomValeur(n), cadre))
+                grille->addWidget(valeur, ligne, 1, Qt::AlignRight | Qt::AlignTop);
+            if (QWidget* unite = ajouter(FenetreDiagnostics::NomUnite(n), cadre))
+                grille->addWidget(unite, ligne, 2, Qt::AlignLeft | Qt::AlignTop);
+            ++ligne;
+        }
+        lignes->addWidget(cadre);
+    }
+    lignes->addStretch();
+    pile->addWidget(FenetrePanneau::Defilante(corps, &fenetre), 1);
+    auto* boutons = new QHBoxLayout;
+    boutons->addStretch();
+    if (QWidget* ok = ajouter("cmdOK", &fenetre)) boutons->addWidget(ok);
+    pile->addLayout(boutons);
+    fenetre.Lier();
+}
 } // namespace
 
 // ---- the diagram ----
@@ -53,8 +100,13 @@ Diagramme::Diagramme(PanneauDemarre& modele, Etude& e, QWidget* parent)
     setObjectName("imgCaractéristique");
     setMouseTracking(true);
     setFocusPolicy(Qt::StrongFocus);
-    setMinimumSize(400, 400);
+    // The diagram takes what the side column leaves: large on a desktop, smaller on a laptop.
+    setMinimumSize(240, 240);
     setSizePolicy(QSizePolicy::Expanding, QSizePolicy::Expanding);
+}
+
+QSize Diagramme::sizeHint() const {
+    return {760, 720};
 }
 
 void Diagramme::GarderProportions() {
@@ -154,6 +206,7 @@ VueDemarre::VueDemarre(PanneauDemarre& modele, Etude& e)
     }
 
     auto* corps = new QHBoxLayout;
+    auto* gauche = new QVBoxLayout;
     diagramme_ = new Diagramme(demarre_, e_, this);
     diagramme_->MenuZoom = zoom;
     diagramme_->Apres = [this] {
@@ -161,32 +214,63 @@ VueDemarre::VueDemarre(PanneauDemarre& modele, Etude& e)
         ApresHandler();
     };
     diagramme_->MenuPlume = [this](QPoint ou) { MenuPlume(ou); };
-    corps->addWidget(diagramme_, 1);
-
-    auto* cote = new QVBoxLayout;
-    const std::pair<const char*, const char*> groupes[] = {{"Characteristics", "Characteristics"},
-                                                           {"reports", "Load report"},
-                                                           {"affichage", "Display"},
-                                                           {"outils", "Drawing tools"},
-                                                           {"relais", "Relay"},
-                                                           {"commandes", "Commands"}};
-    for (const auto& [groupe, titre] : groupes) {
-        auto* cadre = new QGroupBox(titre, this);
-        auto* formulaire = new QFormLayout(cadre);
-        Construire(modele, groupe, formulaire, nullptr, cadre);
-        cote->addWidget(cadre);
-    }
-    for (const char* nom : {"coordonnées", "status", "panHelp"}) {
+    gauche->addWidget(diagramme_, 1);
+    // Under the diagram, the coordinates and the status line: two lines each, whatever they
+    // say, so that the window keeps its size when they change.
+    auto* bas = new QHBoxLayout;
+    for (const char* nom : {"coordonnées", "status"}) {
         auto* etiquette = new QLabel(this);
         etiquette->setObjectName(nom);
         etiquette->setWordWrap(true);
-        cote->addWidget(etiquette);
+        etiquette->setAlignment(Qt::AlignLeft | Qt::AlignTop);
+        etiquette->setSizePolicy(QSizePolicy::Ignored, QSizePolicy::Fixed);
+        etiquette->setFixedHeight(2 * etiquette->fontMetrics().lineSpacing() + 4);
+        bas->addWidget(etiquette, std::string(nom) == "status" ? 3 : 1);
     }
+    gauche->addLayout(bas);
+    corps->addLayout(gauche, 1);
+
+    // The side column: the relay and the commands first, so that they show on a small screen;
+    // the rest scrolls.
+    auto* colonne = new QWidget(this);
+    colonne->setObjectName("colonne");
+    auto* cote = new QVBoxLayout(colonne);
+    cote->setContentsMargins(0, 0, 4, 0);
+    const std::pair<const char*, const char*> groupes[] = {
+        {"relais", "Relay"},        {"commandes", "Commands"},
+        {"reports", "Load report"}, {"Characteristics", "Characteristics"},
+        {"affichage", "Display"},   {"outils", "Drawing tools"}};
+    for (const auto& [groupe, titre] : groupes) {
+        auto* cadre = new QGroupBox(titre, colonne);
+        if (std::string(groupe) == "outils" || std::string(groupe) == "relais") {
+            // Side by side: three tools a row, the two relay buttons on one row.
+            auto* grille = new QGridLayout(cadre);
+            grille->setSpacing(4);
+            int i = 0;
+            const int parLigne = std::string(groupe) == "outils" ? 3 : 2;
+            for (const Champ& c : modele.Champs())
+                if (c.Groupe == groupe) {
+                    grille->addWidget(CreerWidget(modele, c, cadre), i / parLigne, i % parLigne);
+                    ++i;
+                }
+        } else {
+            auto* formulaire = new QFormLayout(cadre);
+            Construire(modele, groupe, formulaire, nullptr, cadre);
+        }
+        cote->addWidget(cadre);
+    }
+    auto* aide = new QLabel(colonne);
+    aide->setObjectName("panHelp");
+    aide->setWordWrap(true);
+    cote->addWidget(aide);
     cote->addStretch();
     for (const char* outil : {"cmdhelp", "cmdDiagnostics"})
         if (auto* b = findChild<QPushButton*>(outil)) b->setCheckable(true);
-    corps->addLayout(cote);
-    pile->addLayout(corps);
+    for (int i = 0; i < 6; ++i)
+        if (auto* b = findChild<QPushButton*>(QString("cmdoption(%1)").arg(i)))
+            b->setCheckable(true); // the tool in force stays pressed
+    corps->addWidget(Defilante(colonne, this));
+    pile->addLayout(corps, 1);
 
     for (int i = 1; i <= 8; ++i)
         if (auto* a = findChild<QAction*>(QString("mnucouleur(%1)").arg(i)))
@@ -205,7 +289,24 @@ VueDemarre::VueDemarre(PanneauDemarre& modele, Etude& e)
         if (choix.exec() != QDialog::Accepted) return;
         ImprimerSur(imprimante);
     });
-    resize(1100, 760);
+    // The usual keys of a desktop program, and what the terse commands do.
+    const std::pair<const char*, QKeySequence> raccourcis[] = {
+        {"mnuSauvegarde", QKeySequence::Save},
+        {"mnuImprimer", QKeySequence::Print},
+        {"mnuQuitter", QKeySequence(Qt::CTRL | Qt::Key_Q)}};
+    for (const auto& [nom, touches] : raccourcis)
+        if (auto* a = findChild<QAction*>(nom)) a->setShortcut(touches);
+    const std::pair<const char*, const char*> bulles[] = {
+        {"cmdextra", "opens the relay's panel: its settings, computed and set (Enter)"},
+        {"cmdhelp", "shows or hides the help"},
+        {"cmdsave", "save the network values and the settings (Ctrl+S)"},
+        {"cmdprint", "document printing (Ctrl+P)"},
+        {"cmdquitter", "leave (Ctrl+Q)"}};
+    for (const auto& [nom, bulle] : bulles)
+        if (auto* w = findChild<QWidget*>(nom)) w->setToolTip(bulle);
+    for (int i = 0; i < 6; ++i)
+        if (auto* b = findChild<QPushButton*>(QString("cmdoption(%1)").arg(i)))
+            b->setToolTip(Q(PanneauDemarre::TexteOutil(i)));
     Lier();
 }
 
@@ -223,21 +324,42 @@ void VueDemarre::ImprimerSur(QPagedPaintDevice& support) {
     page.Fermer();
 }
 
+void VueDemarre::showEvent(QShowEvent* evenement) {
+    FenetrePanneau::showEvent(evenement);
+    if (demarree_) return;
+    demarree_ = true;
+    // Once the window is up, a new line asks for its network: the panels come over it.
+    QTimer::singleShot(0, this, [this] {
+        demarre_.Demarrer();
+        Apres();
+    });
+}
+
 void VueDemarre::ApresHandler() {
-    // The legend takes the colours of the characteristics.
+    // The legend: a sample of each characteristic's line in its colour beside its label, which
+    // stays in the text's colour so that a light colour is still read.
     for (const char* nom : {"txtTransit1", "txtTransit2", "txttransit3", "txtZoneanti", "txtmono",
                             "txttri", "txtZones", "txtdir"})
         if (auto* boite = findChild<QCheckBox*>(nom)) {
-            QPalette p = boite->palette();
-            p.setColor(QPalette::WindowText, VersQt(demarre_.CouleurLegende(nom)));
-            boite->setPalette(p);
+            const QColor couleur = VersQt(demarre_.CouleurLegende(nom));
+            if (boite->property("couleur").value<QColor>() == couleur && !boite->icon().isNull())
+                continue;
+            QPixmap echantillon(28, 12);
+            echantillon.fill(Qt::transparent);
+            QPainter peintre(&echantillon);
+            peintre.setPen(QPen(couleur, 3));
+            peintre.drawLine(1, 6, 27, 6);
+            peintre.end();
+            boite->setIconSize(echantillon.size());
+            boite->setIcon(QIcon(echantillon));
+            boite->setProperty("couleur", couleur);
         }
-    setWindowTitle(Q(modele_.Titre()));
+    setWindowTitle(Q(demarre_.TitreAffiche()));
     // The diagnostics window stays beside the working window while cmdDiagnostics is down.
     FenetreDiagnostics* diagnostics = demarre_.Diagnostics();
     if (diagnostics && !diagnostics_) {
         diagnostics_ = new FenetrePanneau(*diagnostics, this);
-        diagnostics_->ConstruireGenerique();
+        ConstruireDiagnostics(*diagnostics_, *diagnostics);
         diagnostics_->setModal(false);
         diagnostics_->setAttribute(Qt::WA_DeleteOnClose);
         diagnostics_->setWindowFlag(Qt::WindowStaysOnTopHint, true);
@@ -252,6 +374,17 @@ void VueDemarre::ApresHandler() {
                 }
             },
             Qt::QueuedConnection);
+        // Beside the working window when the screen has room, else over its side column: never
+        // over the diagram.
+        diagnostics_->resize(TailleSurEcran(*diagnostics_));
+        const QRect fenetre = frameGeometry();
+        int x = fenetre.right() + 1;
+        if (const QScreen* ecran = screen(); ecran && isVisible()) {
+            const QRect place = ecran->availableGeometry();
+            if (x + diagnostics_->width() > place.right())
+                x = std::max(place.left(), fenetre.right() - diagnostics_->width());
+            diagnostics_->move(x, fenetre.top());
+        }
         diagnostics_->show();
     } else if (!diagnostics && diagnostics_) {
         // Its model is gone already: the window goes without asking it anything.

@@ -22,6 +22,7 @@ class Diagramme : public QWidget {
 public:
     Diagramme(PanneauDemarre& modele, Etude& e, QWidget* parent);
     void Dessiner();
+    QSize sizeHint() const override;
     QMenu* MenuZoom = nullptr;
     std::function<void()> Apres;
     std::function<void(QPoint)> MenuPlume;
@@ -52,6 +53,7 @@ public:
 
 protected:
     void ApresHandler() override;
+    void showEvent(QShowEvent* evenement) override;
 
 private:
     void ChoisirCouleur(int i);
@@ -61,6 +63,7 @@ private:
     Etude& e_;
     Diagramme* diagramme_;
     int version_ = -1;
+    bool demarree_ = false;
     QPointer<FenetrePanneau> diagnostics_; // frmDiagnostics, beside the working window
     FenetreProgression* progression_;      // frmImpress
 };

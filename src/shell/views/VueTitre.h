@@ -8,6 +8,7 @@ class QTabWidget;
 namespace tournesol {
 
 class PanneauTitre;
+class PanneauAPropos;
 
 class VueTitre : public FenetrePanneau {
     Q_OBJECT
@@ -20,6 +21,18 @@ protected:
 private:
     PanneauTitre& titre_;
     QTabWidget* onglets_;
+};
+
+// frmAPropos: the logo, the year and the text; any click or key closes it.
+class VueAPropos : public FenetrePanneau {
+    Q_OBJECT
+public:
+    explicit VueAPropos(PanneauAPropos& modele);
+
+protected:
+    void keyPressEvent(QKeyEvent* evenement) override;
+    void mousePressEvent(QMouseEvent* evenement) override;
+    bool eventFilter(QObject* objet, QEvent* evenement) override;
 };
 
 } // namespace tournesol

@@ -19,6 +19,9 @@ inline void InscrireVues(DialogueQt& d, Etude& e) {
     d.Inscrire("frmtitre", [](Panneau& p, DialogueQt&) -> std::unique_ptr<FenetrePanneau> {
         return std::make_unique<VueTitre>(dynamic_cast<PanneauTitre&>(p));
     });
+    d.Inscrire("frmAPropos", [](Panneau& p, DialogueQt&) -> std::unique_ptr<FenetrePanneau> {
+        return std::make_unique<VueAPropos>(dynamic_cast<PanneauAPropos&>(p));
+    });
     d.Inscrire("frmDémarre", [&e](Panneau& p, DialogueQt&) -> std::unique_ptr<FenetrePanneau> {
         return std::make_unique<VueDemarre>(dynamic_cast<PanneauDemarre&>(p), e);
     });

@@ -83,7 +83,7 @@ TEST(Boucle, DuTitreALaFenetreDeTravailEtRetour) {
         } else if (nom == "frmPD3A") {
             QTest::mouseClick(w->findChild<QPushButton*>("Command1"), Qt::LeftButton);
         } else if (nom == "frmDémarre") {
-            EXPECT_EQ(w->windowTitle(), "TOURNESOL [CHAMPAGNIER]");
+            EXPECT_EQ(w->windowTitle(), "TOURNESOL [CHAMPAGNIER] GRANDE-ILE, PD3A");
             QWidget* diagramme = w->findChild<QWidget*>("imgCaractéristique");
             ASSERT_NE(diagramme, nullptr);
             const QImage image = diagramme->grab().toImage();
@@ -106,6 +106,25 @@ TEST(Boucle, DuTitreALaFenetreDeTravailEtRetour) {
             ASSERT_NE(fenetre, nullptr);
             EXPECT_TRUE(fenetre->isVisible());
             EXPECT_FALSE(fenetre->isModal());
+            // Each rule shown stands on one row: its text, its limit and its unit side by side.
+            int regles = 0;
+            for (int n = 15; n <= 21; ++n) {
+                auto* texte = fenetre->findChild<QLabel*>(QString("lblRegle(%1)").arg(n));
+                if (!texte || !texte->isVisible()) continue;
+                ++regles;
+                auto* valeur = fenetre->findChild<QLabel*>(QString("lblValeur(%1)").arg(n));
+                auto* unite = fenetre->findChild<QLabel*>(QString("lblUnite(%1)").arg(n));
+                EXPECT_EQ(valeur->y(), texte->y()) << n;
+                EXPECT_EQ(unite->y(), texte->y()) << n;
+                EXPECT_GT(valeur->x(), texte->x() + texte->width() - 1) << n;
+            }
+            EXPECT_GT(regles, 0);
+            // TOURNESOL_CAPTURES=folder keeps a picture of the two windows, to look at.
+            if (qEnvironmentVariableIsSet("TOURNESOL_CAPTURES")) {
+                const QString dossier = qEnvironmentVariable("TOURNESOL_CAPTURES");
+                fenetre->grab().save(dossier + "/frmDiagnostics.png");
+                w->grab().save(dossier + "/frmDémarre.png");
+            }
             EXPECT_TRUE(e.DiagnosticsOuverts);
             diagnostics->click();
             EXPECT_FALSE(e.DiagnosticsOuverts);
@@ -217,6 +236,13 @@ TEST(Boucle, EchecALOuvertureUneFois) {
         } else if (nom == "frmDémarre") {
             panneauRelais = w->findChild<QAbstractButton*>("chkréglertout")->isChecked();
             w->findChild<QAction*>("mnuQuitter")->trigger();
+        } else if (nom == "frmReportCharge") {
+            // Its computation fails again: the panel stays up with the failure; the engineer
+            // leaves it with the former values.
+            QTest::mouseClick(w->findChild<QPushButton*>("Command2"), Qt::LeftButton);
+            if (w->isVisible()) w->close();
+        } else if (nom == "frmQuery") {
+            QTest::mouseClick(w->findChild<QPushButton*>("cmdBouton(1)"), Qt::LeftButton);
         } else if (auto* confirmer = w->findChild<QPushButton*>("Command2")) {
             QTest::mouseClick(confirmer, Qt::LeftButton);
         } else {
