@@ -20,6 +20,7 @@ using Texte = std::string;
 using Couleur = std::int32_t; // 0x00BBGGRR
 
 using Reels3 = std::array<Reel, 3>;
+using Reels4 = std::array<Reel, 4>;
 using Entiers16x3 = std::array<Entier16, 3>;
 using Textes3 = std::array<Texte, 3>;
 using Textes12 = std::array<Texte, 12>;
@@ -348,7 +349,28 @@ constexpr const char* CleFichier(const char* membre) {
     X(Texte, str28)
 #define RELAIS_REL100_VARIABLES(X)
 #define RELAIS_REZ1_VARIABLES(X)
-#define RELAIS_RXAP_VARIABLES(X)
+#define RELAIS_RXAP_VARIABLES(X) \
+    X(Reel32, N1) \
+    X(Reel32, N2) \
+    X(Booleen, X1Parallele) \
+    X(Booleen, X2Parallele) \
+    X(Reel32, TypeIn) \
+    X(Booleen, Cercle) \
+    X(Booleen, AvecImage) \
+    X(Booleen, AvecPompage) \
+    X(Reel, MR) \
+    X(Reel, MRAP) \
+    X(Reel, Image) \
+    X(Reel, focale) \
+    X(Reel, exmr) \
+    X(Reel, exap) \
+    X(Reel, K) \
+    X(Reel32, Arg) \
+    X(Reel, RfProche) \
+    X(Reel, RfLoin) \
+    X(Reel, RsurX) \
+    X(Reels4, PorteeAv) \
+    X(Reels4, PorteeAr)
 #define RELAIS_S321_VARIABLES(X) \
     X(Reel32, _50G1) \
     X(Reel32, _50G2) \

@@ -1,0 +1,54 @@
+// The RXAP's rules: the zones set on its coding wheels, the pick-up (a circle, with or without
+// the image, or an ellipse) as large as the load points allow, the common parameters with the
+// detectable fault resistances and the reaches, the commercial variant deduced from the options,
+// and its rules of the setting guide (71 to 76).
+#pragma once
+
+#include <array>
+#include <string>
+
+namespace tournesol {
+
+struct Etude;
+
+inline constexpr int ID_RXAP = 11;
+
+// The 71 values of the coding wheels, index 1 to 71; index 0 reads 0. Single precision, as the
+// relay's table holds them.
+extern const std::array<float, 72> TAB_N_RXAP;
+// The ellipse's rows 1 to 5 (index 0 unused): pick-up and out-of-step eccentricities.
+extern const std::array<double, 6> EXCENTRICITE_MR;
+extern const std::array<double, 6> EXCENTRICITE_AP;
+
+// The RXAP's values at the start of a study in mode "Return": type 5 A, image, out of step and
+// circle.
+void DefautsRXAP(Etude& e);
+
+// Zones: in mode "Return" the desired reactances from the line; each zone set on the wheels, in
+// series or in parallel, the first one below, the second one above.
+void ZonesRXAP(Etude& e);
+
+// Pick-up of the circle or the ellipse on a meshed line, of the circle on a customer link, from
+// the load points of the three-phase and maximal cases pulled to the 30-degree sectors. The case
+// in force and its area are put back at the end.
+void PriseRXAP(Etude& e);
+
+// Common parameters: the earth factor K, the detectable fault resistances, the ratio R/X and the
+// reaches forward and backward (secondary ohms).
+void CommunRXAP(Etude& e);
+
+// The commercial variant the options give, as the "choice" sheet shows it; and as the report
+// prints it ("Incompatible data" has no printed form: empty).
+std::string VarianteRXAP(const Etude& e);
+std::string VarianteImprimeeRXAP(const Etude& e);
+// Only the RXAP 6755 has its first-step timer.
+bool TempoT1RXAP(const Etude& e);
+
+// Rules 71 to 76.
+void DiagRXAP(Etude& e);
+
+// The plane's box on OK: 1.2 (Image + MRAP) above, 1.2 MRAP below, primary ohms.
+double HautPlanRXAP(const Etude& e);
+double BasPlanRXAP(const Etude& e);
+
+} // namespace tournesol
