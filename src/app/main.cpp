@@ -42,6 +42,7 @@ struct Capture {
     QString image;
     bool relais = false;
     bool prise = false;
+    bool quitte = false; // leave was asked: a question on the way is answered "don't save"
 };
 
 void Capturer(Capture capture, const QElapsedTimer& chrono) {
@@ -49,6 +50,14 @@ void Capturer(Capture capture, const QElapsedTimer& chrono) {
         QWidget* modal = QApplication::activeModalWidget();
         // The working window itself is modal; a panel above it is the modal one.
         if (modal && modal->objectName() == "frmDémarre") modal = nullptr;
+        if (capture.quitte) {
+            // A capture saves nothing: the question on leaving is answered "don't save".
+            if (modal && modal->objectName() == "frmQuery")
+                if (auto* nePasSauver = modal->findChild<QPushButton*>("cmdBouton(1)"))
+                    nePasSauver->click();
+            if (modal) Capturer(capture, chrono);
+            return;
+        }
         if (auto* panneau = qobject_cast<FenetreRelais*>(modal); panneau && capture.relais) {
             panneau->grab().save(capture.image);
             capture.prise = true;
@@ -66,6 +75,8 @@ void Capturer(Capture capture, const QElapsedTimer& chrono) {
                 w->grab().save(capture.image);
                 std::cout << "first diagram drawn after " << chrono.elapsed() << " ms\n";
             }
+            capture.quitte = true;
+            Capturer(capture, chrono); // answers what leaving may ask, once it is up
             if (auto* quitter = w->findChild<QAction*>("mnuQuitter")) quitter->trigger();
             return;
         }
