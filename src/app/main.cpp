@@ -7,6 +7,7 @@
 #include "core/Registre.h"
 #include "core/views/DialogueQt.h"
 #include "database/BaseEtudesSql.h"
+#include "database/EtatBase.h"
 #include "database/Import.h"
 #include "diagnostics/Diagnostics.h"
 #include "network/views/ImageLigne.h"
@@ -161,6 +162,8 @@ int main(int argc, char** argv) {
     BaseEtudesSql base(etude.Rep_appli);
     Application application(etude, dialogue, &base, FichierReglages(etude));
     if (args.isEmpty()) AmorcerBase(base);
+    // A base missing, unreadable, read-only or of another program is told now, not at the save.
+    SignalerBaseAuDemarrage(etude.Rep_appli, dialogue);
     // A study file: opened at once in the working window; a refused one leaves the opening
     // dialog to come up after its message.
     if (!args.isEmpty() && application.OuvrirFichier(args.first().toStdString()) &&

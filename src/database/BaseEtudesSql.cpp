@@ -383,11 +383,12 @@ bool BaseEtudesSql::OuvrirConnexion(Etude& e, Dialogue& d) {
         case Acces::Etrangere: {
             e.sTitre = "TOURNESOL : accès refusé";
             e.IconeMessage = 2;
+            // The base as it stands on this machine, its real path, in the system's sentence.
             if (echec_.genre == EtatBase::Genre::Etrangere)
-                e.sMessage = "The master base  (" + rep_ +
-                             "\\bd1.MDB) is not a base of TOURNESOL.\r\n\r\n" + "Access rejected.";
+                e.sMessage = "The master base  (" + Fichier() +
+                             ") is not a base of TOURNESOL.\r\n\r\n" + "Access rejected.";
             else
-                e.sMessage = "The master base  (" + rep_ + "\\bd1.MDB) does not exist.\r\n\r\n" +
+                e.sMessage = "The master base  (" + Fichier() + ") does not exist.\r\n\r\n" +
                              "Access rejected.";
             const bool sablier = d.Sablier(false);
             AfficherMessage(e, d);

@@ -1,5 +1,6 @@
 #include "database/EtatBase.h"
 
+#include "core/Dialogue.h"
 #include "database/BaseEtudesSql.h"
 #include "database/Requete.h"
 #include "database/Schema.h"
@@ -94,6 +95,17 @@ EtatBase ExaminerBase(const std::string& rep_appli) {
     if (!info.isWritable() || !infoDossier.isWritable())
         return {G::LectureSeule, "the base " + fichier.toStdString() + " is read-only"};
     return etat;
+}
+
+bool SignalerBaseAuDemarrage(const std::string& rep_appli, Dialogue& d) {
+    const EtatBase etat = ExaminerBase(rep_appli);
+    if (etat.Utilisable()) return true;
+    d.Message("TOURNESOL : Attention !",
+              etat.raison +
+                  "\r\nThe lists of the opening dialog stay empty and no study can be saved "
+                  "until the base is put right.",
+              2);
+    return false;
 }
 
 } // namespace tournesol

@@ -8,6 +8,8 @@ class QSqlDatabase;
 
 namespace tournesol {
 
+class Dialogue;
+
 struct EtatBase {
     enum class Genre {
         Utilisable,    // a base of this system, readable and writable
@@ -28,6 +30,11 @@ struct EtatBase {
 
 // The folder as Rep_appli holds it (empty for the current directory); the base is its bd1.mdb.
 EtatBase ExaminerBase(const std::string& rep_appli);
+
+// At the program's start: one message ("TOURNESOL : Attention !", the base's icon) naming the
+// base and the cause when the folder holds no base this system can use; nothing when it can.
+// True when the base is usable.
+bool SignalerBaseAuDemarrage(const std::string& rep_appli, Dialogue& d);
 
 // What a connection finds in an open SQLite file.
 enum class Contenu {

@@ -128,7 +128,7 @@ TEST_F(Connexion, UneBaseQuiNePeutSOuvrirEstRefusee) {
     EXPECT_FALSE(d_.Messages()[0].Question);
     EXPECT_EQ(d_.Messages()[0].sTitre, "TOURNESOL : accès refusé");
     EXPECT_EQ(d_.Messages()[0].sMessage,
-              "The master base  (" + absent + "\\bd1.MDB) does not exist.\r\n\r\nAccess rejected.");
+              "The master base  (" + absent + "bd1.mdb) does not exist.\r\n\r\nAccess rejected.");
     EXPECT_EQ(d_.Messages()[0].IconeMessage, 2);
     EXPECT_TRUE(base.Postes().empty());
     EXPECT_EQ(base.Protections("A", "B", ""), std::vector<std::string>{NOUVELLE_PROTECTION});
@@ -158,10 +158,17 @@ TEST_F(Connexion, UnFichierQuiNEstPasUneBaseDuSystemeEstRefuseIntact) {
         EXPECT_FALSE(base_->Sauver(e, d_)) << quoi;
         ASSERT_EQ(d_.Messages().size(), 2u) << quoi;
         EXPECT_EQ(d_.Messages()[1].sTitre, "TOURNESOL : accès refusé") << quoi;
-        EXPECT_EQ(d_.Messages()[1].sMessage, "The master base  (" + rep_ +
-                                                 "\\bd1.MDB) is not a base of TOURNESOL.\r\n\r\n"
+        EXPECT_EQ(d_.Messages()[1].sMessage, "The master base  (" + base_->Fichier() +
+                                                 ") is not a base of TOURNESOL.\r\n\r\n"
                                                  "Access rejected.")
             << quoi;
+        // Told at the program's start already, naming the file.
+        DialogueScripte demarrage;
+        EXPECT_FALSE(SignalerBaseAuDemarrage(rep_, demarrage)) << quoi;
+        ASSERT_EQ(demarrage.Messages().size(), 1u) << quoi;
+        EXPECT_NE(demarrage.Messages()[0].sMessage.find(base_->Fichier()), std::string::npos)
+            << quoi;
+        EXPECT_EQ(demarrage.Messages()[0].IconeMessage, 2) << quoi;
         EXPECT_EQ(base_->DernierEchec().genre, EtatBase::Genre::Etrangere) << quoi;
         EXPECT_EQ(ExaminerBase(rep_).genre, EtatBase::Genre::Etrangere) << quoi;
         EXPECT_EQ(Empreinte(), avant) << quoi;
@@ -200,6 +207,9 @@ TEST_F(Connexion, UnFichierVideDevientUneBaseEtUneBaseAncienneEstMarqueeALaSauve
     EXPECT_EQ(Valeur("PRAGMA application_id").toInt(), MARQUE_BASE);
     EXPECT_EQ(ExaminerBase(rep_).genre, EtatBase::Genre::Utilisable);
     EXPECT_TRUE(ExaminerBase(rep_).raison.empty());
+    DialogueScripte demarrage;
+    EXPECT_TRUE(SignalerBaseAuDemarrage(rep_, demarrage)); // a usable base: nothing to say
+    EXPECT_TRUE(demarrage.Messages().empty());
 
     // A base of an earlier version: the tables, no mark, no index. Read as it is; the next
     // save adds the indexes and the mark.
