@@ -184,6 +184,20 @@ QSqlDatabase BaseEtudesSql::Db() const {
     return QSqlDatabase::database(nomConnexion_, false);
 }
 
+BaseEtudesSql::Acces BaseEtudesSql::ClasserEchec(const ErreurBase& x) {
+    using G = EtatBase::Genre;
+    if (x.Verrou()) {
+        NoterEchec(G::Verrou, "the base " + fichier_ + " is locked by another user");
+        return Acces::Partage;
+    }
+    if (x.PasUneBase()) {
+        NoterEchec(G::Etrangere, fichier_ + " is not a base of TOURNESOL (" + x.what() + ")");
+        return Acces::Etrangere;
+    }
+    NoterEchec(G::Illisible, "the base " + fichier_ + " cannot be read (" + x.what() + ")");
+    return Acces::Refuse;
+}
+
 void BaseEtudesSql::NoterEchec(EtatBase::Genre genre, const std::string& cause) {
     echec_ = {genre, cause};
 }
@@ -266,16 +280,7 @@ BaseEtudesSql::Acces BaseEtudesSql::Tenter() {
     } catch (const ErreurBase& x) {
         Executer(db, "ROLLBACK");
         Fermer();
-        if (x.Verrou()) {
-            NoterEchec(G::Verrou, "the base " + fichier_ + " is locked by another user");
-            return Acces::Partage;
-        }
-        if (x.PasUneBase()) {
-            NoterEchec(G::Etrangere, fichier_ + " is not a base of TOURNESOL (" + x.what() + ")");
-            return Acces::Etrangere;
-        }
-        NoterEchec(G::Illisible, "the base " + fichier_ + " cannot be read (" + x.what() + ")");
-        return Acces::Refuse;
+        return ClasserEchec(x);
     }
     return Acces::Ouvert;
 }
@@ -317,15 +322,7 @@ BaseEtudesSql::Acces BaseEtudesSql::TenterLecture() {
         }
     } catch (const ErreurBase& x) {
         FinLecture();
-        if (x.Verrou()) {
-            NoterEchec(G::Verrou, "the base " + fichier_ + " is locked by another user");
-            return Acces::Partage;
-        }
-        if (x.PasUneBase()) {
-            NoterEchec(G::Etrangere, fichier_ + " is not a base of TOURNESOL (" + x.what() + ")");
-            return Acces::Etrangere;
-        }
-        NoterEchec(G::Illisible, "the base " + fichier_ + " cannot be read (" + x.what() + ")");
+        return ClasserEchec(x);
     }
     return Acces::Refuse;
 }

@@ -19,6 +19,8 @@ class QSqlDatabase;
 
 namespace tournesol {
 
+class ErreurBase;
+
 class BaseEtudesSql;
 
 // The relay setting store on table TR. Inside a command its values go into the command's
@@ -118,6 +120,9 @@ private:
     Acces TenterLecture();
     void FinLecture();
     void NoterEchec(EtatBase::Genre genre, const std::string& cause);
+    // What a failure to take the base means: a lock, a file of another program, or a base that
+    // cannot be read; noted, and told as the access it gives.
+    Acces ClasserEchec(const ErreurBase& x);
     // Commits the command's transaction; throws when the base refuses (then rolled back).
     void Confirmer();
     void Abandonner(Etude& e);
