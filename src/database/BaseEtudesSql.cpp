@@ -184,7 +184,7 @@ QSqlDatabase BaseEtudesSql::Db() const {
     return QSqlDatabase::database(nomConnexion_, false);
 }
 
-BaseEtudesSql::Acces BaseEtudesSql::ClasserEchec(const ErreurBase& x) {
+BaseEtudesSql::Acces BaseEtudesSql::ClasserEchec(const ErreurBase& x, const char* acces) {
     using G = EtatBase::Genre;
     if (x.Verrou()) {
         NoterEchec(G::Verrou, "the base " + fichier_ + " is locked by another user");
@@ -194,7 +194,8 @@ BaseEtudesSql::Acces BaseEtudesSql::ClasserEchec(const ErreurBase& x) {
         NoterEchec(G::Etrangere, fichier_ + " is not a base of TOURNESOL (" + x.what() + ")");
         return Acces::Etrangere;
     }
-    NoterEchec(G::Illisible, "the base " + fichier_ + " cannot be read (" + x.what() + ")");
+    NoterEchec(G::Illisible,
+               "the base " + fichier_ + " cannot be " + acces + " (" + x.what() + ")");
     return Acces::Refuse;
 }
 
@@ -241,17 +242,7 @@ BaseEtudesSql::Acces BaseEtudesSql::Tenter() {
                                      : (db.transaction() ? QSqlError() : db.lastError());
     if (erreur.isValid()) {
         Fermer();
-        const ErreurBase x(erreur);
-        if (x.Verrou()) {
-            NoterEchec(G::Verrou, "the base " + fichier_ + " is locked by another user");
-            return Acces::Partage;
-        }
-        if (x.PasUneBase()) {
-            NoterEchec(G::Etrangere, fichier_ + " is not a base of TOURNESOL (" + x.what() + ")");
-            return Acces::Etrangere;
-        }
-        NoterEchec(G::Illisible, "the base " + fichier_ + " cannot be written (" + x.what() + ")");
-        return Acces::Refuse;
+        return ClasserEchec(ErreurBase(erreur), "written");
     }
     transaction_ = true;
     try {

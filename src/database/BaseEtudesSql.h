@@ -121,8 +121,8 @@ private:
     void FinLecture();
     void NoterEchec(EtatBase::Genre genre, const std::string& cause);
     // What a failure to take the base means: a lock, a file of another program, or a base that
-    // cannot be read; noted, and told as the access it gives.
-    Acces ClasserEchec(const ErreurBase& x);
+    // cannot be read (or written); noted, and told as the access it gives.
+    Acces ClasserEchec(const ErreurBase& x, const char* acces = "read");
     // Commits the command's transaction; throws when the base refuses (then rolled back).
     void Confirmer();
     void Abandonner(Etude& e);

@@ -24,7 +24,6 @@ const std::array<double, 6> EXCENTRICITE_AP = {0.0, 0.65, 0.68, 0.71, 0.72, 0.73
 namespace {
 
 constexpr double MARGE = 0.9 / 1.1;
-constexpr double LIMITE_RXAP = 1000.0;
 const double RACINE3 = std::sqrt(3.0);
 
 bool Type5A(const Etude& e) {
@@ -331,11 +330,11 @@ void DiagRXAP(Etude& e) {
 }
 
 double HautPlanRXAP(const Etude& e) {
-    return std::min(1.2 * (e.RXAP.Image + e.RXAP.MRAP) * e.Kz, LIMITE_RXAP);
+    return 1.2 * (e.RXAP.Image + e.RXAP.MRAP) * e.Kz;
 }
 
 double BasPlanRXAP(const Etude& e) {
-    return std::max(-1.2 * e.RXAP.MRAP * e.Kz, -LIMITE_RXAP);
+    return -1.2 * e.RXAP.MRAP * e.Kz;
 }
 
 } // namespace tournesol

@@ -47,7 +47,8 @@ bool TempoT1RXAP(const Etude& e);
 // Rules 71 to 76.
 void DiagRXAP(Etude& e);
 
-// The plane's box on OK: 1.2 (Image + MRAP) above, 1.2 MRAP below, primary ohms.
+// The plane's box on OK: 1.2 (Image + MRAP) above, 1.2 MRAP below, primary ohms (the panel
+// framework caps each side).
 double HautPlanRXAP(const Etude& e);
 double BasPlanRXAP(const Etude& e);
 
