@@ -55,6 +55,34 @@ void LireDans(const ValeurTR& v, std::int16_t& cible);
 void LireDans(const ValeurTR& v, std::int32_t& cible);
 void LireDans(const ValeurTR& v, bool& cible);
 
+// A variable as the store keeps it: a Boolean as a 16-bit integer, any other in its own type.
+inline ValeurTR ValeurStockee(double v) {
+    return v;
+}
+inline ValeurTR ValeurStockee(float v) {
+    return v;
+}
+inline ValeurTR ValeurStockee(std::int16_t v) {
+    return v;
+}
+inline ValeurTR ValeurStockee(std::int32_t v) {
+    return v;
+}
+inline ValeurTR ValeurStockee(bool v) {
+    return static_cast<std::int16_t>(v ? -1 : 0);
+}
+
+// A relay's list written or read from its first position: `liste(e, f)` calls f on each
+// variable of the list, in the order of the positions.
+template <class Liste> void EcrireListe(Etude& e, MagasinReglages& m, Liste&& liste) {
+    DebutTR(e);
+    liste(e, [&](auto& v) { EcrireTR(e, m, ValeurStockee(v)); });
+}
+template <class Liste> void LireListe(Etude& e, MagasinReglages& m, Liste&& liste) {
+    DebutTR(e);
+    liste(e, [&](auto& v) { LireDans(LireTR(e, m), v); });
+}
+
 // Each relay registers the writer and the reader of its list; the save and the opening call
 // them by id_protection.
 using ListeReglages = void (*)(Etude&, MagasinReglages&);

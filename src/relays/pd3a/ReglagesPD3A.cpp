@@ -50,27 +50,12 @@ template <class V> void ListePD3A(Etude& e, V&& valeur) {
     valeur(e.PD3A.Type6562);
 }
 
-ValeurTR Stocke(double v) {
-    return v;
-}
-ValeurTR Stocke(float v) {
-    return v;
-}
-ValeurTR Stocke(Entier16 v) {
-    return v;
-}
-ValeurTR Stocke(bool v) {
-    return EnEntier(v);
-}
-
 void EcrireListePD3A(Etude& e, MagasinReglages& m) {
-    DebutTR(e);
-    ListePD3A(e, [&](auto& v) { EcrireTR(e, m, Stocke(v)); });
+    EcrireListe(e, m, [](Etude& x, auto&& f) { ListePD3A(x, f); });
 }
 
 void LireListePD3A(Etude& e, MagasinReglages& m) {
-    DebutTR(e);
-    ListePD3A(e, [&](auto& v) { LireDans(LireTR(e, m), v); });
+    LireListe(e, m, [](Etude& x, auto&& f) { ListePD3A(x, f); });
     e.PD3A.Type6062 = !e.PD3A.Type6562;
     e.X3_commun = e.X3_HT;
     e.X4_commun = e.X4_HT;

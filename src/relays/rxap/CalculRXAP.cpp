@@ -24,6 +24,8 @@ const std::array<double, 6> EXCENTRICITE_AP = {0.0, 0.65, 0.68, 0.71, 0.72, 0.73
 namespace {
 
 constexpr double MARGE = 0.9 / 1.1;
+// The load points N1 to N6 of the area: the pick-up keeps its margin to each of them.
+constexpr std::size_t POINTS_DE_CHARGE = 6;
 const double RACINE3 = std::sqrt(3.0);
 
 bool Type5A(const Etude& e) {
@@ -54,10 +56,10 @@ std::array<Complexe, 9> PointsDuCas(Etude& e, int cas) {
     return PointsTransitTires(e);
 }
 
-// The smallest F of the ellipse over the seven points, eccentricity e and e2 across.
+// The smallest F of the ellipse over the load points, eccentricity e and e2 across.
 double PlusPetitF(const std::array<Complexe, 9>& p, double arg, double ex, double ex2) {
     double plusPetit = 0.0;
-    for (std::size_t i = 0; i < 7; ++i) {
+    for (std::size_t i = 0; i < POINTS_DE_CHARGE; ++i) {
         const double z = p[i].Module;
         const double psi = DegToRad(arg - 30.0) - p[i].Argument;
         const double a = 1.0 - 9.0 * std::pow(ex, 4) / 16.0;
@@ -122,7 +124,7 @@ void CercleMaille(Etude& e, RelaisRXAP& r) {
     auto plusPetitW = [&](int cas) {
         const std::array<Complexe, 9> p = PointsDuCas(e, cas);
         double w = 0.0;
-        for (std::size_t i = 0; i < 7; ++i) {
+        for (std::size_t i = 0; i < POINTS_DE_CHARGE; ++i) {
             const double zs = p[i].Module * MARGE;
             double wi = RACINE3 / 2.0 * zs;
             if (r.AvecImage) {
@@ -170,12 +172,16 @@ void DefautsRXAP(Etude& e) {
 }
 
 void ZonesRXAP(Etude& e) {
-    RelaisRXAP& r = e.RXAP;
-    if (r.TypeIn == 0.0F) r.TypeIn = 1.0F;
     if (e.PanneauRelais) {
         e.X1_BT = Div(e.Ligne_Xprim1, e.Kz);
         e.X2_BT = Div(e.Ligne_Xprim2, e.Kz);
     }
+    RouesRXAP(e);
+}
+
+void RouesRXAP(Etude& e) {
+    RelaisRXAP& r = e.RXAP;
+    if (r.TypeIn != 1.0F && r.TypeIn != 1.5F) r.TypeIn = 1.0F;
     e.X1reg_BT = ZoneSurRoues(e.X1_BT, r.TypeIn, true, r.N1, r.X1Parallele);
     if (e.X1reg_BT == 0.0) e.X1reg_BT = 0.01;
     e.X2reg_BT = ZoneSurRoues(e.X2_BT, r.TypeIn, false, r.N2, r.X2Parallele);
@@ -187,19 +193,14 @@ void ZonesRXAP(Etude& e) {
 
 void PriseRXAP(Etude& e) {
     RelaisRXAP& r = e.RXAP;
-    const Entier16 cas = e.TypeReportCharge;
     if (e.Ligne_alim == 0) {
+        // The three-phase case, then the maximal one, which stays in force with its area.
         if (r.Cercle)
             CercleMaille(e, r);
         else
             EllipseMaillee(e, r);
     } else if (e.Ligne_alim == 3 && r.Cercle) {
         CercleClient(e, r);
-    }
-    // The case in force and its area, as they were.
-    if (e.TypeReportCharge != cas || e.Ligne_alim == 0) {
-        e.TypeReportCharge = cas;
-        TransitCalc(e);
     }
 }
 

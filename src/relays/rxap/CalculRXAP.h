@@ -27,10 +27,13 @@ void DefautsRXAP(Etude& e);
 // Zones: in mode "Return" the desired reactances from the line; each zone set on the wheels, in
 // series or in parallel, the first one below, the second one above.
 void ZonesRXAP(Etude& e);
+// The zones on the wheels from the desired reactances X1_BT and X2_BT as they stand (typed).
+// A type other than 5 A (1) or 3.3 A (1.5) is taken as 5 A.
+void RouesRXAP(Etude& e);
 
 // Pick-up of the circle or the ellipse on a meshed line, of the circle on a customer link, from
-// the load points of the three-phase and maximal cases pulled to the 30-degree sectors. The case
-// in force and its area are put back at the end.
+// the load points of the three-phase and maximal cases pulled to the 30-degree sectors. On a
+// meshed line the maximal case (2) and its area stay in force.
 void PriseRXAP(Etude& e);
 
 // Common parameters: the earth factor K, the detectable fault resistances, the ratio R/X and the
@@ -51,5 +54,8 @@ void DiagRXAP(Etude& e);
 // framework caps each side).
 double HautPlanRXAP(const Etude& e);
 double BasPlanRXAP(const Etude& e);
+
+// Registers the RXAP's panel, characteristic, store list, settings page and rule texts.
+void InscrireRXAP();
 
 } // namespace tournesol
