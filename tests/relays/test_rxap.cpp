@@ -5,9 +5,14 @@
 #include "core/Erreurs.h"
 #include "core/Etude.h"
 #include "core/FichierEtude.h"
+#include "core/Magasin.h"
 #include "core/Numerique.h"
 #include "diagnostics/Diagnostics.h"
+#include "network/Transit.h"
+#include "relays/Relais.h"
 #include "relays/rxap/CalculRXAP.h"
+#include "relays/rxap/PanneauRXAP.h"
+#include "relays/rxap/TraceRXAP.h"
 #include "shell/Ouverture.h"
 
 #include <algorithm>
@@ -201,12 +206,268 @@ TEST(RXAP, PriseSurUneLigneMaillee) {
     }
     EXPECT_FLOAT_EQ(r.Arg, 85.0F);
     EXPECT_NEAR(r.Image, (std::trunc(e.ZL_eq / (e.Kz * 0.3)) + 1.0 - 1.0) * 0.15, 1e-12);
+}
 
-    // The ellipse: on this line even the smallest focal distance (3) is beyond the largest
-    // ellipse the load points allow, so that the search of the row runs past the table's fifth
-    // row: the computation ends with error 9, as the relay's table leaves it.
+namespace {
+
+// The 90 kV example line with its RXAP, opened as the program opens it.
+struct EtudeRXAP90 : ::testing::Test {
+    EtudeRXAP90() {
+        InscrireRelais();
+        PreparerOuverture(e);
+        LireFichierEtude(
+            std::filesystem::path(TOURNESOL_EXEMPLES) / "pontcharra-vallon-90kV-rxap.json", e);
+        options.Choisir(e.TypeReportCharge);
+        InitEtude(e, d, options);
+        DefautsRXAP(e);
+    }
+    // The smallest of the values f over the six load points of the cases 0 and 2.
+    template <class F> double PlusPetitSurLesCharges(F f) {
+        double m = 1e300;
+        for (const Entier16 cas : {Entier16{0}, Entier16{2}}) {
+            e.TypeReportCharge = cas;
+            TransitCalc(e);
+            const auto p = PointsTransitTires(e);
+            for (std::size_t i = 0; i < 6; ++i)
+                m = std::min(m, f(p[i]));
+        }
+        return m;
+    }
+    // An option pressed, as the window presses it before it tells the panel.
+    void Choisir(const std::string& option) {
+        p->Trouver(option)->Valeur =
+            !p->Trouver(option)->Valeur || p->Description(option)->Genre == GenreChamp::Option;
+        p->Cliquer(option);
+    }
+    PanneauRXAP& Ouvrir(bool retour) {
+        e.PanneauRelais = retour;
+        p = std::make_unique<PanneauRXAP>(e, d);
+        p->Ouvrir();
+        return *p;
+    }
+    Etude e;
+    OptionsReport options;
+    DialogueSansFenetre d;
+    std::unique_ptr<PanneauRXAP> p;
+};
+
+} // namespace
+
+TEST_F(EtudeRXAP90, LaPriseGardeSaMargeAuPointDeChargeLePlusProche) {
+    ASSERT_EQ(e.ErrCalcul, 0);
+    RelaisRXAP& r = e.RXAP;
+    // Without image the out-of-step circle is centred on the origin: its radius is sqrt(3)/2 of
+    // the nearest load point with the margin 0.9 / 1.1, the pick-up circle 1.5 times smaller.
+    r.AvecImage = false;
+    ASSERT_TRUE(ExecuterCalcul(e, [&] { PriseRXAP(e); }));
+    EXPECT_EQ(e.TypeReportCharge, 2);
+    const double w = PlusPetitSurLesCharges(
+        [](const Complexe& c) { return std::sqrt(3.0) / 2.0 * c.Module * 0.9 / 1.1; });
+    EXPECT_NEAR(r.MRAP, w / e.Kz, 1e-9);
+    EXPECT_GT(r.MRAP, 4.0); // within the 5 A limits: nothing cut
+    EXPECT_LT(r.MRAP, 8.0);
+    EXPECT_NEAR(r.MR, r.MRAP / 1.5, 1e-12);
+    EXPECT_DOUBLE_EQ(r.Image, 0.0);
+
+    // With the image the centre moves along the line by steps of 0.15, one step for each 0.3
+    // secondary ohm of line; the out-of-step radius keeps the margin from that centre.
+    r.AvecImage = true;
+    ASSERT_TRUE(ExecuterCalcul(e, [&] { PriseRXAP(e); }));
+    const double m = std::trunc(e.ZL_eq / (e.Kz * 0.3)) + 1.0;
+    EXPECT_NEAR(r.Image, (m - 1.0) * 0.15, 1e-12);
+    const double im = r.Image * e.Kz;
+    const double wi = PlusPetitSurLesCharges([&](const Complexe& c) {
+        const double zs = c.Module * 0.9 / 1.1;
+        return std::sqrt(im * im + 0.75 * zs * zs -
+                         im * std::sqrt(3.0) * zs * std::cos(55.0 * PI / 180.0 - c.Argument));
+    });
+    EXPECT_NEAR(r.MRAP, std::clamp(wi / e.Kz, 4.0, 8.0), 1e-9);
+    EXPECT_FLOAT_EQ(r.Arg, 85.0F);
+}
+
+TEST_F(EtudeRXAP90, LEllipsePrendLaFocaleDuTableauSousLaPlusGrande) {
+    RelaisRXAP& r = e.RXAP;
     r.Cercle = false;
-    EXPECT_FALSE(ExecuterCalcul(e, [&] { PriseRXAP(e); }));
-    EXPECT_EQ(e.ErrCalcul, ERR_INDICE);
-    EXPECT_DOUBLE_EQ(r.focale, 3.0);
+    r.Arg = 85.0F;
+    ASSERT_TRUE(ExecuterCalcul(e, [&] { PriseRXAP(e); }));
+    const std::vector<double> focales{3, 3.5, 4, 5, 6, 7, 8.5, 10, 12};
+    EXPECT_NE(std::find(focales.begin(), focales.end(), r.focale), focales.end());
+    // The eccentricities of one row of the relay's table.
+    bool rangee = false;
+    for (std::size_t k = 1; k <= 5; ++k)
+        rangee |= r.exmr == EXCENTRICITE_MR[k] && r.exap == EXCENTRICITE_AP[k];
+    EXPECT_TRUE(rangee);
+    // The argument is the line's, cut to a whole degree and kept within 70 to 85.
+    EXPECT_FLOAT_EQ(r.Arg, static_cast<float>(std::trunc(e.PHI_eq * 180.0 / PI)));
+    EXPECT_EQ(e.TypeReportCharge, 2);
+}
+
+TEST_F(EtudeRXAP90, LiaisonClienteEtLiaisonDeCentrale) {
+    RelaisRXAP& r = e.RXAP;
+    e.Ligne_alim = 3;
+    e.TypeReportCharge = 0;
+    ASSERT_TRUE(ExecuterCalcul(e, [&] { PriseRXAP(e); }));
+    TransitCalc(e);
+    const double z1 = PointsTransitTires(e)[0].Module;
+    const double mrap = std::sqrt(3.0) / 2.0 * 0.9 * z1 / (e.Kz * 1.1);
+    EXPECT_NEAR(r.MRAP, std::clamp(mrap, 4.0, 8.0), 1e-9);
+    EXPECT_NEAR(r.MR, std::clamp(mrap / 1.5, 2.0, 6.0), 1e-9);
+    // Without out of step both radii are the pick-up's, within its limits alone.
+    r.AvecPompage = false;
+    ASSERT_TRUE(ExecuterCalcul(e, [&] { PriseRXAP(e); }));
+    EXPECT_NEAR(r.MR, std::clamp(mrap, 2.0, 6.0), 1e-9);
+    EXPECT_DOUBLE_EQ(r.MRAP, r.MR);
+
+    // The ellipse is not foreseen on a customer link: the panel says so and changes nothing.
+    e.RXAP = RelaisRXAP{};
+    DefautsRXAP(e);
+    Ouvrir(true);
+    const RelaisRXAP avant = e.RXAP;
+    const auto drapeaux = e.DiagDrapeaux;
+    p->ChoixOnglet(1);
+    Choisir("chkmrl");
+    EXPECT_TRUE(p->ChaineArretee());
+    EXPECT_EQ(d.Messages().back().sMessage, PanneauRXAP::ELLIPSE_CLIENT);
+    EXPECT_EQ(d.Messages().back().sTitre, "TOURNESOL : Attention");
+    EXPECT_DOUBLE_EQ(e.RXAP.MR, avant.MR);
+    EXPECT_EQ(e.DiagDrapeaux, drapeaux);
+
+    // On a plant link every change of sheet warns; the ellipse stops with its own message.
+    e.Ligne_alim = 1;
+    e.RXAP.Cercle = true;
+    Ouvrir(false);
+    ASSERT_EQ(e.ErrCalcul, 0);
+    const std::size_t n = d.Messages().size();
+    p->ChoixOnglet(1);
+
+    ASSERT_GT(d.Messages().size(), n);
+    EXPECT_EQ(d.Messages()[n].sMessage, PanneauRXAP::AVIS_CENTRALE_RXAP);
+    Choisir("chkmrl");
+    EXPECT_EQ(d.Messages().back().sMessage, PanneauRXAP::ELLIPSE_CENTRALE);
+}
+
+TEST_F(EtudeRXAP90, LePanneauCalculeEtMontreLaVariante) {
+    PanneauRXAP& panneau = Ouvrir(true);
+    ASSERT_EQ(e.ErrCalcul, 0);
+    EXPECT_EQ(panneau.Trouver("Label7")->Texte(),
+              "RXAP 6205, with image, 5 A, with or without acceleration, for long line");
+    EXPECT_FALSE(panneau.Trouver("txtt1")->Visible); // only the 6755 has it
+    EXPECT_FALSE(panneau.Trouver("txtfocale")->Visible);
+    // A desired first zone of 2.5 typed: below 3.2 it is in parallel, searched at 5, and the
+    // first zone takes the value below it, 4.75.
+    panneau.Entrer("txtx1_bt");
+    panneau.Trouver("txtx1_bt")->DefinirTexte("2.5");
+    panneau.Quitter("txtx1_bt");
+    EXPECT_FLOAT_EQ(e.RXAP.N1, 4.75F);
+    EXPECT_NEAR(e.X1reg_BT, 4.75 / 2.0, 1e-6);
+    EXPECT_TRUE(panneau.Trouver("lblParallele1")->Visible);
+    EXPECT_FALSE(panneau.Trouver("lblSerie1")->Visible);
+    // The earth factor to its tenth within 0.4 to 1.
+    panneau.ChoixOnglet(2);
+    panneau.Entrer("txtkoprot");
+    panneau.Trouver("txtkoprot")->DefinirTexte("1.34");
+    panneau.Quitter("txtkoprot");
+    EXPECT_DOUBLE_EQ(e.RXAP.K, 1.0);
+    // Without image the variant is the 6005; the ellipse hides the type and the image.
+    panneau.ChoixOnglet(1);
+    Choisir("chkimag(1)");
+    EXPECT_EQ(VarianteRXAP(e),
+              "RXAP 6005, without image, 5 A, with or without acceleration, for long line");
+    EXPECT_FALSE(panneau.Trouver("txtimag")->Visible);
+    Choisir("chkmrl");
+    EXPECT_FALSE(panneau.Trouver("chkimag(0)")->Visible);
+    EXPECT_TRUE(panneau.Trouver("txtfocale")->Visible);
+    // OK in mode "Return" fits the plane on the out-of-step circle.
+    Choisir("chkmrc");
+    panneau.Cliquer("Command1");
+    EXPECT_NEAR(e.ScaleTop, 1.2 * (e.RXAP.Image + e.RXAP.MRAP) * e.Kz, 1e-3);
+}
+
+TEST(RXAP, CaracteristiqueCercleEtEllipse) {
+    Etude e = EtudeRXAP();
+    RelaisRXAP& r = e.RXAP;
+    r.Image = 1.0;
+    r.MR = 3.0;
+    r.MRAP = 4.5;
+    r.Arg = 85.0F;
+    e.X1reg_HT = 4.0;
+    e.X2reg_HT = 7.0;
+    const double q = 2.0 * e.Kz / std::sqrt(3.0);
+    FigureRXAP f = FigureDuRXAP(e);
+    ASSERT_EQ(f.Arcs.size(), 2u);
+    ASSERT_EQ(f.Segments.size(), 3u); // directional, two zones
+    const double a30 = 55.0 * PI / 180.0;
+    EXPECT_NEAR(f.Arcs[0].Centre.Re, q * std::cos(a30), 1e-9);
+    EXPECT_NEAR(f.Arcs[0].Centre.Im, q * std::sin(a30), 1e-9);
+    EXPECT_NEAR(f.Arcs[0].Debut.Module, q * 4.0, 1e-9); // through Image + MR
+    EXPECT_NEAR(f.Arcs[1].Debut.Module, q * 5.5, 1e-9);
+    // Each zone line ends on the pick-up circle on its right.
+    const SegmentImage& z1 = f.Segments[1];
+    EXPECT_DOUBLE_EQ(z1.A.Im, 4.0);
+    EXPECT_NEAR(std::hypot(z1.B.Re - f.Arcs[0].Centre.Re, z1.B.Im - f.Arcs[0].Centre.Im), q * 3.0,
+                1e-9);
+    // Without out of step its slot stays, empty and dotted.
+    r.AvecPompage = false;
+    f = FigureDuRXAP(e);
+    EXPECT_DOUBLE_EQ(f.Arcs[1].Debut.Module, 0.0);
+    EXPECT_EQ(f.Arcs[1].Style, TRAIT_POINT);
+
+    // The ellipse: a stadium of half width n f a along the angle Arg - 30.
+    r.AvecPompage = true;
+    r.Cercle = false;
+    r.focale = 5.0;
+    r.exmr = 0.8;
+    r.exap = 0.73;
+    f = FigureDuRXAP(e);
+    ASSERT_EQ(f.Arcs.size(), 4u);
+    ASSERT_EQ(f.Segments.size(), 7u); // directional, 2 x 2 tangents, two zones
+    const double a = std::sqrt(1.0 / (3.0 * 0.73 * 0.73) - 0.25);
+    const double nf = e.Kz * 5.0;
+    const ArcImage& bout = f.Arcs[2]; // out of step, near end
+    EXPECT_NEAR(std::hypot(bout.Debut.Re - bout.Centre.Re, bout.Debut.Im - bout.Centre.Im), nf * a,
+                1e-9);
+    const SegmentImage& cote = f.Segments[3];
+    EXPECT_NEAR(std::atan2(cote.B.Im - cote.A.Im, cote.B.Re - cote.A.Re), a30, 1e-9);
+    // The zone ends lie on the two tangents of the out-of-step stadium.
+    const SegmentImage& zone = f.Segments[5];
+    for (const auto& [bord, point] : {std::pair{f.Segments[3], zone.A}, {f.Segments[4], zone.B}}) {
+        const double t = (point.Im - bord.A.Im) / (bord.B.Im - bord.A.Im);
+        EXPECT_NEAR(point.Re, bord.A.Re + t * (bord.B.Re - bord.A.Re), 1e-9);
+    }
+}
+
+TEST(RXAP, LaListeDuMagasinRevientAvecSesTypes) {
+    InscrireRelais();
+    Etude e = EtudeRXAP();
+    RelaisRXAP& r = e.RXAP;
+    e.X1_BT = 1.25;
+    e.X2_BT = 2.5;
+    r.MR = 3.3;
+    r.MRAP = 5.1;
+    r.Image = 0.45;
+    r.focale = 8.5;
+    r.exmr = 0.87;
+    r.exap = 0.71;
+    r.AvecImage = false;
+    r.Cercle = false;
+    r.K = 0.7;
+    r.TypeIn = 1.5F;
+    r.Arg = 78.0F;
+    e.T4 = 1500;
+    e.Is = 5.0F;
+    BlocReglages bloc;
+    ASSERT_TRUE(SauverReglage(e, bloc));
+    EXPECT_EQ(bloc.Reglages.Taille(), 26u);
+    EXPECT_TRUE(std::holds_alternative<std::int16_t>(bloc.Reglages.LireValeur(0, 8))); // AvecImage
+    EXPECT_TRUE(std::holds_alternative<float>(bloc.Reglages.LireValeur(0, 12)));       // TypeIn
+    Etude f = EtudeRXAP();
+    ASSERT_TRUE(RestaurerReglage(f, bloc));
+    EXPECT_EQ(f.X1_BT, 1.25);
+    EXPECT_EQ(f.RXAP.focale, 8.5);
+    EXPECT_EQ(f.RXAP.exap, 0.71);
+    EXPECT_FALSE(f.RXAP.AvecImage);
+    EXPECT_FALSE(f.RXAP.Cercle);
+    EXPECT_EQ(f.RXAP.TypeIn, 1.5F);
+    EXPECT_EQ(f.RXAP.Arg, 78.0F);
+    EXPECT_EQ(f.T4, 1500);
 }

@@ -145,8 +145,11 @@ void Lieur::Rafraichir() {
             w->update(); // a picture drawn from its field
         }
     }
-    // A frame whose fields are all hidden (that does not apply to this line) goes with them;
-    // one that the model shows or hides by its own field keeps the model's word.
+    AjusterCadres();
+    occupe_ = false;
+}
+
+void Lieur::AjusterCadres() {
     for (QGroupBox* cadre : racine_->findChildren<QGroupBox*>()) {
         if (modele_.Trouver(cadre->objectName().toStdString())) continue;
         bool rempli = false;
@@ -154,7 +157,6 @@ void Lieur::Rafraichir() {
             if (auto* w = qobject_cast<QWidget*>(enfant); w && !w->isHidden()) rempli = true;
         if (cadre->isHidden() == rempli) cadre->setVisible(rempli);
     }
-    occupe_ = false;
 }
 
 QStringList Lieur::ChampsSansWidget() const {

@@ -19,6 +19,10 @@ public:
     Lieur(QWidget* racine, Panneau& modele, std::function<void()> apres);
     // Model to widgets.
     void Rafraichir();
+    // A frame whose fields are all hidden (that does not apply to this line) goes with them;
+    // one that the model shows or hides by its own field keeps the model's word. A window that
+    // hides captions of its own after Rafraichir calls it again.
+    void AjusterCadres();
     // Names of the model's fields that have no widget, and of named input widgets that have no
     // field.
     QStringList ChampsSansWidget() const;

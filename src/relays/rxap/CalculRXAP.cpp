@@ -205,8 +205,12 @@ void PriseRXAP(Etude& e) {
 }
 
 void CommunRXAP(Etude& e) {
+    if (e.PanneauRelais) e.RXAP.K = std::trunc(e.ko_eq * 10.0) / 10.0;
+    PorteesRXAP(e);
+}
+
+void PorteesRXAP(Etude& e) {
     RelaisRXAP& r = e.RXAP;
-    if (e.PanneauRelais) r.K = std::trunc(e.ko_eq * 10.0) / 10.0;
     r.K = std::clamp(r.K, 0.4, 1.0);
     r.K = std::trunc(r.K * 10.0 + 0.5) / 10.0;
 

@@ -39,6 +39,8 @@ void PriseRXAP(Etude& e);
 // Common parameters: the earth factor K, the detectable fault resistances, the ratio R/X and the
 // reaches forward and backward (secondary ohms).
 void CommunRXAP(Etude& e);
+// The same from the earth factor K as it stands (typed).
+void PorteesRXAP(Etude& e);
 
 // The commercial variant the options give, as the "choice" sheet shows it; and as the report
 // prints it ("Incompatible data" has no printed form: empty).

@@ -46,7 +46,11 @@ void Reglages(ContexteImpression& c) {
     Page& page = c.page;
     page.CurrentY = c.cadres.CadreSuite.Top + e.Pas;
     page.ChoisirGras(true);
-    Rangee(c, {{0, "Type of relay:"}, {COLONNE_COMMUTATEURS - 20, VarianteImprimeeRXAP(e)}});
+    Rangee(c, {{0, "Type of relay:"}});
+    page.ChoisirGras(false);
+    Rangee(c, {{0, VarianteImprimeeRXAP(e)}});
+    page.ALaLigne();
+    page.ChoisirGras(true);
     Rangee(c, {{0, "Settings"},
                {COLONNE_COMMUTATEURS, "switches"},
                {COLONNE_SECONDAIRE, "Secondary values"},

@@ -238,6 +238,7 @@ std::vector<DescriptionChamp> ChampsCommuns() {
 std::vector<DescriptionChamp> ChampsDuChoix() {
     return {{.Nom = "Label7",
              .Groupe = Groupe(CHOIX, "Type of relay"),
+             .Genre = GenreChamp::Etiquette,
              .Texte = {[](const Etude& e) { return VarianteRXAP(e); },
                        [](Etude&, const std::string&) {}}}};
 }
@@ -293,13 +294,15 @@ void PanneauRXAP::ApresSaisie(const DescriptionChamp& champ, double /*valeur*/) 
     const std::string& nom = champ.Nom;
     for (const Zone& z : ZONES_RXAP)
         if (nom == z.souhaiteBT) {
+            // The typed value stands: in mode "Return" the zones step would take the line's.
             RouesRXAP(e_);
             RecalculDepuis("Prise");
             return;
         }
-    if (nom == "txtkoprot")
-        RecalculDepuis("Commun");
-    else if (nom == "txtt1" || nom == "txtt2" || nom == "txtt3" || nom == "txtt4")
+    if (nom == "txtkoprot") {
+        PorteesRXAP(e_);
+        RecalculDepuis("Variante");
+    } else if (nom == "txtt1" || nom == "txtt2" || nom == "txtt3" || nom == "txtt4")
         RecalculDepuis("Variante");
 }
 

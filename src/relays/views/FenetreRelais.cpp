@@ -309,6 +309,7 @@ void FenetreRelais::ApresHandler() {
         }
         l.legende->setVisible(visible);
     }
+    lieur_->AjusterCadres();
     for (QLabel* texte : textes_)
         if (texte->isVisible()) HauteurTexte(texte); // a text not laid out yet has no width
     setWindowTitle(Q(modele_.Titre()));
