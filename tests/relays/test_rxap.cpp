@@ -157,27 +157,46 @@ TEST(RXAP, VarianteDeduiteDesOptions) {
 }
 
 TEST(RXAP, ReglesDuGuide) {
-    Etude e = EtudeRXAP();
+    Etude e = EtudeRXAP();     // Kz 2
     e.PHI_eq = DegToRad(90.0); // sin 1
     e.XL_eq = 10.0;
     e.X2reg_HT = 10.0;
     e.Ligne_lc = true;
     e.Ligne_X1PB = 20.0F;
+    e.Ligne_XAV = 20.0; // forward limit (0.8 x 20 + 0.9 x 10) / 1.15 = 25 / 1.15
+    e.Ligne_XAM = 25.0; // backward limit 0.8 x 25 / 1.15 = 20 / 1.15
     RelaisRXAP& r = e.RXAP;
-    r.PorteeAv = {5.0, 20.0, 5.0, 20.0};
-    r.PorteeAr = {5.0, 5.0, 5.0, 5.0};
+    // Every reach beyond its limit: 71 phase to phase below 1.2 X2, 72 and 73 forward three
+    // phase and out of step beyond 25 / 1.15, 74 and 75 backward beyond 20 / 1.15, 76 the smallest
+    // backward reach below 1.3 X1PB - 1.06 XL.
+    r.PorteeAv = {5.0, 12.6, 5.0, 12.6};
+    r.PorteeAr = {5.0, 9.0, 5.0, 9.0};
     DiagRXAP(e);
-    // 71: 5 x 2 < 1.2 x 10.
-    EXPECT_TRUE(RegleActive(e, 71));
+    for (int n = 71; n <= 76; ++n)
+        EXPECT_TRUE(RegleActive(e, n)) << n;
     EXPECT_DOUBLE_EQ(ValeurRegle(e, 71), 12.0);
-    // 76 on a long line: the smallest backward reach, 10 primary, below 1.3 x 20 - 1.06 x 10.
-    EXPECT_TRUE(RegleActive(e, 76));
+    EXPECT_NEAR(ValeurRegle(e, 72), 25.0 / 1.15, 1e-12);
+    EXPECT_NEAR(ValeurRegle(e, 73), 25.0 / 1.15, 1e-12);
+    EXPECT_NEAR(ValeurRegle(e, 74), 20.0 / 1.15, 1e-12);
+    EXPECT_NEAR(ValeurRegle(e, 75), 20.0 / 1.15, 1e-12);
     EXPECT_NEAR(ValeurRegle(e, 76), 26.0 - 10.6, 1e-12);
-    e.Ligne_lc = false;
-    r.PorteeAv[0] = 7.0;
+    // Each just inside its limit: 2 x 6.1 > 12, 1.15 x 2 x 10.8 < 25, 1.15 x 2 x 8.6 < 20,
+    // 2 x 7.8 > 15.4.
+    r.PorteeAv = {6.1, 10.8, 5.0, 10.8};
+    r.PorteeAr = {7.8, 8.6, 7.8, 8.6};
     DiagRXAP(e);
-    EXPECT_FALSE(RegleActive(e, 71));
+    for (int n = 71; n <= 76; ++n)
+        EXPECT_FALSE(RegleActive(e, n)) << n;
+    // 76 is for long lines only; the out-of-step rules look at the out-of-step reaches alone.
+    r.PorteeAr = {5.0, 8.6, 5.0, 9.0};
+    r.PorteeAv[3] = 12.6;
+    e.Ligne_lc = false;
+    DiagRXAP(e);
     EXPECT_FALSE(RegleActive(e, 76));
+    EXPECT_FALSE(RegleActive(e, 72));
+    EXPECT_TRUE(RegleActive(e, 73));
+    EXPECT_FALSE(RegleActive(e, 74));
+    EXPECT_TRUE(RegleActive(e, 75));
 }
 
 TEST(RXAP, PriseSurUneLigneMaillee) {
