@@ -385,7 +385,44 @@ constexpr const char* CleFichier(const char* membre) {
     X(Reel32, _50L3) \
     X(Reel32, _50L4) \
     X(Reel32, _50QR) \
-    X(Reel32, _50QF)
+    X(Reel32, _50QF) \
+    X(Reel, Z1MG) \
+    X(Reel, Z2MG) \
+    X(Reel, Z3MG) \
+    X(Reel, Z4MG) \
+    X(Reel, XG1) \
+    X(Reel, XG2) \
+    X(Reel, XG3) \
+    X(Reel, XG4) \
+    X(Reel, RG1) \
+    X(Reel, RG2) \
+    X(Reel, RG3) \
+    X(Reel, RG4) \
+    X(Reel, R1R6) \
+    X(Reel, R1L6) \
+    X(Reel, R1R5) \
+    X(Reel, R1L5) \
+    X(Reel, X1T6) \
+    X(Reel, X1B6) \
+    X(Reel, X1T5) \
+    X(Reel, X1B5) \
+    X(Reel, Z2F) \
+    X(Reel, Z2R) \
+    X(Reel, KO1M) \
+    X(Reel, KOM) \
+    X(Reel, KO1A) \
+    X(Reel, KOA) \
+    X(Reel, A2) \
+    X(Reel, KR) \
+    X(Entier16, Z2GD) \
+    X(Entier16, Z3GD) \
+    X(Entier16, Z4GD) \
+    X(Entier16, Z2PD) \
+    X(Entier16, Z3PD) \
+    X(Entier16, Z4PD) \
+    X(Entier16, OSBD) \
+    X(Entier16, UBD) \
+    X(Booleen, AvecPompage)
 
 // id_protection, record type, member of Etude; in the order of id_protection.
 #define TOURNESOL_RELAIS(X) \

@@ -487,4 +487,24 @@ void DrawRelay(Plan& plan, const OptionsAffichage& options) {
     e.DiagramActuel = true;
 }
 
+bool EmplacementVide(const ArcImage& a) {
+    return a.Debut.Module == 0.0 && a.Fin.Module == 0.0 && a.Centre.Module == 0.0;
+}
+
+bool EmplacementVide(const SegmentImage& s) {
+    return s.A.Module == 0.0 && s.B.Module == 0.0;
+}
+
+void DessinerFigure(Plan& plan, const OptionsAffichage& options, const std::vector<ArcImage>& arcs,
+                    const std::vector<SegmentImage>& segments) {
+    Etude& e = plan.etude();
+    for (const ArcImage& a : arcs)
+        if (!EmplacementVide(a) && CouleurAffichee(e, options, a.Couleur))
+            plan.DrawArc(plan.NewArc(a.Centre, a.Debut, a.Fin, a.Couleur, a.Style, a.Largeur),
+                         false, plan.Papier);
+    for (const SegmentImage& s : segments)
+        if (!EmplacementVide(s) && CouleurAffichee(e, options, s.Couleur))
+            plan.DrawSegment(plan.NewSegment(s.A, s.B, s.Couleur, s.Style, s.Largeur), plan.Papier);
+}
+
 } // namespace tournesol

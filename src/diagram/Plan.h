@@ -161,6 +161,13 @@ void DrawRelay(Plan& plan, const OptionsAffichage& options);
 using TraceCaracteristique = void (*)(Plan&, const OptionsAffichage&);
 void InscrireTraceRelais(int id_protection, TraceCaracteristique trace);
 
+// A relay's figure drawn from its slots: every arc, then every segment, each whose colour is
+// shown; an empty slot (every point at the origin) is a figure the relay does not show.
+bool EmplacementVide(const ArcImage& a);
+bool EmplacementVide(const SegmentImage& s);
+void DessinerFigure(Plan& plan, const OptionsAffichage& options, const std::vector<ArcImage>& arcs,
+                    const std::vector<SegmentImage>& segments);
+
 // The load area of the current report case with its neuralgic points, the line image, the
 // lines at 30 degrees and the horizontal limits.
 void TransitDraw(Plan& plan, const OptionsAffichage& options);

@@ -2,6 +2,7 @@
 
 #include "relays/pd3a/CalculPD3A.h"
 #include "relays/rxap/CalculRXAP.h"
+#include "relays/s321/CalculS321.h"
 
 namespace tournesol {
 
@@ -9,6 +10,7 @@ void InscrireRelais() {
     static const bool inscrits = [] {
         InscrirePD3A();
         InscrireRXAP();
+        InscrireS321();
         return true;
     }();
     (void)inscrits;

@@ -85,10 +85,7 @@ std::vector<SegmentImage> SegmentsPD3A(const Etude& e) {
 void DrawPD3A(Plan& plan, const OptionsAffichage& options) {
     Etude& e = plan.etude();
     ZoneColours(e);
-    for (const SegmentImage& s : SegmentsPD3A(e)) {
-        if (!CouleurAffichee(e, options, s.Couleur)) continue;
-        plan.DrawSegment(plan.NewSegment(s.A, s.B, s.Couleur, s.Style, s.Largeur), plan.Papier);
-    }
+    DessinerFigure(plan, options, {}, SegmentsPD3A(e));
 }
 
 } // namespace tournesol

@@ -121,13 +121,6 @@ void Ellipses(const Etude& e, Dessin& d, double phi30) {
                   Cart(RALaHauteur(dernier.P2, dernier.P4, x), x), e.CouleurZones, TRAIT_TIRET);
 }
 
-bool Vide(const ArcImage& a) {
-    return a.Debut.Module == 0.0 && a.Fin.Module == 0.0 && a.Centre.Module == 0.0;
-}
-bool Vide(const SegmentImage& s) {
-    return s.A.Module == 0.0 && s.B.Module == 0.0;
-}
-
 } // namespace
 
 FigureRXAP FigureDuRXAP(const Etude& e) {
@@ -146,14 +139,8 @@ FigureRXAP FigureDuRXAP(const Etude& e) {
 void DrawRXAP(Plan& plan, const OptionsAffichage& options) {
     Etude& e = plan.etude();
     ZoneColours(e);
-    const FigureRXAP f = FigureDuRXAP(e);
-    for (const ArcImage& a : f.Arcs)
-        if (!Vide(a) && CouleurAffichee(e, options, a.Couleur))
-            plan.DrawArc(plan.NewArc(a.Centre, a.Debut, a.Fin, a.Couleur, a.Style, a.Largeur),
-                         false, plan.Papier);
-    for (const SegmentImage& s : f.Segments)
-        if (!Vide(s) && CouleurAffichee(e, options, s.Couleur))
-            plan.DrawSegment(plan.NewSegment(s.A, s.B, s.Couleur, s.Style, s.Largeur), plan.Papier);
+    const auto f = FigureDuRXAP(e);
+    DessinerFigure(plan, options, f.Arcs, f.Segments);
 }
 
 } // namespace tournesol
