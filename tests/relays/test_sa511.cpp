@@ -495,6 +495,7 @@ TEST(PageSA511, LesReglagesPortentLeursCodes) {
     r.Phia = r.Phiae = DegToRad(45.0);
     e.XL_eq = 30.375;
     e.Longueur_eq = 75.0;
+    e.ko_eq = 2.0 / 3.0;
     PageEnregistree page;
     EtatImpression etat;
     DialogueImpression d(e);
@@ -511,7 +512,8 @@ TEST(PageSA511, LesReglagesPortentLeursCodes) {
             (i == 1 ? deux : suite) += l + "\n";
     // X1 8 secondary is 18 primary, 59 % of the line's 30.375.
     for (const char* attendu :
-         {"Ro/Rd                        (1117)", "Line length   (1124)\t75.0 km",
+         {"Ro/Rd                        (1117)", "Xo/Xd                        (1118)\t3.00",
+          "Line length   (1124)\t75.0 km",
           "X1 = First zone reactance (1302)\t8.00 Ω\t18.00 Ω\t59 %"})
         EXPECT_NE(deux.find(attendu), std::string::npos) << attendu;
     for (const char* attendu :
