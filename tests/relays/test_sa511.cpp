@@ -510,23 +510,32 @@ TEST(PageSA511, LesReglagesPortentLeursCodes) {
     for (std::size_t i = 1; i < doc.size(); ++i)
         for (const std::string& l : PageEnregistree::Lignes(doc[i]))
             (i == 1 ? deux : suite) += l + "\n";
-    // X1 8 secondary is 18 primary, 59 % of the line's 30.375.
-    for (const char* attendu :
-         {"Ro/Rd                        (1117)", "Xo/Xd                        (1118)\t3.00",
-          "Line length   (1124)\t75.0 km",
-          "X1 = First zone reactance (1302)\t8.00 Ω\t18.00 Ω\t59 %"})
-        EXPECT_NE(deux.find(attendu), std::string::npos) << attendu;
+    const std::string tout = deux + suite;
+    // A caption and its values, on one line or the values under it, where the caption runs
+    // into their column.
+    const auto suivi = [&](const std::string& a, const std::string& b) {
+        return tout.find(a + "\t" + b) != std::string::npos ||
+               tout.find(a + "\n" + b) != std::string::npos;
+    };
+    // The line's parameters and the zones on the line's page; X1 8 secondary is 18 primary,
+    // 59 % of the line's 30.375.
+    EXPECT_NE(deux.find("Ro/Rd                        (1117)"), std::string::npos);
+    EXPECT_NE(deux.find("X1 = First zone reactance (1302)"), std::string::npos);
+    EXPECT_TRUE(suivi("Xo/Xd                        (1118)", "3.00"));
+    EXPECT_TRUE(suivi("Line length   (1124)", "75.0 km"));
+    EXPECT_TRUE(suivi("X1 = First zone reactance (1302)", "8.00 Ω\t18.00 Ω\t59 %"));
+    EXPECT_TRUE(suivi("T2 1ph = second zone timer, phase to earth fault (1315)", "400 ms"));
+    EXPECT_TRUE(suivi("acceleration enabled (2101)", "no"));
+    EXPECT_TRUE(suivi("delay extension on blocking signal reception (2203)", "0.020 s"));
+    // 12 ohms at the substation, 12 - 8 / tan 45 at the first zone's reach.
+    EXPECT_TRUE(suivi("phase to earth loop", "12.00 Ω\t27.00 Ω"));
+    EXPECT_TRUE(suivi("phase to earth loop", "4.00 Ω\t9.00 Ω"));
     for (const char* attendu :
          {"Ratio R/X", "Ie>  = minimal earth current (1602)", "Pick up setting", "Phia(1628)",
-          "T2 1ph = second zone timer, phase to earth fault (1315)\n400 ms",
           "out of step blocks the first zone", "Out of tep bandwidth (2003)",
-          "acceleration enabled (2101)\tno",
-          // A caption that runs into the values' column leaves them to the line under it.
-          "delay extension on blocking signal reception (2203)\n0.020 s", " Relay performances",
-          // 12 ohms at the substation, 12 - 8 / tan 45 at the first zone's reach.
-          "phase to earth loop\t12.00 Ω\t27.00 Ω", "phase to earth loop\t4.00 Ω\t9.00 Ω"})
-        EXPECT_NE(suite.find(attendu), std::string::npos) << attendu;
-    EXPECT_EQ(suite.find("no signal"), std::string::npos);
+          " Relay performances"})
+        EXPECT_NE(tout.find(attendu), std::string::npos) << attendu;
+    EXPECT_EQ(tout.find("no signal"), std::string::npos);
 }
 
 // The panel on the double circuit line.
