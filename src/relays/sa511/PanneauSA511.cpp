@@ -301,10 +301,10 @@ std::vector<DescriptionChamp> ChampsSignal() {
     return t;
 }
 
-// Every field of the panel, in the order of its sheets.
+// Every field of the panel, in the order of its sheets, under the relay's label.
 const TableChamps& ChampsSA511() {
     static const TableChamps table = [] {
-        std::vector<DescriptionChamp> t;
+        std::vector<DescriptionChamp> t{Mention("lblRelais", PanneauSA511::LIBELLE, "")};
         for (auto&& partie : {ChampsHorsPompage(), ChampsMiseEnRoute(), ChampsZones(),
                               ChampsTempos(), ChampsSignal()})
             t.insert(t.end(), partie.begin(), partie.end());

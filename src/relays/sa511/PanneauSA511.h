@@ -12,6 +12,8 @@ class PanneauSA511 : public PanneauProtection {
 public:
     PanneauSA511(Etude& e, Dialogue& d);
 
+    // The relay's name on the panel.
+    static constexpr const char* LIBELLE = "7 SA 511";
     // The text of the label shown when the rated secondary current is not 1 A.
     static constexpr const char* ERREUR_IN =
         "Error: the implemented rated secondary current must be  1 A";

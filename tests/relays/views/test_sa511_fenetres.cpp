@@ -77,6 +77,7 @@ TEST_F(FenetreSA511, ChaqueChampASonWidgetEtLesCodesSontDansLesLegendes) {
               "out of step blocks every zone but the first zone");
     EXPECT_TRUE(Trouver<QRadioButton>("chktoutessauf1")->isChecked());
     EXPECT_EQ(Trouver("lblX1")->text(), "23.10");
+    EXPECT_EQ(Trouver<QLabel>("lblRelais")->text(), "7 SA 511");
 }
 
 TEST_F(FenetreSA511, UneReactanceSaisieEtLaSignalisation) {
@@ -95,10 +96,13 @@ TEST_F(FenetreSA511, UneReactanceSaisieEtLaSignalisation) {
     // The long line accelerates; the blocking's timers are hidden until it is chosen.
     EXPECT_FALSE(Trouver("txttve")->isVisibleTo(fenetre.get()));
     EXPECT_TRUE(Trouver("txtte")->isVisibleTo(fenetre.get()));
+    // In mode "Return" the scheme chosen runs the signalling alone: the timers stay.
+    e.SA511.Tempo[0] = 120.0;
     auto* teleaction = Trouver<QCheckBox>("chkTéléaction");
     EXPECT_FALSE(Trouver<QCheckBox>("chkportéeétendue")->isEnabled());
     teleaction->click();
     EXPECT_TRUE(e.Teleaction);
+    EXPECT_EQ(e.SA511.Tempo[0], 120.0);
     auto* blocage = Trouver<QCheckBox>("chkportéeétendue");
     ASSERT_TRUE(blocage->isEnabled());
     blocage->click();
