@@ -533,6 +533,18 @@ TEST(PageSA511, LesReglagesPortentLeursCodes) {
           " Relay performances"})
         EXPECT_NE(tout.find(attendu), std::string::npos) << attendu;
     EXPECT_EQ(tout.find("no signal"), std::string::npos);
+
+    // The relay's settings alone: no line page, the settings on a page of their own.
+    e.ImpParties = {false, false, true};
+    PageEnregistree seule;
+    Imprimer(e, d, seule, etat, {{}, {}, "01/01/2026 - 10:00"});
+    ASSERT_EQ(seule.Imprimes.size(), 1u);
+    std::string reglages;
+    for (const PageImprimee& p : seule.Imprimes[0])
+        for (const std::string& l : PageEnregistree::Lignes(p))
+            reglages += l + "\n";
+    EXPECT_EQ(reglages.find("(1117)"), std::string::npos);
+    EXPECT_NE(reglages.find("Pick up setting"), std::string::npos);
 }
 
 // The panel on the double circuit line.
