@@ -54,6 +54,12 @@ void LireDans(const ValeurTR& v, float& cible);
 void LireDans(const ValeurTR& v, std::int16_t& cible);
 void LireDans(const ValeurTR& v, std::int32_t& cible);
 void LireDans(const ValeurTR& v, bool& cible);
+// A variable as the store keeps it, in its own type; a Boolean as the 16-bit -1 or 0.
+ValeurTR ValeurStockee(double v);
+ValeurTR ValeurStockee(float v);
+ValeurTR ValeurStockee(std::int16_t v);
+ValeurTR ValeurStockee(std::int32_t v);
+ValeurTR ValeurStockee(bool v);
 
 // Each relay registers the writer and the reader of its list; the save and the opening call
 // them by id_protection.

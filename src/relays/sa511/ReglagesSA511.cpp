@@ -59,22 +59,9 @@ template <class V> void ListeSA511(Etude& e, V&& valeur) {
     valeur(e.Is);
 }
 
-ValeurTR Stocke(double v) {
-    return v;
-}
-ValeurTR Stocke(float v) {
-    return v;
-}
-ValeurTR Stocke(Entier16 v) {
-    return v;
-}
-ValeurTR Stocke(bool v) {
-    return EnEntier(v);
-}
-
 void EcrireListeSA511(Etude& e, MagasinReglages& m) {
     DebutTR(e);
-    ListeSA511(e, [&](auto& v) { EcrireTR(e, m, Stocke(v)); });
+    ListeSA511(e, [&](auto& v) { EcrireTR(e, m, ValeurStockee(v)); });
 }
 
 void LireListeSA511(Etude& e, MagasinReglages& m) {
