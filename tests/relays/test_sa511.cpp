@@ -359,10 +359,6 @@ TEST_F(EtudeSA511, UneLiaisonClienteTropChargeeEstSignalee) {
     EXPECT_THROW(CalculHorsPompageSA511(e, d, distances), ErreurExecution);
     ASSERT_EQ(d.Messages().size(), 1u);
     EXPECT_EQ(d.Messages()[0].sMessage, "incompatible data");
-    // In mode "Modify" the pick-up is the engineer's: no load distance is looked for.
-    e.PanneauRelais = false;
-    EXPECT_NO_THROW(CalculHorsPompageSA511(e, d, distances));
-    EXPECT_EQ(d.Messages().size(), 1u);
 }
 
 // Settings that agree with the guide: Rf = 0.8 x 40 + 0.9 x 20 = 50, Rb = 32.

@@ -77,8 +77,6 @@ void CalculHorsPompageSA511(Etude& e, Dialogue& d, DistancesCharge& distances) {
     }
     r.deltaR_HT = Verifier(e.Kz * r.deltaR);
     r.derivR_HT = Verifier(e.Kz * r.derivR);
-    // The load distances serve the pick-up's rules alone, which "Modify" leaves as they stand.
-    if (!e.PanneauRelais) return;
 
     const GardeReport garde(e);
     distances = DistancesCharge{};

@@ -29,7 +29,7 @@ struct DistancesCharge {
 inline constexpr double MARGE_CHARGE_SA511 = 0.9 / 1.1;
 
 // The out-of-step sheet: its defaults in mode "Return", the primary images of the band and of
-// the speed, then, in mode "Return", the load distances of the line's feed. The report case in
+// the speed, then the load distances of the line's feed and the load angles. The report case in
 // force is given back at the end. A customer link whose third zone reaches beyond the load point
 // says "incompatible data".
 void CalculHorsPompageSA511(Etude& e, Dialogue& d, DistancesCharge& distances);
