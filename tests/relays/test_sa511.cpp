@@ -332,6 +332,10 @@ TEST_F(EtudeSA511, UneLiaisonDeCentraleCoupeLeCercleDePuissanceALaReactanceAvant
     e.SA511.XV = 0.1;
     CalculHorsPompageSA511(e, d, distances);
     EXPECT_NEAR(distances.D2[0], std::fabs(n1.Re) * 0.9 / 1.1, 1e-9);
+    // N2 lies below the R axis: its angle is counted from 0 to 2 pi.
+    const Complexe n2 = e.PointsTransit[1];
+    ASSERT_LT(n2.Im, 0.0);
+    EXPECT_NEAR(e.SA511.PhiCharge2, 2.0 * PI + std::atan2(n2.Im, n2.Re), 1e-9);
     // A forward reach above the load point: the circle of active power, of radius
     // 1.5 Vmax^2 / Pmax, cut at that reach.
     const double p = 1.5 * e.Vmax * e.Vmax / e.Ligne_Pmax;
