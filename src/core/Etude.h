@@ -21,6 +21,7 @@ using Couleur = std::int32_t; // 0x00BBGGRR
 
 using Reels3 = std::array<Reel, 3>;
 using Reels4 = std::array<Reel, 4>;
+using Reels9 = std::array<Reel, 9>;
 using Entiers16x3 = std::array<Entier16, 3>;
 using Textes3 = std::array<Texte, 3>;
 using Textes12 = std::array<Texte, 12>;
@@ -316,7 +317,42 @@ constexpr const char* CleFichier(const char* membre) {
 }
 
 // clang-format off
-#define RELAIS_SA511_VARIABLES(X)
+#define RELAIS_SA511_VARIABLES(X) \
+    X(Entier16, ProgBlocage) \
+    X(Booleen, Independante) \
+    X(Booleen, BlocageEtendu) \
+    X(Reel, deltaR) \
+    X(Reel, deltaR_HT) \
+    X(Reel, derivR) \
+    X(Reel, derivR_HT) \
+    X(Reel, Tact) \
+    X(Reel, Ie) \
+    X(Reel, Iph) \
+    X(Reel, RA1) \
+    X(Reel, RA2) \
+    X(Reel, RA1E) \
+    X(Reel, RA2E) \
+    X(Reel, XV) \
+    X(Reel, XM) \
+    X(Reel, Phia) \
+    X(Reel, Phiae) \
+    X(Reel, X1) \
+    X(Reel, X2) \
+    X(Reel, R1E) \
+    X(Reel, R1) \
+    X(Reel, R2E) \
+    X(Reel, R2) \
+    X(Reel, R1BE) \
+    X(Reel, R1B) \
+    X(Reel, X1B) \
+    X(Reel, RsurX) \
+    X(Reel, Te) \
+    X(Reel, Ts) \
+    X(Reel, Tve) \
+    X(Reel, Tvs) \
+    X(Reel, PhiCharge1) \
+    X(Reel, PhiCharge2) \
+    X(Reels9, Tempo)
 #define RELAIS_EPAC_VARIABLES(X)
 #define RELAIS_PD3A_VARIABLES(X) \
     X(Booleen, Type6062) \

@@ -74,6 +74,22 @@ void LireDans(const ValeurTR& v, bool& cible) {
     cible = i != 0;
 }
 
+ValeurTR ValeurStockee(double v) {
+    return v;
+}
+ValeurTR ValeurStockee(float v) {
+    return v;
+}
+ValeurTR ValeurStockee(std::int16_t v) {
+    return v;
+}
+ValeurTR ValeurStockee(std::int32_t v) {
+    return v;
+}
+ValeurTR ValeurStockee(bool v) {
+    return static_cast<std::int16_t>(v ? -1 : 0);
+}
+
 void InscrireReglagesRelais(int id_protection, ListeReglages ecrire, ListeReglages lire) {
     if (id_protection >= 1 && id_protection <= NOMBRE_RELAIS)
         listes[static_cast<std::size_t>(id_protection - 1)] = {ecrire, lire};

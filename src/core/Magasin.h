@@ -54,23 +54,12 @@ void LireDans(const ValeurTR& v, float& cible);
 void LireDans(const ValeurTR& v, std::int16_t& cible);
 void LireDans(const ValeurTR& v, std::int32_t& cible);
 void LireDans(const ValeurTR& v, bool& cible);
-
-// A variable as the store keeps it: a Boolean as a 16-bit integer, any other in its own type.
-inline ValeurTR ValeurStockee(double v) {
-    return v;
-}
-inline ValeurTR ValeurStockee(float v) {
-    return v;
-}
-inline ValeurTR ValeurStockee(std::int16_t v) {
-    return v;
-}
-inline ValeurTR ValeurStockee(std::int32_t v) {
-    return v;
-}
-inline ValeurTR ValeurStockee(bool v) {
-    return static_cast<std::int16_t>(v ? -1 : 0);
-}
+// A variable as the store keeps it, in its own type; a Boolean as the 16-bit -1 or 0.
+ValeurTR ValeurStockee(double v);
+ValeurTR ValeurStockee(float v);
+ValeurTR ValeurStockee(std::int16_t v);
+ValeurTR ValeurStockee(std::int32_t v);
+ValeurTR ValeurStockee(bool v);
 
 // A relay's list written or read from its first position: `liste(e, f)` calls f on each
 // variable of the list, in the order of the positions.

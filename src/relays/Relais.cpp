@@ -3,11 +3,13 @@
 #include "relays/pd3a/CalculPD3A.h"
 #include "relays/rxap/CalculRXAP.h"
 #include "relays/s321/CalculS321.h"
+#include "relays/sa511/CalculSA511.h"
 
 namespace tournesol {
 
 void InscrireRelais() {
     static const bool inscrits = [] {
+        InscrireSA511();
         InscrirePD3A();
         InscrireRXAP();
         InscrireS321();

@@ -224,3 +224,23 @@ TEST(LigneDeCommande, EchecDeCalculDansLesMessages) {
         EXPECT_EQ(echecs, 1) << nom << " " << sortie["messages"].dump();
     }
 }
+
+// The 7SA511's report as a PDF: its settings pages carry the relay's parameter codes.
+TEST(LigneDeCommande, RapportPdfDu7SA511) {
+    const fs::path pdf = fs::temp_directory_path() / "tournesol-rapport-sa511.pdf";
+    fs::remove(pdf);
+    const fs::path exemple = fs::path(TOURNESOL_EXEMPLES) / "saint-alban-centrale-225kV-sa511.json";
+    const Resultat r = Lancer("report " + exemple.string() + " -o " + pdf.string());
+    ASSERT_EQ(r.code, 0) << r.erreurs;
+    const fs::path texte = fs::temp_directory_path() / "tournesol-rapport-sa511.txt";
+    ASSERT_EQ(std::system(("pdftotext " + pdf.string() + " " + texte.string()).c_str()), 0);
+    std::ifstream t(texte);
+    const std::string contenu((std::istreambuf_iterator<char>(t)), {});
+    for (const char* attendu :
+         {"SA 511", "settings", "Secondary values", "(1117)", "(1124)",
+          "X1 = First zone reactance (1302)", "Ra1 = Phase to phase pick up resistance", "(1624)",
+          "Phia(1628)", "T1 1ph = first zone timer, phase to earth fault (1305)",
+          "out of step blocks the first zone", "Out of tep bandwidth (2003)", "no signal",
+          "Relay performances", "phase to earth loop"})
+        EXPECT_NE(contenu.find(attendu), std::string::npos) << attendu;
+}
