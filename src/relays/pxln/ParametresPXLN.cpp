@@ -451,7 +451,9 @@ int CodeVerrouillagePXLN(const Etude& e) {
 std::vector<LigneListing> ListingPXLN(const Etude& e) {
     const RelaisPXLN& r = e.PXLN;
     const double l = e.Longueur_eq;
-    auto parKm = [&](double ohms) { return F(Div(Div(ohms, e.Kz), l), "0.000"); };
+    // A line not computed yet has no length: its values per unit are shown as 0.
+    const double base = e.Kz * l;
+    auto parKm = [&](double ohms) { return F(base == 0.0 ? 0.0 : ohms / base, "0.000"); };
     Listing s;
     s.Section(".PARA", "\\PXLN parameters");
 
