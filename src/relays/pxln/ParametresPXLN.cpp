@@ -144,6 +144,14 @@ DescriptionChamp AfficheTexte(std::string nom, std::string legende, std::string 
             .Texte = std::move(t)};
 }
 
+// A comment of the sheet: a text across its frame.
+DescriptionChamp Commentaire(std::string nom, std::string groupe, VariableTexte t) {
+    return {.Nom = std::move(nom),
+            .Groupe = std::move(groupe),
+            .Genre = GenreChamp::Etiquette,
+            .Texte = std::move(t)};
+}
+
 // The double circuit line as the sheet tells it.
 std::string LigneDouble(const Etude& e) {
     if (e.Ligne_Tl != 1) return "single circuit line";
@@ -198,7 +206,7 @@ std::vector<DescriptionChamp> Feuilles() {
     t.push_back(AfficheTexte("Type_téléaction", "Signalling scheme", schema,
                              VueTexte(&CodeTeleactionPXLN)));
     t.push_back(
-        AfficheTexte("Type_téléaction_commentaire", "", schema, VueTexte(&CommentaireTeleaction)));
+        Commentaire("Type_téléaction_commentaire", schema, VueTexte(&CommentaireTeleaction)));
     t.push_back(Liste("HF", "Carrier", schema, P_HF));
     t.push_back(Liste("EMISSIO_WI", "Signal emission", schema, P_EMISSIO_WI));
     const std::string wi = Groupe(SIGNAL, "Weak Infeed and echo");
@@ -253,7 +261,7 @@ std::vector<DescriptionChamp> Feuilles() {
     t.push_back(
         Affiche("Longueur", "Line length", "km", "##0.0", reseau, Lien(&Etude::Longueur_eq)));
     const std::string parKm = Groupe(LIGNE, "Positive sequence per unit secondary reactance");
-    const char* uniteKm = "m/ km (values between 0 et 9999.9)";
+    const char* uniteKm = "mΩ/ km (values between 0 et 9999.9)";
     t.push_back(Affiche("Résistance_homopolaire", "Zero sequence resistance", uniteKm, "###0.#",
                         parKm, Vue([](const Etude& e) { return ParKm(e, e.Ro_eq); })));
     t.push_back(Affiche("Résistance_directe", "Positive sequence resistance", uniteKm, "###0.#",
@@ -263,7 +271,7 @@ std::vector<DescriptionChamp> Feuilles() {
     t.push_back(Affiche("Réactance_directe", "Positive sequence reactance", uniteKm, "###0.#",
                         parKm, Vue([](const Etude& e) { return ParKm(e, e.XL_eq); })));
     const std::string dbl = Groupe(LIGNE, "Presence of double circuit line");
-    t.push_back(AfficheTexte("Ligne_double_commentaire", "", dbl, VueTexte(&LigneDouble)));
+    t.push_back(Commentaire("Ligne_double_commentaire", dbl, VueTexte(&LigneDouble)));
     t.push_back(Affiche("tempo", "Timer to maintain the direction backward",
                         "ms  (values lower than 1 000)", "###0", dbl,
                         Lien(&Etude::PXLN, &RelaisPXLN::Td)));
@@ -272,17 +280,15 @@ std::vector<DescriptionChamp> Feuilles() {
     const std::string verr = Groupe(POMPAGE, "Type of blocking");
     t.push_back(Affiche("TypeVerr", "Type of blocking", "", "0", verr,
                         Vue([](const Etude& e) { return CodeVerrouillagePXLN(e); })));
-    t.push_back(AfficheTexte("TypeVerr_commentaire", "", verr, VueTexte(&CommentaireVerrouillage)));
-    t.push_back(AfficheTexte("VerrEmission_commentaire", "Signal emission blocking", verr,
-                             VueTexte([](const Etude& e) -> std::string {
-                                 return e.PXLN.VerrEmission ? "blocking of emission"
-                                                            : "No blocking of emission";
-                             })));
-    t.push_back(AfficheTexte("VerrRéception_commentaire", "Signal reception blocking", verr,
-                             VueTexte([](const Etude& e) -> std::string {
-                                 return e.PXLN.VerrReception ? "blocking of reception"
-                                                             : "No blocking of reception";
-                             })));
+    t.push_back(Commentaire("TypeVerr_commentaire", verr, VueTexte(&CommentaireVerrouillage)));
+    t.push_back(Commentaire(
+        "VerrEmission_commentaire", verr, VueTexte([](const Etude& e) -> std::string {
+            return e.PXLN.VerrEmission ? "blocking of emission" : "No blocking of emission";
+        })));
+    t.push_back(Commentaire(
+        "VerrRéception_commentaire", verr, VueTexte([](const Etude& e) -> std::string {
+            return e.PXLN.VerrReception ? "blocking of reception" : "No blocking of reception";
+        })));
     t.push_back(Liste("TypeDecl", "Tripping when fault and out of step", verr, P_TYPEDECL));
     t.push_back(Liste("VerrWI", "Weak Infeed", verr, P_VERRWI));
     t.push_back(Liste("Verr1", "Zone 1", verr, P_VERR1));
@@ -303,8 +309,7 @@ std::vector<DescriptionChamp> Feuilles() {
     const std::string decl = Groupe(DIVERS, "Type of tripping");
     t.push_back(AfficheTexte("TypeDecl_divers", "Type of tripping", decl,
                              VueTexte(&CodeDeclenchementPXLN)));
-    t.push_back(
-        AfficheTexte("TypeDecl_divers_comm", "", decl, VueTexte(&CommentaireDeclenchement)));
+    t.push_back(Commentaire("TypeDecl_divers_comm", decl, VueTexte(&CommentaireDeclenchement)));
     const std::string fusion = Groupe(DIVERS, "Fuse melting");
     t.push_back(Nombre("Tempo_FFUS", "Timer", "s (values between 1 and 20)", "#0.0#", fusion,
                        P_TEMPO_FFUS, 1.0, 20.0));
