@@ -257,6 +257,8 @@ PanneauPXLN::PanneauPXLN(Etude& e, Dialogue& d) : PanneauProtection(e, d, ID_PXL
     DeclarerEtapes({{"Pompage", [this] { CalculPompagePXLN(e_, d_); }},
                     {"Resistance", [this] { ResistancesPrimairesPXLN(e_); }},
                     {"Zones", [this] { CalculZonesPXLN(e_); }},
+                    // The timers, the signal and the types compute nothing of their own: their
+                    // fields went into the study at their exit.
                     {"Tempos", [] {}},
                     {"Signal", [] {}},
                     {"Types", [] {}},

@@ -281,12 +281,14 @@ std::vector<DescriptionChamp> Feuilles() {
     t.push_back(Affiche("TypeVerr", "Type of blocking", "", "0", verr,
                         Vue([](const Etude& e) { return CodeVerrouillagePXLN(e); })));
     t.push_back(Commentaire("TypeVerr_commentaire", verr, VueTexte(&CommentaireVerrouillage)));
+    t.push_back(Commentaire("VerrEmission_commentaire", Groupe(POMPAGE, "Signal emission blocking"),
+                            VueTexte([](const Etude& e) -> std::string {
+                                return e.PXLN.VerrEmission ? "blocking of emission"
+                                                           : "No blocking of emission";
+                            })));
     t.push_back(Commentaire(
-        "VerrEmission_commentaire", verr, VueTexte([](const Etude& e) -> std::string {
-            return e.PXLN.VerrEmission ? "blocking of emission" : "No blocking of emission";
-        })));
-    t.push_back(Commentaire(
-        "VerrRéception_commentaire", verr, VueTexte([](const Etude& e) -> std::string {
+        "VerrRéception_commentaire", Groupe(POMPAGE, "Signal reception blocking"),
+        VueTexte([](const Etude& e) -> std::string {
             return e.PXLN.VerrReception ? "blocking of reception" : "No blocking of reception";
         })));
     t.push_back(Liste("TypeDecl", "Tripping when fault and out of step", verr, P_TYPEDECL));
