@@ -13,6 +13,8 @@
 #include "diagram/Plan.h"
 #include "diagram/SurfaceSvg.h"
 #include "relays/Relais.h"
+#include "relays/pxln/CalculPXLN.h"
+#include "relays/pxln/ParametresPXLN.h"
 #include "shell/Ouverture.h"
 
 #include <charconv>
@@ -39,6 +41,7 @@ const char* const USAGE =
     "       tournesol-cli open --poste A --depart B [--piquage C] --protection NAME\n"
     "                          --numero N [--base DIR] [--wait SECONDS]\n"
     "       tournesol-cli report STUDY.json -o FILE.pdf\n"
+    "       tournesol-cli listing STUDY.json [-o FILE]\n"
     "  calc   reads a study file, runs it from Open to the first drawing and prints the\n"
     "         resulting study as JSON\n"
     "  svg    the same run, then writes the diagram as the working window draws it (the\n"
@@ -50,7 +53,9 @@ const char* const USAGE =
     "         --wait: how long a base held by another user is waited for (10 s), then\n"
     "         the command ends with exit 1\n"
     "  report the same run as calc, then the printed report (drawing, diagnostics, line)\n"
-    "         written as a PDF file\n";
+    "         written as a PDF file\n"
+    "  listing the same run as calc, then the parameter listing of a PXLN study as its\n"
+    "         settings page prints it, one line per line, UTF-8 text\n";
 
 // A study file run headless from Open to the first drawing.
 struct Session {
@@ -96,6 +101,31 @@ int Svg(const std::string& chemin, const std::optional<std::string>& sortie) {
     }
     std::ofstream fichier(*sortie, std::ios::binary);
     fichier << surface.Document();
+    if (!fichier) {
+        std::cerr << "tournesol-cli: cannot write " << *sortie << "\n";
+        return 1;
+    }
+    return 0;
+}
+
+// The parameter listing of a PXLN study, on stdout or into a file.
+int Listing(const std::string& chemin, const std::optional<std::string>& sortie) {
+    Session s;
+    if (!Ouvrir(chemin, s)) return SORTIE_USAGE;
+    if (s.e.id_protection != ID_PXLN) {
+        std::cerr << "tournesol-cli: " << chemin << ": the relay of the study is not a PXLN "
+                  << "(id_protection " << s.e.id_protection << "): it has no parameter listing\n";
+        return SORTIE_USAGE;
+    }
+    std::string texte;
+    for (const LigneListing& ligne : ListingPXLN(s.e))
+        texte += TexteLigneListing(ligne) + "\n";
+    if (!sortie) {
+        std::cout << texte;
+        return 0;
+    }
+    std::ofstream fichier(*sortie, std::ios::binary);
+    fichier << texte;
     if (!fichier) {
         std::cerr << "tournesol-cli: cannot write " << *sortie << "\n";
         return 1;
@@ -293,6 +323,9 @@ int main(int argc, char** argv) {
     if (args.size() == 2 && args[0] == "calc") return Calc(args[1]);
     if (args.size() == 2 && args[0] == "svg") return Svg(args[1], std::nullopt);
     if (args.size() == 4 && args[0] == "svg" && args[2] == "-o") return Svg(args[1], args[3]);
+    if (args.size() == 2 && args[0] == "listing") return Listing(args[1], std::nullopt);
+    if (args.size() == 4 && args[0] == "listing" && args[2] == "-o")
+        return Listing(args[1], args[3]);
     if (args.size() == 1 && (args[0] == "--help" || args[0] == "-h")) {
         std::cout << USAGE;
         return 0;

@@ -22,6 +22,8 @@ using Couleur = std::int32_t; // 0x00BBGGRR
 using Reels3 = std::array<Reel, 3>;
 using Reels4 = std::array<Reel, 4>;
 using Reels9 = std::array<Reel, 9>;
+using Reels5 = std::array<Reel, 5>;
+using Reels22 = std::array<Reel, 22>;
 using Entiers16x3 = std::array<Entier16, 3>;
 using Textes3 = std::array<Texte, 3>;
 using Textes12 = std::array<Texte, 12>;
@@ -378,7 +380,40 @@ constexpr const char* CleFichier(const char* membre) {
 #define RELAIS_PXLC_VARIABLES(X) \
     X(Booleen, FeuilleReglages)
 #define RELAIS_PXLP_VARIABLES(X)
-#define RELAIS_PXLN_VARIABLES(X)
+#define RELAIS_PXLN_VARIABLES(X) \
+    X(Reel, deltaR_BT) \
+    X(Reel, deltaR_HT) \
+    X(Reel, deltaF) \
+    X(Entier16, ZonesBloquees) \
+    X(Booleen, OptIp) \
+    X(Reel, Ip_pct) \
+    X(Booleen, OptIi) \
+    X(Reel, Ii_pct) \
+    X(Booleen, OptIo) \
+    X(Reel, Io_pct) \
+    X(Reel, TempoBlocage) \
+    X(Booleen, VerrEmission) \
+    X(Booleen, VerrReception) \
+    X(Reel, Rmoc_BT) \
+    X(Reel, Rbic_BT) \
+    X(Reel, Rmor_BT) \
+    X(Reel, Rbir_BT) \
+    X(Reel, Rmoc_HT) \
+    X(Reel, Rbic_HT) \
+    X(Reel, Rmor_HT) \
+    X(Reel, Rbir_HT) \
+    X(Reels5, XPct) \
+    X(Reels5, ZonesHT) \
+    X(Reels5, ZonesBT) \
+    X(Reel, RsurX) \
+    X(Reel, Td) \
+    X(Booleen, Maitre) \
+    X(Booleen, PorteeReduite) \
+    X(Booleen, DeclRapide) \
+    X(Entier16, Signal) \
+    X(Entier16, TypeDecl) \
+    X(Booleen, Capacitif) \
+    X(Reels22, ParamPXLN)
 #define RELAIS_RAZOA_VARIABLES(X) \
     X(Texte, str26) \
     X(Texte, str27) \

@@ -14,6 +14,10 @@ double RadToDeg(double radians) {
     return radians / PI * 180.0;
 }
 
+double PartieEntiere(double x) {
+    return std::floor(Verifier(x) + 1e-9);
+}
+
 double ArcSinus(double x) {
     if (x * x > 1.0) LeverErreur(ERR_INDICE);
     if (x == 1.0) return PI / 2.0;

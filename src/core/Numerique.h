@@ -15,6 +15,11 @@ double RadToDeg(double radians);
 double ArcSinus(double x);
 double ArcCosinus(double x);
 
+// The whole part (the floor) of a value; a value that is whole up to the noise of binary
+// arithmetic (10 x 1.7, 1000 x 0.8) is that whole value, not the one below. A value that is not
+// finite is error 6.
+double PartieEntiere(double x);
+
 inline double Carre(double x) {
     return x * x;
 }

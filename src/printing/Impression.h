@@ -109,6 +109,10 @@ void ImprimerDiagnostics(ContexteImpression& c);
 // The numbers of the first and last rules that the report prints for a relay; (1, 0) for none.
 std::pair<int, int> ReglesImprimees(int id_protection);
 
+// The columns of a relay's settings under that head, in Pas from the frame's left.
+inline constexpr int COLONNE_SECONDAIRE_REGLAGES = 50;
+inline constexpr int COLONNE_PRIMAIRE_REGLAGES = 80;
+inline constexpr int COLONNE_POURCENTAGE_REGLAGES = 108;
 // The head of a relay's settings in CadreSuite ("settings" and its three columns) and one row.
 void ImprimerTeteReglages(ContexteImpression& c);
 void ImprimerLigneReglage(ContexteImpression& c, const std::string& libelle,

@@ -27,9 +27,9 @@ constexpr const char* PRIMAIRE = " \xCE\xA0"; // " Π"
 // Rules printed, by id_protection.
 
 // Columns of the settings: the setting's name, then its three values.
-constexpr int COLONNE_SECONDAIRE = 50;
-constexpr int COLONNE_PRIMAIRE = 80;
-constexpr int COLONNE_POURCENTAGE = 108;
+constexpr int COLONNE_SECONDAIRE = COLONNE_SECONDAIRE_REGLAGES;
+constexpr int COLONNE_PRIMAIRE = COLONNE_PRIMAIRE_REGLAGES;
+constexpr int COLONNE_POURCENTAGE = COLONNE_POURCENTAGE_REGLAGES;
 
 // A line of texts at a column; the pen then goes to the next line.
 void Ligne(ContexteImpression& c, int colonne, std::initializer_list<std::string> pieces) {

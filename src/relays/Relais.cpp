@@ -4,6 +4,7 @@
 #include "relays/rxap/CalculRXAP.h"
 #include "relays/s321/CalculS321.h"
 #include "relays/sa511/CalculSA511.h"
+#include "relays/pxln/CalculPXLN.h"
 
 namespace tournesol {
 
@@ -13,6 +14,7 @@ void InscrireRelais() {
         InscrirePD3A();
         InscrireRXAP();
         InscrireS321();
+        InscrirePXLN();
         return true;
     }();
     (void)inscrits;

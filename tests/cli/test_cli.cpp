@@ -1,9 +1,11 @@
 // The command line as a user runs it: exit codes, what it prints, what it refuses.
+#include <algorithm>
 #include <cstdio>
 #include <filesystem>
 #include <fstream>
 #include <gtest/gtest.h>
 #include <nlohmann/json.hpp>
+#include <sstream>
 #include <sys/wait.h>
 
 namespace fs = std::filesystem;
@@ -243,4 +245,41 @@ TEST(LigneDeCommande, RapportPdfDu7SA511) {
           "out of step blocks the first zone", "Out of tep bandwidth (2003)", "no signal",
           "Relay performances", "phase to earth loop"})
         EXPECT_NE(contenu.find(attendu), std::string::npos) << attendu;
+}
+
+// The PXLN's parameter listing: one line per line of the listing, the same into a file, the
+// values of the run; another relay has none.
+TEST(LigneDeCommande, ListingDuPXLN) {
+    const std::string exemple =
+        std::string(TOURNESOL_EXEMPLES) + "/champagnier-grande-ile-225kV-pxln.json";
+    const Resultat r = Lancer("listing " + exemple);
+    ASSERT_EQ(r.code, 0) << r.erreurs;
+    std::vector<std::string> lignes;
+    std::istringstream flux(r.sortie);
+    for (std::string l; std::getline(flux, l);)
+        lignes.push_back(l);
+    ASSERT_EQ(lignes.size(), 80u); // 16 groups of lines, 15 empty lines between them
+    EXPECT_EQ(lignes.front(), ".PARA\\PXLN parameters");
+    EXPECT_EQ(lignes.at(1), "");
+    EXPECT_EQ(lignes.back().substr(0, 29), std::string(20, ' ') + "**EMISSIO");
+    // The first zone of the run, 80 % of the line, in the value column.
+    const auto j = nlohmann::json::parse(Lancer("calc " + exemple).sortie);
+    EXPECT_EQ(j.at("XPct")[0].get<double>(), 80.0);
+    const std::string x1 = std::string(20, ' ') + "**X1" + std::string(36, ' ') + "80.\\     in %";
+    EXPECT_NE(std::find(lignes.begin(), lignes.end(), x1), lignes.end());
+    const std::string rmoc = std::string(20, ' ') + "**RMOC" + std::string(34, ' ') +
+                             std::to_string(j.at("Rmoc_BT").get<int>()) + "\\    in Ω/b.";
+    EXPECT_NE(std::find(lignes.begin(), lignes.end(), rmoc), lignes.end());
+
+    const fs::path fichier = fs::temp_directory_path() / "tournesol-cli-listing.txt";
+    ASSERT_EQ(Lancer("listing " + exemple + " -o " + fichier.string()).code, 0);
+    std::ifstream f(fichier);
+    const std::string ecrit((std::istreambuf_iterator<char>(f)), {});
+    EXPECT_EQ(ecrit, r.sortie);
+
+    const Resultat pd3a =
+        Lancer("listing " + std::string(TOURNESOL_EXEMPLES) + "/champagnier-grande-ile-225kV.json");
+    EXPECT_EQ(pd3a.code, 2);
+    EXPECT_TRUE(pd3a.sortie.empty());
+    EXPECT_NE(pd3a.erreurs.find("is not a PXLN"), std::string::npos) << pd3a.erreurs;
 }

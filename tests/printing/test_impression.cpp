@@ -140,7 +140,8 @@ TEST(Impression, ZeroCopieEnImprimeUneEtChaqueCopieEstEntiere) {
     x.Imprimer();
     EXPECT_EQ(x.e.ImpCopies, 1);
     ASSERT_EQ(x.page.Imprimes.size(), 1u);
-    EXPECT_EQ(x.page.Imprimes[0].size(), 2u); // the drawing with the diagnostics, the line
+    // The drawing with the diagnostics, the line with the settings, the PXLN's listing on two.
+    EXPECT_EQ(x.page.Imprimes[0].size(), 4u);
     EXPECT_EQ(x.page.HorsPage, 0);
     EXPECT_FALSE(x.e.ProgressionActive);
 
@@ -148,7 +149,7 @@ TEST(Impression, ZeroCopieEnImprimeUneEtChaqueCopieEstEntiere) {
     deux.e.ImpCopies = 2;
     deux.Imprimer();
     ASSERT_EQ(deux.page.Imprimes.size(), 2u);
-    for (std::size_t p = 0; p < 2; ++p)
+    for (std::size_t p = 0; p < 4; ++p)
         EXPECT_EQ(PageEnregistree::Lignes(deux.page.Imprimes[1].at(p)),
                   PageEnregistree::Lignes(x.page.Imprimes[0][p]));
 }

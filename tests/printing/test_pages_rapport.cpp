@@ -43,7 +43,11 @@ std::vector<std::string> Depuis(const PageImprimee& page, const std::string& deb
 std::vector<std::string> PageLigne(Etude& e) {
     e.ImpParties = {false, true, false};
     const DocumentImprime doc = Rapport(e);
-    return doc.empty() ? std::vector<std::string>{} : Depuis(doc[0], "Line characteristics");
+    if (doc.empty()) return {};
+    // The relay's settings follow the line on its page.
+    std::vector<std::string> lignes = Depuis(doc[0], "Line characteristics");
+    lignes.erase(std::find(lignes.begin(), lignes.end(), "settings"), lignes.end());
+    return lignes;
 }
 
 } // namespace
@@ -52,7 +56,7 @@ TEST(PagesRapport, TeteDePage) {
     Etude e;
     RemplirEtudeImprimee(e);
     const DocumentImprime doc = Rapport(e);
-    ASSERT_EQ(doc.size(), 2u);
+    ASSERT_EQ(doc.size(), 4u); // the PXLN's listing on pages 3 and 4
     for (const PageImprimee& page : doc) {
         const auto lignes = PageEnregistree::Lignes(page);
         EXPECT_EQ(lignes.at(0), "TOURNESOL");
@@ -184,13 +188,13 @@ TEST(PagesRapport, AucuneDiscordance) {
     e.DiagDrapeaux[49] = true;
     EXPECT_EQ(Depuis(Rapport(e).at(0), "Diagnostics"),
               (std::vector<std::string>{"Diagnostics", "No discordance with the setting guide."}));
-    // The PXLN has no panel yet: its settings were never computed, and the report says so
+    // The REL 100 has no panel yet: its settings were never computed, and the report says so
     // instead of a verdict.
-    e.id_protection = 7;
+    e.id_protection = 9;
     EXPECT_EQ(
         Depuis(Rapport(e).at(0), "Diagnostics"),
         (std::vector<std::string>{
-            "Diagnostics", "Settings of the PXLN not computed (no panel for this relay yet)."}));
+            "Diagnostics", "Settings of the REL 100 not computed (no panel for this relay yet)."}));
 }
 
 TEST(PagesRapport, DiagnosticsDesReglesPosees) {

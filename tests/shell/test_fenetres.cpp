@@ -141,8 +141,10 @@ TEST(Demarre, BoucleEtOptionsDeReport) {
         EXPECT_EQ(e.It, 1900.0);
         EXPECT_TRUE(w.Trouver("chkmaximal")->Valeur);
         EXPECT_GT(w.Version(), version); // redrawn
+        // The plane fitted to the relay's zones, then zoomed in twice.
+        const float largeur = e.ScaleWidth;
         w.Cliquer("mnuZoomIn");
-        EXPECT_EQ(e.ScaleWidth, 20.0f);
+        EXPECT_FLOAT_EQ(e.ScaleWidth, largeur / 2.0f);
         w.Cliquer("mnuChangerPoste");
         EXPECT_EQ(e.sTitre, "TOURNESOL : Change...");
     });

@@ -40,10 +40,9 @@ namespace {
 constexpr double RACINE3 = 1.7320508075688772;
 constexpr double MARGE_TRANSIT = 0.9 / 1.1;
 
-// The whole part of a value that is whole up to the noise of binary arithmetic (10 x 1.7) is
-// that whole value, not the one below.
-int PartieEntiere(double x) {
-    return static_cast<int>(std::floor(Verifier(x) + 1e-9));
+// The whole part as a step number.
+int Entier(double x) {
+    return static_cast<int>(PartieEntiere(x));
 }
 
 // The first index from 1 whose step `atteint`; a search that runs off the table is error 9.
@@ -117,7 +116,7 @@ void ZoneArriere(Etude& e, RelaisPD3A& r) {
 }
 
 void ReglerResistance(Etude& e, RelaisPD3A& r, bool limiterRd) {
-    int rd = PartieEntiere(e.Is * e.R_BT / 5.0);
+    int rd = Entier(e.Is * e.R_BT / 5.0);
     if (limiterRd && rd > 11) rd = 11;
     r.Rd = static_cast<Entier16>(rd);
     e.Rreg_BT = static_cast<float>(Div(5.0, e.Is) * r.Rd);
@@ -257,18 +256,18 @@ void TemporisationsPD3A(Etude& e) {
 
 void AngleSaisiPD3A(Etude& e) {
     RelaisPD3A& r = e.PD3A;
-    r.PosTeta = static_cast<Entier16>(PartieEntiere((e.teta - 40.0) / 5.0));
+    r.PosTeta = static_cast<Entier16>(Entier((e.teta - 40.0) / 5.0));
     e.teta = static_cast<float>(5 * r.PosTeta + 40);
 }
 
 void CalculReglagesPD3A(Etude& e) {
     RelaisPD3A& r = e.PD3A;
     if (e.PanneauRelais)
-        r.PosTeta = static_cast<Entier16>(PartieEntiere((RadToDeg(e.PHI_eq) - 37.5) / 5.0));
+        r.PosTeta = static_cast<Entier16>(Entier((RadToDeg(e.PHI_eq) - 37.5) / 5.0));
     e.teta = static_cast<float>(40 + 5 * r.PosTeta);
-    if (e.PanneauRelais) e.ko_reg = 0.1 * PartieEntiere(10.0 * e.ko_eq + 0.5);
-    e.Ko2 = 10.0 * PartieEntiere(e.ko_reg + 1.0);
-    e.Ko1 = PartieEntiere(10.0 * (e.ko_reg + 1.0) - e.Ko2);
+    if (e.PanneauRelais) e.ko_reg = 0.1 * Entier(10.0 * e.ko_eq + 0.5);
+    e.Ko2 = 10.0 * Entier(e.ko_reg + 1.0);
+    e.Ko1 = Entier(10.0 * (e.ko_reg + 1.0) - e.Ko2);
     TemporisationT1PD3A(e);
     TemporisationsPD3A(e);
 }

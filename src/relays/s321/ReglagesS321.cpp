@@ -36,6 +36,9 @@ template <class V> void ListeS321(Etude& e, V&& valeur) {
     for (Entier16* t : {&r.Z2GD, &r.Z3GD, &r.Z4GD, &r.Z2PD, &r.Z3PD, &r.Z4PD})
         valeur(*t);
     valeur(e.Is);
+    // The out-of-step timers, so that they open again as they were saved.
+    valeur(r.OSBD);
+    valeur(r.UBD);
 }
 
 void EcrireListeS321(Etude& e, MagasinReglages& m) {

@@ -54,7 +54,7 @@ struct Cadre {
 // its twin on one row.
 class Disposition {
 public:
-    explicit Disposition(PanneauProtection& p) : p_(p) {
+    explicit Disposition(PanneauTable& p) : p_(p) {
         for (const Champ& c : p_.Champs())
             if (const DescriptionChamp* d = p_.Description(c.Nom); d && !d->Jumeau.empty()) {
                 if (!p_.Trouver(d->Jumeau)) continue;
@@ -139,14 +139,14 @@ private:
         return cadres.back();
     }
 
-    PanneauProtection& p_;
+    PanneauTable& p_;
     std::map<std::string, std::string> jumeaux_;
     std::set<std::string> places_;
 };
 
 } // namespace
 
-FenetreRelais::FenetreRelais(PanneauProtection& modele, QWidget* parent)
+FenetreRelais::FenetreRelais(PanneauTable& modele, QWidget* parent)
     : FenetrePanneau(modele, parent), relais_(modele) {
     const Disposition disposition(modele);
     auto* pile = new QVBoxLayout(this);
@@ -257,7 +257,9 @@ void FenetreRelais::ChangerOnglet(int i) {
 }
 
 void FenetreRelais::Raccourci(int touche, bool alt) {
-    relais_.Raccourci(static_cast<char>('A' + (touche - Qt::Key_A)), alt);
+    // A dialog of sheets has no shortcuts of its own.
+    if (auto* relais = dynamic_cast<PanneauProtection*>(&relais_))
+        relais->Raccourci(static_cast<char>('A' + (touche - Qt::Key_A)), alt);
     lieur_->Rafraichir();
     Apres();
 }
@@ -317,7 +319,7 @@ void FenetreRelais::ApresHandler() {
 
 void InscrireFenetreRelais(DialogueQt& dialogue) {
     dialogue.InscrireGenre([](Panneau& p, DialogueQt&) -> std::unique_ptr<FenetrePanneau> {
-        auto* relais = dynamic_cast<PanneauProtection*>(&p);
+        auto* relais = dynamic_cast<PanneauTable*>(&p);
         if (!relais) return nullptr;
         return std::make_unique<FenetreRelais>(*relais, QApplication::activeWindow());
     });

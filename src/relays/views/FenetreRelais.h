@@ -3,7 +3,8 @@
 // left, the primary ohms of the same value (its twin) on the right, each followed by its unit,
 // under the headers "secondary" and "primary" where the frame has both. Desired values are
 // typed in, set values only shown, as the model says. Changing the tab asks the model, which
-// may refuse; letters typed with Alt down and Enter go to the model.
+// may refuse; letters typed with Alt down and Enter go to the model. A dialog of a relay's own
+// sheets (a PanneauFeuilles) opens in the same window, its commands under the sheets.
 #pragma once
 
 #include "core/views/FenetrePanneau.h"
@@ -15,13 +16,13 @@ class QTabWidget;
 
 namespace tournesol {
 
-class PanneauProtection;
+class PanneauTable;
 class DialogueQt;
 
 class FenetreRelais : public FenetrePanneau {
     Q_OBJECT
 public:
-    explicit FenetreRelais(PanneauProtection& modele, QWidget* parent = nullptr);
+    explicit FenetreRelais(PanneauTable& modele, QWidget* parent = nullptr);
 
 protected:
     void ApresHandler() override;
@@ -39,14 +40,15 @@ private:
         std::vector<std::pair<QWidget*, QLabel*>> champs;
     };
 
-    PanneauProtection& relais_;
+    PanneauTable& relais_;
     QTabWidget* onglets_ = nullptr;
     std::vector<LigneCadre> lignes_;
     std::vector<QLabel*> textes_; // the texts across a frame, wrapped
     bool synchro_ = false;        // the tab is being set from the model
 };
 
-// Every relay panel (a PanneauProtection) shown by the dialogue opens in a FenetreRelais.
+// Every relay panel (a PanneauProtection) and every dialog of a relay's sheets (a
+// PanneauFeuilles) shown by the dialogue opens in a FenetreRelais.
 void InscrireFenetreRelais(DialogueQt& dialogue);
 
 } // namespace tournesol
