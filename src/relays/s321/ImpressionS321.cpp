@@ -27,6 +27,16 @@ struct Feuille {
     ContexteImpression& c;
     Redacteur r;
 
+    // A caption longer than its column goes on over the next line, at a blank, where the row's
+    // values stand: the captions keep their words and the columns their place.
+    std::string Libelle(const std::string& libelle) {
+        constexpr std::size_t LARGEUR = 36;
+        if (libelle.size() <= LARGEUR) return libelle;
+        const std::size_t blanc = libelle.rfind(' ', LARGEUR);
+        if (blanc == std::string::npos) return libelle;
+        r.Ligne(libelle.substr(0, blanc));
+        return "   " + libelle.substr(blanc + 1);
+    }
     void Titre(const std::string& titre) {
         c.page.ChoisirGras(true);
         r.Ligne(titre);
@@ -37,7 +47,7 @@ struct Feuille {
     }
     // An impedance kept in primary ohms: secondary per phase and primary.
     void Impedance(const std::string& libelle, const std::string& nom, double primaire) {
-        r.Ligne({{0, libelle},
+        r.Ligne({{0, Libelle(libelle)},
                  {COLONNE_NOM, nom},
                  {COLONNE_SECONDAIRE, Ohms(primaire / c.e.Kz) + "/ph"},
                  {COLONNE_PRIMAIRE, Ohms(primaire)}});
@@ -45,20 +55,20 @@ struct Feuille {
     // A current in secondary amperes and its primary image.
     void Courant(const std::string& libelle, const std::string& nom, double secondaire) {
         const double primaire = secondaire * c.e.Ligne_Ip / c.e.Is;
-        r.Ligne({{0, libelle},
+        r.Ligne({{0, Libelle(libelle)},
                  {COLONNE_NOM, nom},
                  {COLONNE_SECONDAIRE, FormaterNombre(secondaire, "###0.0") + " A"},
                  {COLONNE_PRIMAIRE, FormaterNombre(primaire, "###0") + " A"}});
     }
     void Tempo(const std::string& libelle, const std::string& nom, int ms) {
-        r.Ligne({{0, libelle},
+        r.Ligne({{0, Libelle(libelle)},
                  {COLONNE_NOM, nom},
                  {COLONNE_SECONDAIRE, FormaterNombre(ms / 20, "###0") + " cycles"},
                  {COLONNE_PRIMAIRE, FormaterNombre(ms, "###0") + " ms"}});
     }
     void Nombre(const std::string& libelle, const std::string& nom, double v, const char* format,
                 const std::string& unite = {}) {
-        r.Ligne({{0, libelle},
+        r.Ligne({{0, Libelle(libelle)},
                  {COLONNE_NOM, nom},
                  {COLONNE_SECONDAIRE, FormaterNombre(v, format) + unite}});
     }

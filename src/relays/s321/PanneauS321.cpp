@@ -4,6 +4,7 @@
 #include "core/Etude.h"
 #include "relays/s321/CalculS321.h"
 
+#include <algorithm>
 #include <array>
 
 namespace tournesol {
@@ -28,11 +29,12 @@ template <class T> Variable S321(T RelaisS321::*membre) {
 void Impedance(std::vector<DescriptionChamp>& t, const std::string& groupe, std::string bt,
                std::string ht, const char* legende, double RelaisS321::*membre,
                bool saisie = true) {
+    // A setting of the relay itself, typed as it will be set: no desired value beside it.
     t.push_back({.Nom = bt,
                  .Legende = legende,
                  .Format = "##0.00",
                  .Colonne = ColonneOhms::Secondaire,
-                 .Nature = NatureValeur::Reglee,
+                 .Nature = saisie ? NatureValeur::Autre : NatureValeur::Reglee,
                  .Groupe = groupe,
                  .Saisie = saisie,
                  .Valeur = ParKz(S321(membre)),
@@ -262,7 +264,12 @@ PanneauS321::PanneauS321(Etude& e, Dialogue& d) : PanneauProtection(e, d, ID_S32
 }
 
 CadrePlan PanneauS321::CadreDuPlan() {
-    return CadrePlan::HautBas(1.2 * e_.S321.Z4MG, -1.2 * e_.S321.Z3MG);
+    // Every figure drawn, forward and backward: on a meshed line the forward zone Z4MG alone
+    // sits at the bottom of its range.
+    const RelaisS321& r = e_.S321;
+    const double haut = std::max({r.Z1MG, r.Z2MG, r.Z4MG, r.XG4, r.AvecPompage ? r.X1T6 : 0.0});
+    const double bas = std::max({r.Z3MG, r.XG3, r.AvecPompage ? r.X1B6 : 0.0});
+    return CadrePlan::HautBas(1.2 * haut, -1.2 * bas);
 }
 
 void PanneauS321::LireOptions() {
