@@ -91,4 +91,47 @@ double ArrondirAuPas(const DescriptionChamp& d, double valeur) {
     return d.Format.empty() ? arrondi : ArrondirSelonFormat(arrondi, d.Format);
 }
 
+std::string GroupeFeuille(std::string_view feuille, std::string_view cadre) {
+    std::string g(feuille);
+    g += '/';
+    g += cadre;
+    return g;
+}
+
+DescriptionChamp ChampValeur(std::string nom, std::string legende, std::string format,
+                             std::string groupe, Variable v, bool saisie, std::string unite) {
+    return {.Nom = std::move(nom),
+            .Legende = std::move(legende),
+            .Unite = std::move(unite),
+            .Format = std::move(format),
+            .Groupe = std::move(groupe),
+            .Saisie = saisie,
+            .Valeur = std::move(v)};
+}
+
+DescriptionChamp ChampOption(std::string nom, std::string legende, std::string groupe, Variable v,
+                             double valeur) {
+    return {.Nom = std::move(nom),
+            .Legende = std::move(legende),
+            .Groupe = std::move(groupe),
+            .Genre = GenreChamp::Option,
+            .Valeur = std::move(v),
+            .ValeurOption = valeur};
+}
+
+DescriptionChamp ChampCase(std::string nom, std::string legende, std::string groupe, Variable v) {
+    return {.Nom = std::move(nom),
+            .Legende = std::move(legende),
+            .Groupe = std::move(groupe),
+            .Genre = GenreChamp::Case,
+            .Valeur = std::move(v)};
+}
+
+DescriptionChamp ChampEtiquette(std::string nom, std::string texte, std::string groupe) {
+    return {.Nom = std::move(nom),
+            .Legende = std::move(texte),
+            .Groupe = std::move(groupe),
+            .Genre = GenreChamp::Etiquette};
+}
+
 } // namespace tournesol

@@ -148,6 +148,20 @@ struct DescriptionChamp {
     std::string Aide{};                        // the hint shown where the pointer rests
 };
 
+// The frame of a field: "sheet title/frame title".
+std::string GroupeFeuille(std::string_view feuille, std::string_view cadre);
+
+// Rows of the usual kinds. A number shown through its format (typed when `saisie`); an option of
+// a frame that puts `valeur` into the frame's variable; a check box on a Boolean; a text across
+// its frame.
+DescriptionChamp ChampValeur(std::string nom, std::string legende, std::string format,
+                             std::string groupe, Variable v, bool saisie = false,
+                             std::string unite = {});
+DescriptionChamp ChampOption(std::string nom, std::string legende, std::string groupe, Variable v,
+                             double valeur);
+DescriptionChamp ChampCase(std::string nom, std::string legende, std::string groupe, Variable v);
+DescriptionChamp ChampEtiquette(std::string nom, std::string texte, std::string groupe);
+
 // The table of a relay's fields, made once for the program (a relay keeps it in a static) and
 // shared by every panel of that relay: the rows in their order, each with its caption as the
 // panel shows it, and an index by name.

@@ -25,51 +25,17 @@ constexpr const char* TXT_DELTAR = "txt_deltar";
 constexpr const char* LBL_REMARQUE = "lblRemarque";
 constexpr const char* TXT_INERR = "txtInerr";
 
-std::string Groupe(const char* onglet, const char* cadre) {
-    return std::string(onglet) + "/" + cadre;
-}
-
 template <class T> Variable Pxln(T RelaisPXLN::*membre) {
     return Lien(&Etude::PXLN, membre);
 }
 
-DescriptionChamp Case(std::string nom, std::string legende, std::string groupe, Variable v) {
-    return {.Nom = std::move(nom),
-            .Legende = std::move(legende),
-            .Groupe = std::move(groupe),
-            .Genre = GenreChamp::Case,
-            .Valeur = std::move(v)};
-}
-
-// An option of a frame that puts its value into the frame's variable.
-DescriptionChamp Option(std::string nom, std::string legende, std::string groupe, Variable v,
-                        double valeur) {
-    return {.Nom = std::move(nom),
-            .Legende = std::move(legende),
-            .Groupe = std::move(groupe),
-            .Genre = GenreChamp::Option,
-            .Valeur = std::move(v),
-            .ValeurOption = valeur};
-}
-
 DescriptionChamp Saisie(std::string nom, std::string legende, std::string unite, std::string format,
                         std::string groupe, Variable v, double min, double max) {
-    return {.Nom = std::move(nom),
-            .Legende = std::move(legende),
-            .Unite = std::move(unite),
-            .Format = std::move(format),
-            .Min = min,
-            .Max = max,
-            .Groupe = std::move(groupe),
-            .Saisie = true,
-            .Valeur = std::move(v)};
-}
-
-DescriptionChamp Etiquette(std::string nom, std::string texte, std::string groupe) {
-    return {.Nom = std::move(nom),
-            .Legende = std::move(texte),
-            .Groupe = std::move(groupe),
-            .Genre = GenreChamp::Etiquette};
+    DescriptionChamp d = ChampValeur(std::move(nom), std::move(legende), std::move(format),
+                                     std::move(groupe), std::move(v), true, std::move(unite));
+    d.Min = min;
+    d.Max = max;
+    return d;
 }
 
 // The signalling options: the acceleration is the reduced reach, the blocking its negation.
@@ -107,7 +73,7 @@ const std::array<Resistance, 4> RESISTANCES{{
 constexpr std::array<const char*, 5> ZONES_X{"txtX(0)", "txtX(1)", "txtX(2)", "txtX(3)", "txtX(4)"};
 
 std::vector<DescriptionChamp> ChampsPompage() {
-    const std::string bande = Groupe(POMPAGE, "Out of step band");
+    const std::string bande = GroupeFeuille(POMPAGE, "Out of step band");
     DescriptionChamp deltar =
         Saisie(TXT_DELTAR, "deltaR", "", "#0.0#", bande, Pxln(&RelaisPXLN::deltaR_BT), 0.2, 25.0);
     deltar.Colonne = ColonneOhms::Secondaire;
@@ -121,39 +87,41 @@ std::vector<DescriptionChamp> ChampsPompage() {
          .Groupe = bande,
          .Valeur = Pxln(&RelaisPXLN::deltaR_HT)},
         Saisie("Txtdeltaf", "slip", "Hz", "#0.0#", bande, Pxln(&RelaisPXLN::deltaF), 0.0, 10.0),
-        Etiquette(LBL_REMARQUE, PanneauPXLN::REMARQUE_DELTAR, bande),
+        ChampEtiquette(LBL_REMARQUE, PanneauPXLN::REMARQUE_DELTAR, bande),
     };
-    const std::string bloquees = Groupe(POMPAGE, "Blocked zones");
+    const std::string bloquees = GroupeFeuille(POMPAGE, "Blocked zones");
     const Variable zones = Pxln(&RelaisPXLN::ZonesBloquees);
-    t.push_back(Option("chk_Aucune", "None", bloquees, zones, 0.0));
-    t.push_back(Option("chk_Zone1", "Zones 2,3,4,5", bloquees, zones, 1.0));
-    t.push_back(Option("chk_zone2", "Zones 3,4,5", bloquees, zones, 2.0));
-    t.push_back(Option("chk_Zone3", "Zones 4,5", bloquees, zones, 3.0));
-    t.push_back(Option("chk_MiseEnRoute", "Pick up", bloquees, zones, 4.0));
-    const std::string suppression = Groupe(POMPAGE, "Blocking suppression");
-    t.push_back(
-        Case("chk_Ip", "Blocking suppresion by I phase", suppression, Pxln(&RelaisPXLN::OptIp)));
+    t.push_back(ChampOption("chk_Aucune", "None", bloquees, zones, 0.0));
+    t.push_back(ChampOption("chk_Zone1", "Zones 2,3,4,5", bloquees, zones, 1.0));
+    t.push_back(ChampOption("chk_zone2", "Zones 3,4,5", bloquees, zones, 2.0));
+    t.push_back(ChampOption("chk_Zone3", "Zones 4,5", bloquees, zones, 3.0));
+    t.push_back(ChampOption("chk_MiseEnRoute", "Pick up", bloquees, zones, 4.0));
+    const std::string suppression = GroupeFeuille(POMPAGE, "Blocking suppression");
+    t.push_back(ChampCase("chk_Ip", "Blocking suppresion by I phase", suppression,
+                          Pxln(&RelaisPXLN::OptIp)));
     t.push_back(Saisie("txt_Ip", "", "% In (10 to 50 %)", "#0", suppression,
                        Pxln(&RelaisPXLN::Ip_pct), 10.0, 50.0));
-    t.push_back(Case("chk_Ii", "Blocking suppresion by Ii", suppression, Pxln(&RelaisPXLN::OptIi)));
+    t.push_back(
+        ChampCase("chk_Ii", "Blocking suppresion by Ii", suppression, Pxln(&RelaisPXLN::OptIi)));
     t.push_back(Saisie("txt_Ii", "", "% In (10 to 50 %)", "#0", suppression,
                        Pxln(&RelaisPXLN::Ii_pct), 10.0, 50.0));
-    t.push_back(Case("chk_Io", "Blocking suppresion by Io", suppression, Pxln(&RelaisPXLN::OptIo)));
+    t.push_back(
+        ChampCase("chk_Io", "Blocking suppresion by Io", suppression, Pxln(&RelaisPXLN::OptIo)));
     t.push_back(Saisie("txt_Io", "", "% In (1 to 10 %)", "#0", suppression,
                        Pxln(&RelaisPXLN::Io_pct), 1.0, 10.0));
     t.push_back(Saisie("txt_tempo", "Blocking suppression timer", "ms  (0 to 30 000)", "####0",
                        suppression, Pxln(&RelaisPXLN::TempoBlocage), 0.0, 30000.0));
-    t.push_back(Case("chkEmission", "Signal emission Blocking", suppression,
-                     Pxln(&RelaisPXLN::VerrEmission)));
-    t.push_back(Case("chkRéception", "Signal reception blocking", suppression,
-                     Pxln(&RelaisPXLN::VerrReception)));
+    t.push_back(ChampCase("chkEmission", "Signal emission Blocking", suppression,
+                          Pxln(&RelaisPXLN::VerrEmission)));
+    t.push_back(ChampCase("chkRéception", "Signal reception blocking", suppression,
+                          Pxln(&RelaisPXLN::VerrReception)));
     return t;
 }
 
 std::vector<DescriptionChamp> ChampsResistances() {
     std::vector<DescriptionChamp> t;
     for (const Resistance& r : RESISTANCES) {
-        const std::string cadre = Groupe(RESISTANCE, r.cadre);
+        const std::string cadre = GroupeFeuille(RESISTANCE, r.cadre);
         DescriptionChamp bt = Saisie(r.bt, r.legende, "", "##0", cadre, Pxln(r.vBT), 0.0, 200.0);
         bt.Colonne = ColonneOhms::Secondaire;
         bt.Jumeau = r.ht;
@@ -164,7 +132,7 @@ std::vector<DescriptionChamp> ChampsResistances() {
                      .Colonne = ColonneOhms::Primaire,
                      .Groupe = cadre,
                      .Valeur = Pxln(r.vHT)});
-        t.push_back(Etiquette(r.etiquette, "", cadre));
+        t.push_back(ChampEtiquette(r.etiquette, "", cadre));
     }
     return t;
 }
@@ -174,7 +142,7 @@ std::vector<DescriptionChamp> ChampsZones() {
                                                      "Limit of forward pick up",
                                                      "Limit of backward pick up"};
     static const std::array<double, 5> maxima{200.0, 500.0, 1000.0, 1000.0, 200.0};
-    const std::string cadre = Groupe(ZONES, "Reactances in % of the line reactance");
+    const std::string cadre = GroupeFeuille(ZONES, "Reactances in % of the line reactance");
     std::vector<DescriptionChamp> t;
     for (std::size_t i = 0; i < 5; ++i)
         t.push_back(Saisie(ZONES_X[i], legendes[i], "%", "##0.##", cadre,
@@ -188,47 +156,48 @@ std::vector<DescriptionChamp> ChampsZones() {
 }
 
 std::vector<DescriptionChamp> ChampsTempos() {
-    const std::string cadre = Groupe(TEMPOS, "Step timers");
+    const std::string cadre = GroupeFeuille(TEMPOS, "Step timers");
     std::vector<DescriptionChamp> t{
         Saisie("txtT1", "First step timer", "ms", "###0", cadre, Lien(&Etude::T1), 0.0, 10000.0),
         Saisie("txtT2", "Second step timer", "ms", "###0", cadre, Lien(&Etude::T2), 0.0, 10000.0),
         Saisie("txtT3", "Third step timer", "ms", "###0", cadre, Lien(&Etude::T3), 0.0, 10000.0),
         Saisie("txtT4", "fourth step timer", "ms", "###0", cadre, Lien(&Etude::T4), 0.0, 10000.0),
-        Etiquette("lblTempoMax", "(Value maxi. 10000 ms)", cadre),
+        ChampEtiquette("lblTempoMax", "(Value maxi. 10000 ms)", cadre),
     };
-    const std::string ligne = Groupe(TEMPOS, "Double circuit two ended line ");
+    const std::string ligne = GroupeFeuille(TEMPOS, "Double circuit two ended line ");
     t.push_back(Saisie("txtTd", "Hilt for inversion of direction", "ms", "###0", ligne,
                        Pxln(&RelaisPXLN::Td), 0.0, 1000.0));
-    t.push_back(Option("chkmaître", "Master", ligne, Pxln(&RelaisPXLN::Maitre), 1.0));
-    t.push_back(Option("chkEsclave", "slave", ligne, Pxln(&RelaisPXLN::Maitre), 0.0));
+    t.push_back(ChampOption("chkmaître", "Master", ligne, Pxln(&RelaisPXLN::Maitre), 1.0));
+    t.push_back(ChampOption("chkEsclave", "slave", ligne, Pxln(&RelaisPXLN::Maitre), 0.0));
     return t;
 }
 
 std::vector<DescriptionChamp> ChampsSignal() {
-    std::vector<DescriptionChamp> t =
-        ChampsTeleaction(Groupe(SIGNAL, "Signalling scheme"), "Presence of signalling scheme",
-                         "Acceleration", "Blocking overreach", SignalisationPXLN());
-    t.push_back(Case("chkDéclenchementRapide",
-                     "Quick tripping on multiphase fault in the second zone and loss of carrier",
-                     Groupe(SIGNAL, "Signalling scheme"), Pxln(&RelaisPXLN::DeclRapide)));
-    const std::string signal = Groupe(SIGNAL, "Signal");
-    t.push_back(Option("chkSignal1", "Signal elaborated by the first zone", signal,
-                       Pxln(&RelaisPXLN::Signal), 1.0));
-    t.push_back(Option("chkSignal2", "Signal elaborated by the second zone", signal,
-                       Pxln(&RelaisPXLN::Signal), 2.0));
+    std::vector<DescriptionChamp> t = ChampsTeleaction(
+        GroupeFeuille(SIGNAL, "Signalling scheme"), "Presence of signalling scheme", "Acceleration",
+        "Blocking overreach", SignalisationPXLN());
+    t.push_back(
+        ChampCase("chkDéclenchementRapide",
+                  "Quick tripping on multiphase fault in the second zone and loss of carrier",
+                  GroupeFeuille(SIGNAL, "Signalling scheme"), Pxln(&RelaisPXLN::DeclRapide)));
+    const std::string signal = GroupeFeuille(SIGNAL, "Signal");
+    t.push_back(ChampOption("chkSignal1", "Signal elaborated by the first zone", signal,
+                            Pxln(&RelaisPXLN::Signal), 1.0));
+    t.push_back(ChampOption("chkSignal2", "Signal elaborated by the second zone", signal,
+                            Pxln(&RelaisPXLN::Signal), 2.0));
     return t;
 }
 
 std::vector<DescriptionChamp> ChampsTypes() {
-    const std::string decl = Groupe(TYPES, "Tripping");
-    const std::string reducteur = Groupe(TYPES, "Type of reducer");
+    const std::string decl = GroupeFeuille(TYPES, "Tripping");
+    const std::string reducteur = GroupeFeuille(TYPES, "Type of reducer");
     const Variable type = Pxln(&RelaisPXLN::TypeDecl);
     return {
-        Option("chkMono12", "Single phase tripping  on zone 1", decl, type, 1.0),
-        Option("chkMonoTout", "Single phase tripping on every zone", decl, type, 2.0),
-        Option("chkPasMono", "No single phase tripping", decl, type, 3.0),
-        Option("chkCapacitif", "Capacitive", reducteur, Pxln(&RelaisPXLN::Capacitif), 1.0),
-        Option("chkInductif", "Inductive", reducteur, Pxln(&RelaisPXLN::Capacitif), 0.0),
+        ChampOption("chkMono12", "Single phase tripping  on zone 1", decl, type, 1.0),
+        ChampOption("chkMonoTout", "Single phase tripping on every zone", decl, type, 2.0),
+        ChampOption("chkPasMono", "No single phase tripping", decl, type, 3.0),
+        ChampOption("chkCapacitif", "Capacitive", reducteur, Pxln(&RelaisPXLN::Capacitif), 1.0),
+        ChampOption("chkInductif", "Inductive", reducteur, Pxln(&RelaisPXLN::Capacitif), 0.0),
     };
 }
 
@@ -239,7 +208,7 @@ const TableChamps& ChampsPXLN() {
                               ChampsSignal(), ChampsTypes()})
             t.insert(t.end(), partie.begin(), partie.end());
         // Under the sheets: the rated current's error and the parameter sheet's command.
-        t.push_back(Etiquette(TXT_INERR, ERREUR_IN_PXLN, ""));
+        t.push_back(ChampEtiquette(TXT_INERR, ERREUR_IN_PXLN, ""));
         t.push_back({.Nom = PanneauPXLN::BOUTON_PARAMETRES,
                      .Legende = "&Parameters...",
                      .Genre = GenreChamp::Bouton});

@@ -93,10 +93,6 @@ double ParKm(const Etude& e, double ohms) {
     return d == 0.0 ? 0.0 : 1000.0 * ohms / d;
 }
 
-std::string Groupe(const char* onglet, const char* cadre) {
-    return std::string(onglet) + "/" + cadre;
-}
-
 constexpr const char* SIGNAL = "Signal";
 constexpr const char* ZONES = "Zones";
 constexpr const char* LIGNE = "Line";
@@ -192,7 +188,7 @@ std::string CommentaireDeclenchement(const Etude& e) {
 // An option of the panel with its percentage: the option as "yes" or "No", the percentage.
 void Suppression(std::vector<DescriptionChamp>& t, const char* nom, const char* legende,
                  const char* unite, Booleen RelaisPXLN::*option, double RelaisPXLN::*pct) {
-    const std::string groupe = Groupe(POMPAGE, "Fault current percentage threshold");
+    const std::string groupe = GroupeFeuille(POMPAGE, "Fault current percentage threshold");
     t.push_back(Affiche(nom, legende, "", ";yes;No", groupe,
                         Vue([option](const Etude& e) { return EnEntier(e.PXLN.*option); })));
     t.push_back(Affiche(std::string(nom) + "_comm", "", unite, "#0", groupe,
@@ -202,14 +198,14 @@ void Suppression(std::vector<DescriptionChamp>& t, const char* nom, const char* 
 std::vector<DescriptionChamp> Feuilles() {
     std::vector<DescriptionChamp> t;
     // Signal.
-    const std::string schema = Groupe(SIGNAL, "Signalling scheme");
+    const std::string schema = GroupeFeuille(SIGNAL, "Signalling scheme");
     t.push_back(AfficheTexte("Type_téléaction", "Signalling scheme", schema,
                              VueTexte(&CodeTeleactionPXLN)));
     t.push_back(
         Commentaire("Type_téléaction_commentaire", schema, VueTexte(&CommentaireTeleaction)));
     t.push_back(Liste("HF", "Carrier", schema, P_HF));
     t.push_back(Liste("EMISSIO_WI", "Signal emission", schema, P_EMISSIO_WI));
-    const std::string wi = Groupe(SIGNAL, "Weak Infeed and echo");
+    const std::string wi = GroupeFeuille(SIGNAL, "Weak Infeed and echo");
     t.push_back(Liste("Mode_WI", "Mode", wi, P_MODE_WI));
     t.push_back(Liste("confu", "Confirmation by current", wi, P_CONFU));
     t.push_back(Nombre("seuilCONFU", "Threshold", "In (values between 0.2 and 1)", "0.0#", wi,
@@ -222,7 +218,7 @@ std::vector<DescriptionChamp> Feuilles() {
                        P_TEMPVER, 0.0, 1000.0));
 
     // Zones.
-    const std::string zones = Groupe(ZONES, "Zone settings");
+    const std::string zones = GroupeFeuille(ZONES, "Zone settings");
     static const std::array<const char*, 5> reactances{
         "Réac_zone(0)", "Réac_zone(1)", "Réac_zone(2)", "Réac_zone(3)", "Réac_zone(4)"};
     static const std::array<const char*, 5> legendes{"First zone", "Second zone", "Third zone",
@@ -239,8 +235,8 @@ std::vector<DescriptionChamp> Feuilles() {
                                                          &Etude::T4};
     for (std::size_t i = 0; i < 4; ++i)
         t.push_back(Affiche(tempos[i], legendesT[i], "ms", "###0", zones, Lien(timers[i])));
-    const std::string classique = Groupe(ZONES, "Pick up resistance (classic criterion)");
-    const std::string rapide = Groupe(ZONES, "Pick up resistance (quick criterion)");
+    const std::string classique = GroupeFeuille(ZONES, "Pick up resistance (classic criterion)");
+    const std::string rapide = GroupeFeuille(ZONES, "Pick up resistance (quick criterion)");
     const char* unite = "S (values between 0 and 200)";
     t.push_back(Affiche("rmoc", "phase to earth loop", unite, "##0", classique,
                         Lien(&Etude::PXLN, &RelaisPXLN::Rmoc_BT)));
@@ -252,7 +248,7 @@ std::vector<DescriptionChamp> Feuilles() {
                         Lien(&Etude::PXLN, &RelaisPXLN::Rbir_BT)));
 
     // Line.
-    const std::string reseau = Groupe(LIGNE, "Network");
+    const std::string reseau = GroupeFeuille(LIGNE, "Network");
     t.push_back(Liste("Fréquence", "Frequency", reseau, P_FREQUENCE));
     t.push_back(Nombre("Tension", "Secondary rated voltage", "V (values between 40 and 120)", "##0",
                        reseau, P_TENSION, 40.0, 120.0));
@@ -260,7 +256,8 @@ std::vector<DescriptionChamp> Feuilles() {
         Affiche("Intensité", "Secondary rated current", "A", "#0", reseau, Lien(&Etude::Is)));
     t.push_back(
         Affiche("Longueur", "Line length", "km", "##0.0", reseau, Lien(&Etude::Longueur_eq)));
-    const std::string parKm = Groupe(LIGNE, "Positive sequence per unit secondary reactance");
+    const std::string parKm =
+        GroupeFeuille(LIGNE, "Positive sequence per unit secondary reactance");
     const char* uniteKm = "mΩ/ km (values between 0 et 9999.9)";
     t.push_back(Affiche("Résistance_homopolaire", "Zero sequence resistance", uniteKm, "###0.#",
                         parKm, Vue([](const Etude& e) { return ParKm(e, e.Ro_eq); })));
@@ -270,24 +267,24 @@ std::vector<DescriptionChamp> Feuilles() {
                         parKm, Vue([](const Etude& e) { return ParKm(e, e.Xo_eq); })));
     t.push_back(Affiche("Réactance_directe", "Positive sequence reactance", uniteKm, "###0.#",
                         parKm, Vue([](const Etude& e) { return ParKm(e, e.XL_eq); })));
-    const std::string dbl = Groupe(LIGNE, "Presence of double circuit line");
+    const std::string dbl = GroupeFeuille(LIGNE, "Presence of double circuit line");
     t.push_back(Commentaire("Ligne_double_commentaire", dbl, VueTexte(&LigneDouble)));
     t.push_back(Affiche("tempo", "Timer to maintain the direction backward",
                         "ms  (values lower than 1 000)", "###0", dbl,
                         Lien(&Etude::PXLN, &RelaisPXLN::Td)));
 
     // Out of step.
-    const std::string verr = Groupe(POMPAGE, "Type of blocking");
+    const std::string verr = GroupeFeuille(POMPAGE, "Type of blocking");
     t.push_back(Affiche("TypeVerr", "Type of blocking", "", "0", verr,
                         Vue([](const Etude& e) { return CodeVerrouillagePXLN(e); })));
     t.push_back(Commentaire("TypeVerr_commentaire", verr, VueTexte(&CommentaireVerrouillage)));
-    t.push_back(Commentaire("VerrEmission_commentaire", Groupe(POMPAGE, "Signal emission blocking"),
-                            VueTexte([](const Etude& e) -> std::string {
-                                return e.PXLN.VerrEmission ? "blocking of emission"
-                                                           : "No blocking of emission";
-                            })));
     t.push_back(Commentaire(
-        "VerrRéception_commentaire", Groupe(POMPAGE, "Signal reception blocking"),
+        "VerrEmission_commentaire", GroupeFeuille(POMPAGE, "Signal emission blocking"),
+        VueTexte([](const Etude& e) -> std::string {
+            return e.PXLN.VerrEmission ? "blocking of emission" : "No blocking of emission";
+        })));
+    t.push_back(Commentaire(
+        "VerrRéception_commentaire", GroupeFeuille(POMPAGE, "Signal reception blocking"),
         VueTexte([](const Etude& e) -> std::string {
             return e.PXLN.VerrReception ? "blocking of reception" : "No blocking of reception";
         })));
@@ -300,7 +297,7 @@ std::vector<DescriptionChamp> Feuilles() {
                 &RelaisPXLN::Ii_pct);
     Suppression(t, "SPIF", "Io", "% In (values between 1 and 10)", &RelaisPXLN::OptIo,
                 &RelaisPXLN::Io_pct);
-    const std::string bande = Groupe(POMPAGE, "Out of step bandwidth");
+    const std::string bande = GroupeFeuille(POMPAGE, "Out of step bandwidth");
     t.push_back(Affiche("BDPOMP", "Out of step bandwidth", "Ω S", "#0.##", bande,
                         Lien(&Etude::PXLN, &RelaisPXLN::deltaR_BT)));
     t.push_back(Affiche("TEMPO_pomp", "Blocking suppression timer",
@@ -308,21 +305,21 @@ std::vector<DescriptionChamp> Feuilles() {
                         Lien(&Etude::PXLN, &RelaisPXLN::TempoBlocage)));
 
     // Other parameters.
-    const std::string decl = Groupe(DIVERS, "Type of tripping");
+    const std::string decl = GroupeFeuille(DIVERS, "Type of tripping");
     t.push_back(AfficheTexte("TypeDecl_divers", "Type of tripping", decl,
                              VueTexte(&CodeDeclenchementPXLN)));
     t.push_back(Commentaire("TypeDecl_divers_comm", decl, VueTexte(&CommentaireDeclenchement)));
-    const std::string fusion = Groupe(DIVERS, "Fuse melting");
+    const std::string fusion = GroupeFeuille(DIVERS, "Fuse melting");
     t.push_back(Nombre("Tempo_FFUS", "Timer", "s (values between 1 and 20)", "#0.0#", fusion,
                        P_TEMPO_FFUS, 1.0, 20.0));
     t.push_back(Nombre("ISeuil", "Current threshold", "In (values between 0 and 10)", "0.0#",
                        fusion, P_ISEUIL, 0.0, 10.0));
-    const std::string sealin = Groupe(DIVERS, "Seal in");
+    const std::string sealin = GroupeFeuille(DIVERS, "Seal in");
     t.push_back(Liste("SEALIN", "Seal in", sealin, P_SEALIN));
     t.push_back(Nombre("SEALIN_seuil", "Threshold", "In (values between 0 and 10)", "0.0#", sealin,
                        P_SEALIN_SEUIL, 0.0, 10.0));
     t.push_back(Liste("VERRENC", "Blocking on closing", sealin, P_VERRENC));
-    const std::string enclen = Groupe(DIVERS, "Line enclosing");
+    const std::string enclen = GroupeFeuille(DIVERS, "Line enclosing");
     t.push_back(Nombre("Iseuil_divers", "Current threshold", "In (value between 1 and 10)", "0.0#",
                        enclen, P_ISEUIL_DIVERS, 1.0, 10.0));
     t.push_back(Liste("ENCMONO", "Single phase closing", enclen, P_ENCMONO));

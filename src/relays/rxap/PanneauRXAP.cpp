@@ -17,10 +17,6 @@ constexpr const char* CHOIX = "choice";
 constexpr const char* CADRE_CERCLE = "Setting parameters of the circle pick up";
 constexpr const char* CADRE_ELLIPSE = "setting parameters of the ellipse pick up";
 
-std::string Groupe(const char* onglet, const char* cadre) {
-    return std::string(onglet) + "/" + cadre;
-}
-
 template <class T> Variable Rxap(T RelaisRXAP::*membre) {
     return Lien(&Etude::RXAP, membre);
 }
@@ -29,35 +25,9 @@ template <class T> Variable Rxap(T RelaisRXAP::*membre) {
 DescriptionChamp Affiche(std::string nom, std::string legende, std::string format,
                          std::string groupe, Variable v, std::string unite = {},
                          std::string aide = {}) {
-    DescriptionChamp d;
-    d.Nom = std::move(nom);
-    d.Legende = std::move(legende);
-    d.Unite = std::move(unite);
-    d.Format = std::move(format);
-    d.Groupe = std::move(groupe);
-    d.Valeur = std::move(v);
+    DescriptionChamp d = ChampValeur(std::move(nom), std::move(legende), std::move(format),
+                                     std::move(groupe), std::move(v), false, std::move(unite));
     d.Aide = std::move(aide);
-    return d;
-}
-
-DescriptionChamp Option(std::string nom, std::string legende, std::string groupe, Variable v,
-                        double valeur) {
-    DescriptionChamp d;
-    d.Nom = std::move(nom);
-    d.Legende = std::move(legende);
-    d.Groupe = std::move(groupe);
-    d.Genre = GenreChamp::Option;
-    d.Valeur = std::move(v);
-    d.ValeurOption = valeur;
-    return d;
-}
-
-DescriptionChamp Etiquette(std::string nom, std::string legende, std::string groupe) {
-    DescriptionChamp d;
-    d.Nom = std::move(nom);
-    d.Legende = std::move(legende);
-    d.Groupe = std::move(groupe);
-    d.Genre = GenreChamp::Etiquette;
     return d;
 }
 
@@ -91,16 +61,17 @@ std::string NomConnexion(std::size_t i, bool parallele) {
 }
 
 std::vector<DescriptionChamp> ChampsDesZones() {
-    std::vector<DescriptionChamp> t{
-        Option("chktype5", "5 A", Groupe(ZONES, "Type"), Rxap(&RelaisRXAP::TypeIn), 1.0),
-        Option("chktype3", "3.3 A", Groupe(ZONES, "Type"), Rxap(&RelaisRXAP::TypeIn), 1.5)};
+    std::vector<DescriptionChamp> t{ChampOption("chktype5", "5 A", GroupeFeuille(ZONES, "Type"),
+                                                Rxap(&RelaisRXAP::TypeIn), 1.0),
+                                    ChampOption("chktype3", "3.3 A", GroupeFeuille(ZONES, "Type"),
+                                                Rxap(&RelaisRXAP::TypeIn), 1.5)};
     for (const Zone& z : ZONES_RXAP) {
         t.push_back({.Nom = z.souhaiteBT,
                      .Legende = z.legende,
                      .Format = "##0.00",
                      .Colonne = ColonneOhms::Secondaire,
                      .Nature = NatureValeur::Souhaitee,
-                     .Groupe = Groupe(ZONES, "Desired"),
+                     .Groupe = GroupeFeuille(ZONES, "Desired"),
                      .Saisie = true,
                      .Valeur = Lien(z.xBT),
                      .Jumeau = z.souhaiteHT});
@@ -109,7 +80,7 @@ std::vector<DescriptionChamp> ChampsDesZones() {
                      .Format = "#0.00",
                      .Colonne = ColonneOhms::Primaire,
                      .Nature = NatureValeur::Souhaitee,
-                     .Groupe = Groupe(ZONES, "Desired"),
+                     .Groupe = GroupeFeuille(ZONES, "Desired"),
                      .Valeur = Lien(z.xHT)});
     }
     for (const Zone& z : ZONES_RXAP) {
@@ -118,7 +89,7 @@ std::vector<DescriptionChamp> ChampsDesZones() {
                      .Format = "#0.00",
                      .Colonne = ColonneOhms::Secondaire,
                      .Nature = NatureValeur::Reglee,
-                     .Groupe = Groupe(ZONES, "set"),
+                     .Groupe = GroupeFeuille(ZONES, "set"),
                      .Valeur = Lien(z.xregBT),
                      .Jumeau = z.regleHT});
         t.push_back({.Nom = z.regleHT,
@@ -126,33 +97,33 @@ std::vector<DescriptionChamp> ChampsDesZones() {
                      .Format = "#0.00",
                      .Colonne = ColonneOhms::Primaire,
                      .Nature = NatureValeur::Reglee,
-                     .Groupe = Groupe(ZONES, "set"),
+                     .Groupe = GroupeFeuille(ZONES, "set"),
                      .Valeur = Lien(z.xregHT)});
     }
-    const std::string roues = Groupe(ZONES, "Parameters for zone setting");
+    const std::string roues = GroupeFeuille(ZONES, "Parameters for zone setting");
     for (std::size_t i = 0; i < ZONES_RXAP.size(); ++i) {
         const Zone& z = ZONES_RXAP[i];
         t.push_back(Affiche(z.reglage, z.legendeReglage, "0.0##", roues, Rxap(z.n)));
-        t.push_back(Etiquette("Label12_" + std::to_string(i + 1), "Connection", roues));
-        t.push_back(Etiquette(NomConnexion(i, true), " parallel", roues));
-        t.push_back(Etiquette(NomConnexion(i, false), " series", roues));
+        t.push_back(ChampEtiquette("Label12_" + std::to_string(i + 1), "Connection", roues));
+        t.push_back(ChampEtiquette(NomConnexion(i, true), " parallel", roues));
+        t.push_back(ChampEtiquette(NomConnexion(i, false), " series", roues));
     }
     return t;
 }
 
 std::vector<DescriptionChamp> ChampsDeLaPrise() {
-    const std::string forme = Groupe(PICK_UP, "Shape of the characteristic");
-    const std::string image = Groupe(PICK_UP, "Image");
-    const std::string cercle = Groupe(PICK_UP, CADRE_CERCLE);
-    const std::string ellipse = Groupe(PICK_UP, CADRE_ELLIPSE);
+    const std::string forme = GroupeFeuille(PICK_UP, "Shape of the characteristic");
+    const std::string image = GroupeFeuille(PICK_UP, "Image");
+    const std::string cercle = GroupeFeuille(PICK_UP, CADRE_CERCLE);
+    const std::string ellipse = GroupeFeuille(PICK_UP, CADRE_ELLIPSE);
     return {
-        Option("chkmrc", "circle", forme, Rxap(&RelaisRXAP::Cercle), 1.0),
-        Option("chkmrl", "ellipse", forme, Rxap(&RelaisRXAP::Cercle), 0.0),
-        Option("chkimag(0)", "yes", image, Rxap(&RelaisRXAP::AvecImage), 1.0),
-        Option("chkimag(1)", "no", image, Rxap(&RelaisRXAP::AvecImage), 0.0),
+        ChampOption("chkmrc", "circle", forme, Rxap(&RelaisRXAP::Cercle), 1.0),
+        ChampOption("chkmrl", "ellipse", forme, Rxap(&RelaisRXAP::Cercle), 0.0),
+        ChampOption("chkimag(0)", "yes", image, Rxap(&RelaisRXAP::AvecImage), 1.0),
+        ChampOption("chkimag(1)", "no", image, Rxap(&RelaisRXAP::AvecImage), 0.0),
         {.Nom = "chkPompage",
          .Legende = "Out of step enabled",
-         .Groupe = Groupe(PICK_UP, "Out of step"),
+         .Groupe = GroupeFeuille(PICK_UP, "Out of step"),
          .Genre = GenreChamp::Case,
          .Valeur = Rxap(&RelaisRXAP::AvecPompage)},
         Affiche("txtmr", "Pick up", "##0.00", cercle, Rxap(&RelaisRXAP::MR), {},
@@ -167,7 +138,7 @@ std::vector<DescriptionChamp> ChampsDeLaPrise() {
                 "0.8;  0.83;  0.87;  0.88;  0.9"),
         Affiche("txtexcap", "Out of step excentricity", "0.00", ellipse, Rxap(&RelaisRXAP::exap),
                 {}, "0.65;  0.68;  0.71;  0.72;  0.73"),
-        Affiche("txteta", "Argument of line image", "00", Groupe(PICK_UP, "Argument"),
+        Affiche("txteta", "Argument of line image", "00", GroupeFeuille(PICK_UP, "Argument"),
                 Rxap(&RelaisRXAP::Arg), "degree"),
     };
 }
@@ -195,7 +166,7 @@ void Portee(std::vector<DescriptionChamp>& t, const std::string& groupe, const c
 
 DescriptionChamp Tempo(const char* nom, const char* legende, const char* cadre,
                        Entier16 Etude::*t) {
-    DescriptionChamp d = Affiche(nom, legende, "###0", Groupe(COMMUN, cadre), Lien(t), "ms");
+    DescriptionChamp d = Affiche(nom, legende, "###0", GroupeFeuille(COMMUN, cadre), Lien(t), "ms");
     d.Min = 0.0;
     d.Max = 9999.0;
     d.Saisie = true;
@@ -203,14 +174,14 @@ DescriptionChamp Tempo(const char* nom, const char* legende, const char* cadre,
 }
 
 std::vector<DescriptionChamp> ChampsCommuns() {
-    const std::string resultats = Groupe(COMMUN, "Detectable fault resistances and reaches");
+    const std::string resultats = GroupeFeuille(COMMUN, "Detectable fault resistances and reaches");
     std::vector<DescriptionChamp> t{
         {.Nom = "txtkoprot",
          .Legende = "Earth factor",
          .Format = "0.0",
          .Min = 0.4,
          .Max = 1.0,
-         .Groupe = Groupe(COMMUN, "Earth factor"),
+         .Groupe = GroupeFeuille(COMMUN, "Earth factor"),
          .Saisie = true,
          .Valeur = Rxap(&RelaisRXAP::K),
          .Pas = 0.1,
@@ -237,7 +208,7 @@ std::vector<DescriptionChamp> ChampsCommuns() {
 
 std::vector<DescriptionChamp> ChampsDuChoix() {
     return {{.Nom = "Label7",
-             .Groupe = Groupe(CHOIX, "Type of relay"),
+             .Groupe = GroupeFeuille(CHOIX, "Type of relay"),
              .Genre = GenreChamp::Etiquette,
              .Texte = {[](const Etude& e) { return VarianteRXAP(e); },
                        [](Etude&, const std::string&) {}}}};

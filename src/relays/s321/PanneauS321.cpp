@@ -17,10 +17,6 @@ constexpr const char* SEUILS = "Current thresholds";
 constexpr const char* TEMPOS = "Timers";
 constexpr const char* POMPAGE = "Out of step";
 
-std::string Groupe(const char* onglet, const char* cadre) {
-    return std::string(onglet) + "/" + cadre;
-}
-
 template <class T> Variable S321(T RelaisS321::*membre) {
     return Lien(&Etude::S321, membre);
 }
@@ -92,14 +88,8 @@ void Tempo(std::vector<DescriptionChamp>& t, const std::string& groupe, std::str
 
 DescriptionChamp Nombre(std::string nom, std::string legende, std::string format,
                         std::string groupe, Variable v, bool saisie = true) {
-    DescriptionChamp d;
-    d.Nom = std::move(nom);
-    d.Legende = std::move(legende);
-    d.Format = std::move(format);
-    d.Groupe = std::move(groupe);
-    d.Valeur = std::move(v);
-    d.Saisie = saisie;
-    return d;
+    return ChampValeur(std::move(nom), std::move(legende), std::move(format), std::move(groupe),
+                       std::move(v), saisie);
 }
 
 struct Zone {
@@ -131,8 +121,8 @@ const std::array<Zone, 4> ZONES_S321{{
 
 std::vector<DescriptionChamp> ChampsDesZones() {
     std::vector<DescriptionChamp> t;
-    const std::string pp = Groupe(ZONES, "Phase to phase loops");
-    const std::string pt = Groupe(ZONES, "Phase to earth loops");
+    const std::string pp = GroupeFeuille(ZONES, "Phase to phase loops");
+    const std::string pt = GroupeFeuille(ZONES, "Phase to earth loops");
     for (const Zone& z : ZONES_S321)
         Impedance(t, pp, std::string("txtz") + z.z + "_bt", std::string("txtZ") + z.z + "_HT",
                   z.legendeZ, z.mz);
@@ -151,8 +141,8 @@ std::vector<DescriptionChamp> ChampsDesZones() {
 }
 
 std::vector<DescriptionChamp> ChampsAutres() {
-    const std::string terre = Groupe(AUTRES, "Earth factors");
-    const std::string inverse = Groupe(AUTRES, "Negative sequence directional modules");
+    const std::string terre = GroupeFeuille(AUTRES, "Earth factors");
+    const std::string inverse = GroupeFeuille(AUTRES, "Negative sequence directional modules");
     std::vector<DescriptionChamp> t{
         Nombre("txtko1", "Module of first zone ko (KO1M)", "0.000", terre, S321(&RelaisS321::KO1M)),
         Nombre("txtako1", "Argument of first zone ko (KO1A)", "#0.000", terre,
@@ -173,19 +163,19 @@ std::vector<DescriptionChamp> ChampsAutres() {
 
 std::vector<DescriptionChamp> ChampsDesSeuils() {
     std::vector<DescriptionChamp> t;
-    const std::string g = Groupe(SEUILS, "Residual current");
+    const std::string g = GroupeFeuille(SEUILS, "Residual current");
     Courant(t, g, "txtir1_bt", "txtir1_ht", "Ig zone 1", &RelaisS321::_50G1);
     Courant(t, g, "txtir2_bt", "txtir2_ht", "Ig zone 2", &RelaisS321::_50G2);
     Courant(t, g, "txtir3_bt", "txtir3_ht", "Ig backward zone", &RelaisS321::_50G3);
     Courant(t, g, "txtir4_bt", "txtir4_ht", "Ig forward zone", &RelaisS321::_50G4);
-    const std::string pp = Groupe(SEUILS, "Phase to phase loops");
+    const std::string pp = GroupeFeuille(SEUILS, "Phase to phase loops");
     Courant(t, pp, "txtiab1_bt", "txtiab1_ht", "Iry, or Iyb, or Ibr zone 1", &RelaisS321::_50PP1);
     Courant(t, pp, "txtiab2_bt", "txtiab2_ht", "Iry, or Iyb, or Ibr zone 2", &RelaisS321::_50PP2);
     Courant(t, pp, "txtiab3_bt", "txtiab3_ht", "Iry, or Iyb, or Ibr backward zone",
             &RelaisS321::_50PP3);
     Courant(t, pp, "txtiab4_bt", "txtiab4_ht", "Iry, or Iyb, or Ibr forward zone",
             &RelaisS321::_50PP4);
-    const std::string pt = Groupe(SEUILS, "Phase to earth loops");
+    const std::string pt = GroupeFeuille(SEUILS, "Phase to earth loops");
     Courant(t, pt, "txtia1_bt", "txtia1_ht", "Ir, or Iy, or Ib zone 1", &RelaisS321::_50L1);
     Courant(t, pt, "txtia2_bt", "txtia2_ht", "Ir, or Iy, or Ib zone 2", &RelaisS321::_50L2);
     Courant(t, pt, "txtia3_bt", "txtia3_ht", "Ir, or Iy, or Ib  backward zone", &RelaisS321::_50L3);
@@ -195,11 +185,11 @@ std::vector<DescriptionChamp> ChampsDesSeuils() {
 
 std::vector<DescriptionChamp> ChampsDesTempos() {
     std::vector<DescriptionChamp> t;
-    const std::string pt = Groupe(TEMPOS, "Phase to earth loops");
+    const std::string pt = GroupeFeuille(TEMPOS, "Phase to earth loops");
     Tempo(t, pt, "txtt2m", "txt2m", "Phase to earth second step", &RelaisS321::Z2GD);
     Tempo(t, pt, "txtt3m", "txt3m", "Phase to earth backward step timer", &RelaisS321::Z3GD);
     Tempo(t, pt, "txtt4m", "txt4m", "Phase to earth forward step ", &RelaisS321::Z4GD);
-    const std::string pp = Groupe(TEMPOS, "Phase to phase loops");
+    const std::string pp = GroupeFeuille(TEMPOS, "Phase to phase loops");
     Tempo(t, pp, "txtt2b", "txt2b", "Phase to phase second step", &RelaisS321::Z2PD);
     Tempo(t, pp, "txtt3b", "txt3b", "Phase to phase backward step", &RelaisS321::Z3PD);
     Tempo(t, pp, "txtt4b", "txt4b", "Phase to phase forward step", &RelaisS321::Z4PD);
@@ -209,23 +199,23 @@ std::vector<DescriptionChamp> ChampsDesTempos() {
 std::vector<DescriptionChamp> ChampsDuPompage() {
     std::vector<DescriptionChamp> t{{.Nom = "chkPompage",
                                      .Legende = "Out of step enabled",
-                                     .Groupe = Groupe(POMPAGE, "Out of step"),
+                                     .Groupe = GroupeFeuille(POMPAGE, "Out of step"),
                                      .Genre = GenreChamp::Case,
                                      .Valeur = S321(&RelaisS321::AvecPompage)}};
-    const std::string ext = Groupe(POMPAGE, "External characteristic");
+    const std::string ext = GroupeFeuille(POMPAGE, "External characteristic");
     Impedance(t, ext, "txtr1r6_bt", "txtr1r6_ht", "External forward resistance", &RelaisS321::R1R6);
     Impedance(t, ext, "txtr1l6_bt", "txtr1l6_ht", "External backward resistance ",
               &RelaisS321::R1L6);
     Impedance(t, ext, "txtx1t6_bt", "txtx1t6_ht", "External forward reactance", &RelaisS321::X1T6);
     Impedance(t, ext, "txtx1b6_bt", "txtx1b6_ht", "External backward reactance ",
               &RelaisS321::X1B6);
-    const std::string in = Groupe(POMPAGE, "Internal characteristic");
+    const std::string in = GroupeFeuille(POMPAGE, "Internal characteristic");
     Impedance(t, in, "txtr1r5_bt", "txtr1r5_ht", "Internal forward resistance ", &RelaisS321::R1R5);
     Impedance(t, in, "txtr1l5_bt", "txtr1l5_ht", "Internal backward resistance ",
               &RelaisS321::R1L5);
     Impedance(t, in, "txtx1t5_bt", "txtx1t5_ht", "Internal forward reactance ", &RelaisS321::X1T5);
     Impedance(t, in, "txtx1b5_bt", "txtx1b5_ht", "Internal backward reactance ", &RelaisS321::X1B5);
-    const std::string tempos = Groupe(POMPAGE, "Timers");
+    const std::string tempos = GroupeFeuille(POMPAGE, "Timers");
     Tempo(t, tempos, "txtdelta", "txtdelt", "Out of step detection", &RelaisS321::OSBD);
     Tempo(t, tempos, "txtdviv", "txtdvi",
           "Out of step blocking suppression by negative sequence current", &RelaisS321::UBD);

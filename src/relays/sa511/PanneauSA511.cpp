@@ -25,10 +25,6 @@ constexpr int NOMBRE_TEMPOS = 9;
 // The ninth timer has no parameter of the relay behind it: kept, not shown.
 constexpr int TEMPO_SANS_PARAMETRE = 8;
 
-std::string Groupe(const char* onglet, const char* cadre) {
-    return std::string(onglet) + "/" + cadre;
-}
-
 template <class T> Variable Sa(T RelaisSA511::*membre) {
     return Lien(&Etude::SA511, membre);
 }
@@ -36,15 +32,8 @@ template <class T> Variable Sa(T RelaisSA511::*membre) {
 // A value typed on the panel.
 DescriptionChamp Saisie(std::string nom, std::string legende, std::string format,
                         std::string groupe, Variable v, std::string unite = {}) {
-    DescriptionChamp d;
-    d.Nom = std::move(nom);
-    d.Legende = std::move(legende);
-    d.Unite = std::move(unite);
-    d.Format = std::move(format);
-    d.Groupe = std::move(groupe);
-    d.Valeur = std::move(v);
-    d.Saisie = true;
-    return d;
+    return ChampValeur(std::move(nom), std::move(legende), std::move(format), std::move(groupe),
+                       std::move(v), true, std::move(unite));
 }
 
 // A secondary impedance typed on the panel, with the label of its primary image beside it.
@@ -71,39 +60,15 @@ DescriptionChamp Primaire(std::string nom, std::string groupe, std::string forma
     return d;
 }
 
-// A caption standing across its frame.
-DescriptionChamp Mention(std::string nom, std::string texte, std::string groupe) {
-    DescriptionChamp d;
-    d.Nom = std::move(nom);
-    d.Legende = std::move(texte);
-    d.Groupe = std::move(groupe);
-    d.Genre = GenreChamp::Etiquette;
-    return d;
-}
-
 DescriptionChamp Option(std::string nom, std::string legende, double valeur) {
-    DescriptionChamp d;
-    d.Nom = std::move(nom);
-    d.Legende = std::move(legende);
-    d.Groupe = Groupe(HORS_POMPAGE, "Program of blocking by out-of-step - code 2002");
-    d.Genre = GenreChamp::Option;
-    d.Valeur = Sa(&RelaisSA511::ProgBlocage);
-    d.ValeurOption = valeur;
-    return d;
-}
-
-DescriptionChamp Case(std::string nom, std::string legende, std::string groupe, Variable v) {
-    DescriptionChamp d;
-    d.Nom = std::move(nom);
-    d.Legende = std::move(legende);
-    d.Groupe = std::move(groupe);
-    d.Genre = GenreChamp::Case;
-    d.Valeur = std::move(v);
-    return d;
+    return ChampOption(
+        std::move(nom), std::move(legende),
+        GroupeFeuille(HORS_POMPAGE, "Program of blocking by out-of-step - code 2002"),
+        Sa(&RelaisSA511::ProgBlocage), valeur);
 }
 
 std::vector<DescriptionChamp> ChampsHorsPompage() {
-    const std::string bande = Groupe(HORS_POMPAGE, "Out of step");
+    const std::string bande = GroupeFeuille(HORS_POMPAGE, "Out of step");
     DescriptionChamp deltar = Ohms("txtdeltar", "Out of tep bandwidth (2003)", bande,
                                    Sa(&RelaisSA511::deltaR), "lbldeltar", 0.1, 50.0);
     deltar.Format = "#0.00";
@@ -121,12 +86,12 @@ std::vector<DescriptionChamp> ChampsHorsPompage() {
     derivrHT.Unite = "Ω/s P";
     return {deltar,
             Primaire("lbldeltar", bande, "###0.00", Sa(&RelaisSA511::deltaR_HT)),
-            Mention("lbldeltarlimites", "(between 0.1 and 50 - code 2003)", bande),
+            ChampEtiquette("lbldeltarlimites", "(between 0.1 and 50 - code 2003)", bande),
             derivr,
             derivrHT,
-            Mention("lblderivrlimites", "(between 0 and 200  - code 2004)", bande),
+            ChampEtiquette("lblderivrlimites", "(between 0 and 200  - code 2004)", bande),
             tact,
-            Mention("lblactlimites", "(between 0.1 and 32  - code 2005)", bande),
+            ChampEtiquette("lblactlimites", "(between 0.1 and 32  - code 2005)", bande),
             Option(CHK_ZONE1, "out of step blocks the first zone", 1.0),
             Option(CHK_TOUTES, "out of step blocks any zone", 2.0),
             Option(CHK_SAUF1, "out of step blocks every zone but the first zone", 3.0)};
@@ -148,16 +113,16 @@ std::vector<DescriptionChamp> Courant(const char* nom, const char* legende, cons
 }
 
 std::vector<DescriptionChamp> ChampsMiseEnRoute() {
-    const std::string courants = Groupe(MISE_EN_ROUTE, "Minimal currents");
+    const std::string courants = GroupeFeuille(MISE_EN_ROUTE, "Minimal currents");
     std::vector<DescriptionChamp> t;
     for (auto&& c : {Courant("txtie", "Ie>  = minimal earth current (1602)", "lblie",
                              Sa(&RelaisSA511::Ie), courants),
                      Courant("txtiph", "Iph> = minimal phase current (1621)", "lbliph",
                              Sa(&RelaisSA511::Iph), courants)})
         t.insert(t.end(), c.begin(), c.end());
-    t.push_back(Mention(ERREUR_IN_CHAMP, PanneauSA511::ERREUR_IN, courants));
+    t.push_back(ChampEtiquette(ERREUR_IN_CHAMP, PanneauSA511::ERREUR_IN, courants));
 
-    const std::string polygone = Groupe(MISE_EN_ROUTE, "Pick up setting");
+    const std::string polygone = GroupeFeuille(MISE_EN_ROUTE, "Pick up setting");
     struct Resistance {
         const char* nom;
         const char* legende;
@@ -226,7 +191,7 @@ std::vector<DescriptionChamp> ChampsZones() {
     std::vector<DescriptionChamp> t;
     auto borne = [&](double v) { return v == AUCUNE ? std::nullopt : std::optional<double>(v); };
     for (const Zone& z : zones) {
-        const std::string groupe = Groupe(ZONES, z.cadre);
+        const std::string groupe = GroupeFeuille(ZONES, z.cadre);
         t.push_back(
             Ohms(z.nom, z.legende, groupe, Sa(z.v), z.etiquette, borne(z.min), borne(z.max)));
         t.push_back(Primaire(z.etiquette, groupe));
@@ -235,7 +200,7 @@ std::vector<DescriptionChamp> ChampsZones() {
     ratio.Nom = "txtro";
     ratio.Legende = "Ratio R/X";
     ratio.Format = "#0.##";
-    ratio.Groupe = Groupe(ZONES, "First zone");
+    ratio.Groupe = GroupeFeuille(ZONES, "First zone");
     ratio.Valeur = Sa(&RelaisSA511::RsurX);
     t.push_back(ratio);
     return t;
@@ -252,7 +217,7 @@ std::vector<DescriptionChamp> ChampsTempos() {
         "timer for tripping by forward pick up (1203)",
         "timer for tripping by backward pick up (1204)",
         ""};
-    const std::string groupe = Groupe(TEMPOS, "Timers");
+    const std::string groupe = GroupeFeuille(TEMPOS, "Timers");
     std::vector<DescriptionChamp> t;
     for (std::size_t i = 0; i < legendes.size(); ++i) {
         DescriptionChamp d = Saisie("txttempo(" + std::to_string(i) + ")", legendes[i], "###0",
@@ -261,7 +226,7 @@ std::vector<DescriptionChamp> ChampsTempos() {
         d.Max = 32000.0;
         t.push_back(d);
     }
-    t.push_back(Mention("lbltempomax", "Maximum 32 s", groupe));
+    t.push_back(ChampEtiquette("lbltempomax", "Maximum 32 s", groupe));
     return t;
 }
 
@@ -284,8 +249,8 @@ constexpr std::array<const char*, 4> CHAMPS_BLOCAGE{"txttve", "txttvs", "Checkin
 
 std::vector<DescriptionChamp> ChampsSignal() {
     std::vector<DescriptionChamp> t =
-        ChampsTeleaction(Groupe(SIGNAL, "Signalling scheme"), "Signalling scheme", "Acceleration",
-                         "Blocking overreach", SignalisationSA511());
+        ChampsTeleaction(GroupeFeuille(SIGNAL, "Signalling scheme"), "Signalling scheme",
+                         "Acceleration", "Blocking overreach", SignalisationSA511());
     t.push_back(Saisie("txtte", "Prolongation of acceleration signal emission", "#0.000",
                        CADRE_ACCELERATION, Sa(&RelaisSA511::Te), "s"));
     t.push_back(Saisie("txtts", "Prolongation of acceleration signal reception", "#0.000",
@@ -294,17 +259,17 @@ std::vector<DescriptionChamp> ChampsSignal() {
                        CADRE_BLOCAGE, Sa(&RelaisSA511::Tve), "s"));
     t.push_back(Saisie("txttvs", "Prolongation of blocking signal reception", "#0.000",
                        CADRE_BLOCAGE, Sa(&RelaisSA511::Tvs), "s"));
-    t.push_back(Case("Checkindépendante", "Independant first zone", CADRE_BLOCAGE,
-                     Sa(&RelaisSA511::Independante)));
-    t.push_back(Case("Checkblocage", "Blocking on lengthened first zone", CADRE_BLOCAGE,
-                     Sa(&RelaisSA511::BlocageEtendu)));
+    t.push_back(ChampCase("Checkindépendante", "Independant first zone", CADRE_BLOCAGE,
+                          Sa(&RelaisSA511::Independante)));
+    t.push_back(ChampCase("Checkblocage", "Blocking on lengthened first zone", CADRE_BLOCAGE,
+                          Sa(&RelaisSA511::BlocageEtendu)));
     return t;
 }
 
 // Every field of the panel, in the order of its sheets, under the relay's label.
 const TableChamps& ChampsSA511() {
     static const TableChamps table = [] {
-        std::vector<DescriptionChamp> t{Mention("lblRelais", PanneauSA511::LIBELLE, "")};
+        std::vector<DescriptionChamp> t{ChampEtiquette("lblRelais", PanneauSA511::LIBELLE, "")};
         for (auto&& partie : {ChampsHorsPompage(), ChampsMiseEnRoute(), ChampsZones(),
                               ChampsTempos(), ChampsSignal()})
             t.insert(t.end(), partie.begin(), partie.end());
