@@ -48,6 +48,23 @@ void EcrireTR(Etude& e, MagasinReglages& m, const ValeurTR& valeur);
 // The value at the cursor; FinTR is set when it is missing. The cursor moves on in any case.
 ValeurTR LireTR(Etude& e, MagasinReglages& m);
 
+// A variable as a list stores it: in its own type, a Boolean as the system stores it (-1 / 0).
+inline ValeurTR ValeurStockee(double v) {
+    return v;
+}
+inline ValeurTR ValeurStockee(float v) {
+    return v;
+}
+inline ValeurTR ValeurStockee(std::int16_t v) {
+    return v;
+}
+inline ValeurTR ValeurStockee(std::int32_t v) {
+    return v;
+}
+inline ValeurTR ValeurStockee(bool v) {
+    return static_cast<std::int16_t>(v ? -1 : 0);
+}
+
 // A value read back into a variable of the given type; a missing value leaves it alone.
 void LireDans(const ValeurTR& v, double& cible);
 void LireDans(const ValeurTR& v, float& cible);

@@ -50,22 +50,9 @@ template <class V> void ListePD3A(Etude& e, V&& valeur) {
     valeur(e.PD3A.Type6562);
 }
 
-ValeurTR Stocke(double v) {
-    return v;
-}
-ValeurTR Stocke(float v) {
-    return v;
-}
-ValeurTR Stocke(Entier16 v) {
-    return v;
-}
-ValeurTR Stocke(bool v) {
-    return EnEntier(v);
-}
-
 void EcrireListePD3A(Etude& e, MagasinReglages& m) {
     DebutTR(e);
-    ListePD3A(e, [&](auto& v) { EcrireTR(e, m, Stocke(v)); });
+    ListePD3A(e, [&](auto& v) { EcrireTR(e, m, ValeurStockee(v)); });
 }
 
 void LireListePD3A(Etude& e, MagasinReglages& m) {
