@@ -95,9 +95,8 @@ void Reglages(ContexteImpression& c) {
          r.Zfreg);
     Ohms(c, "Backward pick up : Zr", "D = " + FormaterNombre(r.D, "0.00"), r.Zrreg);
     Ohms(c, "out of step parameter Z2 : ",
-         Entier("m = ", r.m) + "  d = " + FormaterNombre(r.d, "0.000") + "  " +
-             Entier("q = 22 + ", r.q1 + r.q2 - 22),
-         r.Z2reg);
+         Entier("m = ", r.m) + "  d = " + FormaterNombre(r.d, "0.00"), r.Z2reg);
+    Rangee(c, {{COLONNE_COMMUTATEURS, Entier("q = 22 + ", r.q1 + r.q2 - 22)}});
     Rangee(c, {{0, "Common zone parameters"},
                {COLONNE_COMMUTATEURS, Entier("a=", r.a) + "  " + Entier("b=", r.b)}});
     Ohms(c, "First zone reactance : X1", Entier("p1=", r.p1), e.X1reg_BT);
@@ -117,8 +116,10 @@ void Reglages(ContexteImpression& c) {
     Rangee(c, {{0, "ratio R/X"}, {COLONNE_PRIMAIRE, FormaterNombre(r.RsurX, "#0.00")}});
     AvancerProgression(c.e, c.etat, 1);
     c.page.ALaLigne();
-    Tempo(c, "First step timer",
-          "(str26) = " + r.str26 + "  (str27) = " + r.str27 + "  (str28) = " + r.str28, e.T1);
+    // The first timer is set by three straps, each on its row.
+    Tempo(c, "First step timer", "(str26) = " + r.str26, e.T1);
+    Rangee(c, {{COLONNE_COMMUTATEURS, "(str27) = " + r.str27}});
+    Rangee(c, {{COLONNE_COMMUTATEURS, "(str28) = " + r.str28}});
     Tempo(c, "2nd step timer", Entier("(T2) = ", PositionCommutateurRAZOA(e.T2)), e.T2);
     Tempo(c, "3rd step timer", Entier("(T3) = ", PositionCommutateurRAZOA(e.T3)), e.T3);
     Tempo(c, "Backward pick up timer", Entier("(T4) = ", PositionCommutateurRAZOA(e.T4)), e.T4);
