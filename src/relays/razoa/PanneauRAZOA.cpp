@@ -192,8 +192,9 @@ std::vector<DescriptionChamp> ChampsDuPompage() {
                             "equal to 8 / In (   S)",
                  .Groupe = largeur,
                  .Genre = GenreChamp::Etiquette});
+    // The ohm sign, which the relay's texts write as W in the symbol font.
     t.push_back(
-        {.Nom = "txtWerr", .Legende = "W", .Groupe = largeur, .Genre = GenreChamp::Etiquette});
+        {.Nom = "txtWerr", .Legende = "Ω", .Groupe = largeur, .Genre = GenreChamp::Etiquette});
     return t;
 }
 
