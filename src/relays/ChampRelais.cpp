@@ -20,6 +20,22 @@ std::string LegendeAvecUnite(const DescriptionChamp& d) {
     return d.Legende + " (" + unite + ")";
 }
 
+std::string GroupeChamp(const std::string& onglet, const std::string& cadre) {
+    return onglet + "/" + cadre;
+}
+
+DescriptionChamp ChampAffiche(std::string nom, std::string legende, std::string format,
+                              std::string groupe, Variable v, std::string unite) {
+    DescriptionChamp d;
+    d.Nom = std::move(nom);
+    d.Legende = std::move(legende);
+    d.Unite = std::move(unite);
+    d.Format = std::move(format);
+    d.Groupe = std::move(groupe);
+    d.Valeur = std::move(v);
+    return d;
+}
+
 TableChamps::TableChamps(std::vector<DescriptionChamp> lignes) : lignes_(std::move(lignes)) {
     legendes_.reserve(lignes_.size());
     for (std::size_t i = 0; i < lignes_.size(); ++i) {

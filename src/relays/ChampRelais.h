@@ -148,6 +148,13 @@ struct DescriptionChamp {
     std::string Aide{};                        // the hint shown where the pointer rests
 };
 
+// The group of a field on that sheet, in that frame: "sheet title/frame title".
+std::string GroupeChamp(const std::string& onglet, const std::string& cadre);
+
+// The row of a value the panel shows and nobody types.
+DescriptionChamp ChampAffiche(std::string nom, std::string legende, std::string format,
+                              std::string groupe, Variable v, std::string unite = {});
+
 // The table of a relay's fields, made once for the program (a relay keeps it in a static) and
 // shared by every panel of that relay: the rows in their order, each with its caption as the
 // panel shows it, and an index by name.

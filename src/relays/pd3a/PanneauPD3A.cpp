@@ -18,32 +18,15 @@ constexpr const char* CHK_TYPE1 = "chktype1";
 constexpr const char* CHK_TYPE2 = "chktype2";
 constexpr const char* CHK_POMPAGE = "chkPompage";
 
-std::string Groupe(const char* onglet, const char* cadre) {
-    return std::string(onglet) + "/" + cadre;
-}
-
 template <class T> Variable Pd3a(T RelaisPD3A::*membre) {
     return Lien(&Etude::PD3A, membre);
-}
-
-// A value the panel shows and nobody types.
-DescriptionChamp Affiche(std::string nom, std::string legende, std::string format,
-                         std::string groupe, Variable v, std::string unite = {}) {
-    DescriptionChamp d;
-    d.Nom = std::move(nom);
-    d.Legende = std::move(legende);
-    d.Unite = std::move(unite);
-    d.Format = std::move(format);
-    d.Groupe = std::move(groupe);
-    d.Valeur = std::move(v);
-    return d;
 }
 
 // A timer typed in milliseconds, within 0 to `max`, down to tens when `dizaines`.
 DescriptionChamp Tempo(std::string nom, std::string legende, const char* cadre, Entier16 Etude::*t,
                        double max, bool dizaines) {
-    DescriptionChamp d =
-        Affiche(std::move(nom), std::move(legende), "###0", Groupe(TIMERS, cadre), Lien(t), "ms");
+    DescriptionChamp d = ChampAffiche(std::move(nom), std::move(legende), "###0",
+                                      GroupeChamp(TIMERS, cadre), Lien(t), "ms");
     d.Min = 0.0;
     d.Max = max;
     d.Saisie = true;
@@ -87,7 +70,7 @@ std::vector<DescriptionChamp> ChampsDesZones() {
                      .Format = "##0.00",
                      .Colonne = ColonneOhms::Secondaire,
                      .Nature = NatureValeur::Souhaitee,
-                     .Groupe = Groupe(ZONES, "Desired"),
+                     .Groupe = GroupeChamp(ZONES, "Desired"),
                      .Saisie = true,
                      .Jumeau = z.souhaiteHT});
         t.push_back({.Nom = z.souhaiteHT,
@@ -95,7 +78,7 @@ std::vector<DescriptionChamp> ChampsDesZones() {
                      .Format = "#0.00",
                      .Colonne = ColonneOhms::Primaire,
                      .Nature = NatureValeur::Souhaitee,
-                     .Groupe = Groupe(ZONES, "Desired"),
+                     .Groupe = GroupeChamp(ZONES, "Desired"),
                      .Valeur = Lien(z.xHT)});
     }
     for (const Zone& z : ZONES_PD3A) {
@@ -104,7 +87,7 @@ std::vector<DescriptionChamp> ChampsDesZones() {
                      .Format = "#0.00",
                      .Colonne = ColonneOhms::Secondaire,
                      .Nature = NatureValeur::Reglee,
-                     .Groupe = Groupe(ZONES, "set"),
+                     .Groupe = GroupeChamp(ZONES, "set"),
                      .Valeur = Lien(z.xregBT),
                      .Jumeau = z.regleHT});
         t.push_back({.Nom = z.regleHT,
@@ -112,17 +95,17 @@ std::vector<DescriptionChamp> ChampsDesZones() {
                      .Format = "#0.00",
                      .Colonne = ColonneOhms::Primaire,
                      .Nature = NatureValeur::Reglee,
-                     .Groupe = Groupe(ZONES, "set"),
+                     .Groupe = GroupeChamp(ZONES, "set"),
                      .Valeur = Lien(z.xregHT)});
     }
-    const std::string roues = Groupe(ZONES, "Parameters for zone setting");
-    t.push_back(Affiche("txtk1", "K1: ", "#0", roues, Pd3a(&RelaisPD3A::K1)));
-    t.push_back(Affiche("txtm1", "m1: ", "#0", roues, Pd3a(&RelaisPD3A::m1)));
-    t.push_back(Affiche("txtK2", "K2: ", "#0", roues, Pd3a(&RelaisPD3A::K2)));
+    const std::string roues = GroupeChamp(ZONES, "Parameters for zone setting");
+    t.push_back(ChampAffiche("txtk1", "K1: ", "#0", roues, Pd3a(&RelaisPD3A::K1)));
+    t.push_back(ChampAffiche("txtm1", "m1: ", "#0", roues, Pd3a(&RelaisPD3A::m1)));
+    t.push_back(ChampAffiche("txtK2", "K2: ", "#0", roues, Pd3a(&RelaisPD3A::K2)));
     // Rewritten for the 6562 alone.
-    t.push_back(Affiche("txtm2", "m2: ", "#0", roues, {}, "(PD3A 6562 only)"));
-    t.push_back(Affiche("txtK3", "K3: ", "#0", roues, Pd3a(&RelaisPD3A::K3)));
-    t.push_back(Affiche("txtk4", "K4: ", "#0", roues, Pd3a(&RelaisPD3A::K4)));
+    t.push_back(ChampAffiche("txtm2", "m2: ", "#0", roues, {}, "(PD3A 6562 only)"));
+    t.push_back(ChampAffiche("txtK3", "K3: ", "#0", roues, Pd3a(&RelaisPD3A::K3)));
+    t.push_back(ChampAffiche("txtk4", "K4: ", "#0", roues, Pd3a(&RelaisPD3A::K4)));
     t.push_back({.Nom = "lblRemarque",
                  .Legende = "(les relations entre la réactannce X1 d'une part, K1 et m1 d'autre "
                             "part, ... sont données par les tableaux de la notice d'utilisation )",
@@ -132,7 +115,7 @@ std::vector<DescriptionChamp> ChampsDesZones() {
 }
 
 std::vector<DescriptionChamp> ChampsDeMiseEnRoute() {
-    const std::string resistance = Groupe(PICK_UP, "Parameters for pick up setting");
+    const std::string resistance = GroupeChamp(PICK_UP, "Parameters for pick up setting");
     std::vector<DescriptionChamp> t{
         {.Nom = "Txtrd_bt",
          .Legende = "(resistance BT = r d * 5 / In secondary ) desired",
@@ -167,26 +150,28 @@ std::vector<DescriptionChamp> ChampsDeMiseEnRoute() {
          .Nature = NatureValeur::Reglee,
          .Groupe = resistance,
          .Valeur = Lien(&Etude::Rreg_HT)},
-        Affiche("txtRd", "Rd (integer from 1 to 11) =", "#0", resistance, Pd3a(&RelaisPD3A::Rd)),
-        Affiche("txtrsurx", "Ratio R / X", "#0.##", resistance, Pd3a(&RelaisPD3A::RsurX)),
+        ChampAffiche("txtRd", "Rd (integer from 1 to 11) =", "#0", resistance,
+                     Pd3a(&RelaisPD3A::Rd)),
+        ChampAffiche("txtrsurx", "Ratio R / X", "#0.##", resistance, Pd3a(&RelaisPD3A::RsurX)),
     };
-    const std::string terre = Groupe(PICK_UP, "Earth factor and angle");
-    t.push_back(Affiche("txtko1", "Ko1 (integer from 0 to 9) =", "0", terre, Lien(&Etude::Ko1)));
-    t.push_back(Affiche("txtko2", "Ko2 (10; 20; ou 30) =", "#0", terre, Lien(&Etude::Ko2)));
+    const std::string terre = GroupeChamp(PICK_UP, "Earth factor and angle");
     t.push_back(
-        Affiche("txtko_reg", "ko set = 0.1 * (Ko1 + Ko2) =", "0.0", terre, Lien(&Etude::ko_reg)));
-    t.push_back(Affiche("txtpos_teta", "Position teta (integer from 1 to 9)", "0", terre,
-                        Pd3a(&RelaisPD3A::PosTeta)));
-    DescriptionChamp teta = Affiche("Txtteta", "40 + 5 * position teta = θ = ", "#0", terre,
-                                    Lien(&Etude::teta), "degrees");
+        ChampAffiche("txtko1", "Ko1 (integer from 0 to 9) =", "0", terre, Lien(&Etude::Ko1)));
+    t.push_back(ChampAffiche("txtko2", "Ko2 (10; 20; ou 30) =", "#0", terre, Lien(&Etude::Ko2)));
+    t.push_back(ChampAffiche("txtko_reg", "ko set = 0.1 * (Ko1 + Ko2) =", "0.0", terre,
+                             Lien(&Etude::ko_reg)));
+    t.push_back(ChampAffiche("txtpos_teta", "Position teta (integer from 1 to 9)", "0", terre,
+                             Pd3a(&RelaisPD3A::PosTeta)));
+    DescriptionChamp teta = ChampAffiche("Txtteta", "40 + 5 * position teta = θ = ", "#0", terre,
+                                         Lien(&Etude::teta), "degrees");
     teta.Saisie = true;
     t.push_back(teta);
-    t.push_back(Affiche("txtir_ht", "threshold Ir = 0.24 * In =", "###0", terre,
-                        {[](const Etude& e) { return 0.24 * e.Ligne_Ip; }, [](Etude&, double) {}},
-                        "A  HT"));
+    t.push_back(ChampAffiche(
+        "txtir_ht", "threshold Ir = 0.24 * In =", "###0", terre,
+        {[](const Etude& e) { return 0.24 * e.Ligne_Ip; }, [](Etude&, double) {}}, "A  HT"));
     t.push_back({.Nom = CHK_POMPAGE,
                  .Legende = "Out of step",
-                 .Groupe = Groupe(PICK_UP, "Out of step"),
+                 .Groupe = GroupeChamp(PICK_UP, "Out of step"),
                  .Genre = GenreChamp::Case});
     return t;
 }
@@ -194,19 +179,19 @@ std::vector<DescriptionChamp> ChampsDeMiseEnRoute() {
 std::vector<DescriptionChamp> ChampsDesTempos() {
     return {
         Tempo("txtt1", "T1 =", "Short line first step timer", &Etude::T1, 999.0, false),
-        Affiche("txtTA(0)", "(T1) =", "00", Groupe(TIMERS, "Short line first step timer"),
-                Pd3a(&RelaisPD3A::TA)),
-        Affiche("txtTA(1)", " C = ", "#0", Groupe(TIMERS, "Short line first step timer"),
-                Pd3a(&RelaisPD3A::C1)),
+        ChampAffiche("txtTA(0)", "(T1) =", "00", GroupeChamp(TIMERS, "Short line first step timer"),
+                     Pd3a(&RelaisPD3A::TA)),
+        ChampAffiche("txtTA(1)", " C = ", "#0", GroupeChamp(TIMERS, "Short line first step timer"),
+                     Pd3a(&RelaisPD3A::C1)),
         Tempo("txtt2", "T2 =", "Quick second step timer", &Etude::T2, 999.0, true),
-        Affiche("txtTB", "(T2) =", "00", Groupe(TIMERS, "Quick second step timer"),
-                Pd3a(&RelaisPD3A::TB)),
+        ChampAffiche("txtTB", "(T2) =", "00", GroupeChamp(TIMERS, "Quick second step timer"),
+                     Pd3a(&RelaisPD3A::TB)),
         Tempo("txtt3", "T3=", "Slow second step timer", &Etude::T3, 999.0, true),
-        Affiche("txtTC", "(T3) =", "00", Groupe(TIMERS, "Slow second step timer"),
-                Pd3a(&RelaisPD3A::TC)),
+        ChampAffiche("txtTC", "(T3) =", "00", GroupeChamp(TIMERS, "Slow second step timer"),
+                     Pd3a(&RelaisPD3A::TC)),
         Tempo("txtt4", "T4 =", "Third and fourth step timer", &Etude::T4, 9990.0, true),
-        Affiche("txtTd", "(T4) =", "00", Groupe(TIMERS, "Third and fourth step timer"),
-                Pd3a(&RelaisPD3A::TD)),
+        ChampAffiche("txtTd", "(T4) =", "00", GroupeChamp(TIMERS, "Third and fourth step timer"),
+                     Pd3a(&RelaisPD3A::TD)),
     };
 }
 
@@ -215,16 +200,16 @@ const TableChamps& ChampsPD3A() {
     static const TableChamps table = [] {
         std::vector<DescriptionChamp> t{{.Nom = CHK_TYPE1,
                                          .Legende = "PD3A6062",
-                                         .Groupe = Groupe(ZONES, "Choice of relay"),
+                                         .Groupe = GroupeChamp(ZONES, "Choice of relay"),
                                          .Genre = GenreChamp::Option,
                                          .Valeur = Pd3a(&RelaisPD3A::Type6062)},
                                         {.Nom = CHK_TYPE2,
                                          .Legende = "PD3A6562",
-                                         .Groupe = Groupe(ZONES, "Choice of relay"),
+                                         .Groupe = GroupeChamp(ZONES, "Choice of relay"),
                                          .Genre = GenreChamp::Option,
                                          .Valeur = Pd3a(&RelaisPD3A::Type6562)}};
         for (auto&& partie : {ChampsDesZones(), ChampsDeMiseEnRoute(), ChampsDesTempos(),
-                              ChampsTeleaction(Groupe(TIMERS, "Signalling scheme"))})
+                              ChampsTeleaction(GroupeChamp(TIMERS, "Signalling scheme"))})
             t.insert(t.end(), partie.begin(), partie.end());
         return TableChamps(std::move(t));
     }();

@@ -15,32 +15,15 @@ constexpr const char* OUT_OF_STEP = "out of step";
 constexpr const char* OTHERS = "Others";
 constexpr const char* TIMERS = "Timers";
 
-std::string Groupe(const char* onglet, const char* cadre) {
-    return std::string(onglet) + "/" + cadre;
-}
-
 template <class T> Variable Razoa(T RelaisRAZOA::*membre) {
     return Lien(&Etude::RAZOA, membre);
-}
-
-// A value the panel shows and nobody types.
-DescriptionChamp Affiche(std::string nom, std::string legende, std::string format,
-                         std::string groupe, Variable v, std::string unite = {}) {
-    DescriptionChamp d;
-    d.Nom = std::move(nom);
-    d.Legende = std::move(legende);
-    d.Unite = std::move(unite);
-    d.Format = std::move(format);
-    d.Groupe = std::move(groupe);
-    d.Valeur = std::move(v);
-    return d;
 }
 
 // A value the user may type, within its range.
 DescriptionChamp Saisi(std::string nom, std::string legende, std::string format, std::string groupe,
                        Variable v, double min, double max) {
-    DescriptionChamp d = Affiche(std::move(nom), std::move(legende), std::move(format),
-                                 std::move(groupe), std::move(v));
+    DescriptionChamp d = ChampAffiche(std::move(nom), std::move(legende), std::move(format),
+                                      std::move(groupe), std::move(v));
     d.Min = min;
     d.Max = max;
     d.Saisie = true;
@@ -102,18 +85,18 @@ const std::array<Zone, 3> ZONES_RAZOA{{
 
 std::vector<DescriptionChamp> ChampsDesZones() {
     std::vector<DescriptionChamp> t;
-    const std::string souhaite = Groupe(ZONES, "Desired");
+    const std::string souhaite = GroupeChamp(ZONES, "Desired");
     for (const Zone& z : ZONES_RAZOA)
         Impedance(t, z.souhaite, z.souhaiteHT, z.legende, souhaite, Lien(z.x),
                   NatureValeur::Souhaitee, true);
     Impedance(t, "txtR1_bt", "txtR1_HT", "First zone resistance", souhaite, Razoa(&RelaisRAZOA::R1),
               NatureValeur::Souhaitee, false);
-    const std::string parametres = Groupe(ZONES, "Parameters");
-    t.push_back(Affiche("txta", "Parameter a: ", "#0", parametres, Razoa(&RelaisRAZOA::a)));
-    t.push_back(Affiche("txtb", "Parameter b:", "#0", parametres, Razoa(&RelaisRAZOA::b)));
+    const std::string parametres = GroupeChamp(ZONES, "Parameters");
+    t.push_back(ChampAffiche("txta", "Parameter a: ", "#0", parametres, Razoa(&RelaisRAZOA::a)));
+    t.push_back(ChampAffiche("txtb", "Parameter b:", "#0", parametres, Razoa(&RelaisRAZOA::b)));
     for (const Zone& z : ZONES_RAZOA)
-        t.push_back(Affiche(z.p, z.legendeP, "#0", parametres, Razoa(z.denominateur)));
-    const std::string regle = Groupe(ZONES, "set");
+        t.push_back(ChampAffiche(z.p, z.legendeP, "#0", parametres, Razoa(z.denominateur)));
+    const std::string regle = GroupeChamp(ZONES, "set");
     for (const Zone& z : ZONES_RAZOA)
         Impedance(t, z.regle, z.regleHT, z.codeX, regle, Lien(z.xreg), NatureValeur::Reglee, false);
     for (const Zone& z : ZONES_RAZOA)
@@ -123,9 +106,9 @@ std::vector<DescriptionChamp> ChampsDesZones() {
 }
 
 std::vector<DescriptionChamp> ChampsDeLaPrise() {
-    const std::string forme = Groupe(PICK_UP, "Shape of the characteristic");
-    const std::string angle = Groupe(PICK_UP, "Angle teta");
-    const std::string prise = Groupe(PICK_UP, "Pick up");
+    const std::string forme = GroupeChamp(PICK_UP, "Shape of the characteristic");
+    const std::string angle = GroupeChamp(PICK_UP, "Angle teta");
+    const std::string prise = GroupeChamp(PICK_UP, "Pick up");
     std::vector<DescriptionChamp> t{
         {.Nom = "chkmrc",
          .Legende = "Circle",
@@ -150,15 +133,15 @@ std::vector<DescriptionChamp> ChampsDeLaPrise() {
          .Valeur = Lien(&Etude::teta),
          .ValeurOption = 60.0},
         Saisi("txtdmini", "Dmini:", "0.0#", prise, Razoa(&RelaisRAZOA::Dmini), 0.05, 1.0),
-        Affiche("txtDD", "D:", "0.00", prise, Razoa(&RelaisRAZOA::D)),
+        ChampAffiche("txtDD", "D:", "0.00", prise, Razoa(&RelaisRAZOA::D)),
     };
     Impedance(t, "txtZf_bt", "txtZf_HT", "Forward impedance Zf", prise, Razoa(&RelaisRAZOA::Zf),
               NatureValeur::Souhaitee, true);
     Impedance(t, "txtZr_bt", "txtZr_HT", "Backward impedance Zr", prise, Razoa(&RelaisRAZOA::Zr),
               NatureValeur::Souhaitee, true);
-    const std::string codage = Groupe(PICK_UP, "5*A/(B*In)=");
-    t.push_back(Affiche("txtAA", "A: ", "#0", codage, Razoa(&RelaisRAZOA::A)));
-    t.push_back(Affiche("txtBB", "B:", "#0.00", codage, Razoa(&RelaisRAZOA::B)));
+    const std::string codage = GroupeChamp(PICK_UP, "5*A/(B*In)=");
+    t.push_back(ChampAffiche("txtAA", "A: ", "#0", codage, Razoa(&RelaisRAZOA::A)));
+    t.push_back(ChampAffiche("txtBB", "B:", "#0.00", codage, Razoa(&RelaisRAZOA::B)));
     Impedance(t, "txtZfreg_BT", "txtZfreg_HT", "5*A/(B*In)=", codage, Razoa(&RelaisRAZOA::Zfreg),
               NatureValeur::Reglee, false);
     Impedance(t, "txtZrreg_BT", "txtZrreg_HT", "D*Zf =", codage, Razoa(&RelaisRAZOA::Zrreg),
@@ -168,18 +151,18 @@ std::vector<DescriptionChamp> ChampsDeLaPrise() {
 
 std::vector<DescriptionChamp> ChampsDuPompage() {
     const std::string largeur =
-        Groupe(OUT_OF_STEP, "Width of the out of step internal characteristic ");
+        GroupeChamp(OUT_OF_STEP, "Width of the out of step internal characteristic ");
     std::vector<DescriptionChamp> t{{.Nom = "chkPompage",
                                      .Legende = "out of step enabled",
-                                     .Groupe = Groupe(OUT_OF_STEP, "Out of step"),
+                                     .Groupe = GroupeChamp(OUT_OF_STEP, "Out of step"),
                                      .Genre = GenreChamp::Case,
                                      .Valeur = Razoa(&RelaisRAZOA::AvecPompage)}};
     Impedance(t, "txtZ2_bt", "txtZ2_HT", "Desired width", largeur, Razoa(&RelaisRAZOA::Z2),
               NatureValeur::Souhaitee, true);
-    t.push_back(Affiche("txtm", "m   =", "#0", largeur, Razoa(&RelaisRAZOA::m)));
-    t.push_back(Affiche("txtd", "d   =", "0.000", largeur, Razoa(&RelaisRAZOA::d)));
-    t.push_back(Affiche("txtq1", "q1 =", "#0", largeur, Razoa(&RelaisRAZOA::q1)));
-    t.push_back(Affiche("txtq2", "q2 =", "#0", largeur, Razoa(&RelaisRAZOA::q2)));
+    t.push_back(ChampAffiche("txtm", "m   =", "#0", largeur, Razoa(&RelaisRAZOA::m)));
+    t.push_back(ChampAffiche("txtd", "d   =", "0.000", largeur, Razoa(&RelaisRAZOA::d)));
+    t.push_back(ChampAffiche("txtq1", "q1 =", "#0", largeur, Razoa(&RelaisRAZOA::q1)));
+    t.push_back(ChampAffiche("txtq2", "q2 =", "#0", largeur, Razoa(&RelaisRAZOA::q2)));
     Impedance(t, "txtZ2reg_BT", "txtZ2reg_HT", "Set width = 8*m*d*(q1+q2)/(22*In)", largeur,
               Razoa(&RelaisRAZOA::Z2reg), NatureValeur::Reglee, false);
     // Shown only while q1 is below 22.
@@ -204,11 +187,11 @@ Variable SeuilResiduel() {
 }
 
 std::vector<DescriptionChamp> ChampsDesAutres() {
-    const std::string terre = Groupe(OTHERS, "Earth");
-    const std::string portees = Groupe(OTHERS, "Reaches");
+    const std::string terre = GroupeChamp(OTHERS, "Earth");
+    const std::string portees = GroupeChamp(OTHERS, "Reaches");
     auto portee = [&](std::string nom, std::string legende, Variable v) {
-        return Affiche(std::move(nom), std::move(legende), "#0.00", portees, std::move(v),
-                       UNITE_PRIMAIRE);
+        return ChampAffiche(std::move(nom), std::move(legende), "#0.00", portees, std::move(v),
+                            UNITE_PRIMAIRE);
     };
     auto element = [](Reels3 RelaisRAZOA::*tableau, std::size_t i) {
         return Lien(&Etude::RAZOA, tableau, i);
@@ -216,13 +199,13 @@ std::vector<DescriptionChamp> ChampsDesAutres() {
     return {
         Saisi("txt_y", "Y = ", "#0", terre, Razoa(&RelaisRAZOA::Y), 1.0, 15.0),
         {.Nom = "lblY", .Legende = "(1 to 15)", .Groupe = terre, .Genre = GenreChamp::Etiquette},
-        Affiche("txt_koprot", "ko = ", "0.0", terre, Razoa(&RelaisRAZOA::K)),
+        ChampAffiche("txt_koprot", "ko = ", "0.0", terre, Razoa(&RelaisRAZOA::K)),
         Saisi("txtJo", "Jo = ", "#0", terre, Razoa(&RelaisRAZOA::Jo), 1.0, 8.0),
         {.Nom = "lblJo", .Legende = "(1 to 8)", .Groupe = terre, .Genre = GenreChamp::Etiquette},
-        Affiche("txt_io", "Io = ", "0.0", terre, SeuilResiduel(), "In"),
+        ChampAffiche("txt_io", "Io = ", "0.0", terre, SeuilResiduel(), "In"),
         portee("txtRfProche", "Maximal detectable resistance against the close substation",
                Razoa(&RelaisRAZOA::RfProche)),
-        Affiche("txtRsurX", "ratio R/X", "#0.00", portees, Razoa(&RelaisRAZOA::RsurX)),
+        ChampAffiche("txtRsurX", "ratio R/X", "#0.00", portees, Razoa(&RelaisRAZOA::RsurX)),
         portee("txtRfLoin", "Maximal detectable resistance against the remote end",
                Razoa(&RelaisRAZOA::RfLoin)),
         portee("txtAvPP", "Forward phase to phase reach", element(&RelaisRAZOA::PorteeAv, 0)),
@@ -249,9 +232,9 @@ DescriptionChamp Tempo(std::string nom, std::string legende, const std::string& 
 }
 
 std::vector<DescriptionChamp> ChampsDesTempos() {
-    const std::string premier = Groupe(TIMERS, "Position of the straps");
-    const std::string echelons = Groupe(TIMERS, "Step timers");
-    const std::string rgza = Groupe(TIMERS, "Tripping by relay RGZA30");
+    const std::string premier = GroupeChamp(TIMERS, "Position of the straps");
+    const std::string echelons = GroupeChamp(TIMERS, "Step timers");
+    const std::string rgza = GroupeChamp(TIMERS, "Tripping by relay RGZA30");
     auto sangle = [&](std::string nom, std::string legende, std::string RelaisRAZOA::*membre) {
         return DescriptionChamp{.Nom = std::move(nom),
                                 .Legende = std::move(legende),
@@ -274,9 +257,9 @@ std::vector<DescriptionChamp> ChampsDesTempos() {
     for (std::size_t i = 0; i < autres.size(); ++i) {
         const auto& n = autres[i];
         t.push_back(Tempo(n[0], n[1], echelons, variables[i], 9900.0));
-        t.push_back(Affiche(n[2], n[3], "###0", echelons, Lien(variables[i]), "ms"));
+        t.push_back(ChampAffiche(n[2], n[3], "###0", echelons, Lien(variables[i]), "ms"));
         t.push_back(
-            Affiche(n[4], "Position of the switch", "#0", echelons, Position(variables[i])));
+            ChampAffiche(n[4], "Position of the switch", "#0", echelons, Position(variables[i])));
     }
     t.push_back({.Nom = "chkrgza",
                  .Legende = "1",
@@ -290,11 +273,11 @@ std::vector<DescriptionChamp> ChampsDesTempos() {
                  .Genre = GenreChamp::Option,
                  .Valeur = Razoa(&RelaisRAZOA::RGZA),
                  .ValeurOption = 2.0});
-    t.push_back(
-        Affiche("txtTReg", "T set= (T2 or T3) = ", "###0", rgza, Razoa(&RelaisRAZOA::TReg), "ms"));
-    t.push_back(Affiche("txtPTReg", "position of the switch  X1", "#0", rgza,
-                        {[](const Etude& e) { return PositionCommutateurRAZOA(e.RAZOA.TReg); },
-                         [](Etude&, double) {}}));
+    t.push_back(ChampAffiche("txtTReg", "T set= (T2 or T3) = ", "###0", rgza,
+                             Razoa(&RelaisRAZOA::TReg), "ms"));
+    t.push_back(ChampAffiche("txtPTReg", "position of the switch  X1", "#0", rgza,
+                             {[](const Etude& e) { return PositionCommutateurRAZOA(e.RAZOA.TReg); },
+                              [](Etude&, double) {}}));
     return t;
 }
 
@@ -309,11 +292,11 @@ const Signalisation& SignalisationRAZOA() {
 const TableChamps& ChampsRAZOA() {
     static const TableChamps table = [] {
         std::vector<DescriptionChamp> t;
-        for (auto&& partie :
-             {ChampsDesZones(), ChampsDeLaPrise(), ChampsDuPompage(), ChampsDesAutres(),
-              ChampsDesTempos(),
-              ChampsTeleaction(Groupe(TIMERS, "Signalling scheme"), "Presence of signalling scheme",
-                               "acceleration", "Blocking overreach", SignalisationRAZOA())})
+        for (auto&& partie : {ChampsDesZones(), ChampsDeLaPrise(), ChampsDuPompage(),
+                              ChampsDesAutres(), ChampsDesTempos(),
+                              ChampsTeleaction(GroupeChamp(TIMERS, "Signalling scheme"),
+                                               "Presence of signalling scheme", "acceleration",
+                                               "Blocking overreach", SignalisationRAZOA())})
             t.insert(t.end(), partie.begin(), partie.end());
         return TableChamps(std::move(t));
     }();
