@@ -267,10 +267,14 @@ std::array<Complexe, 9> PointsTransitTires(const Etude& e) {
 }
 
 std::array<Complexe, 9> PointsTransitTiresDuCas(Etude& e, int cas) {
+    RemettreCasDeReport(e, cas);
+    return PointsTransitTires(e);
+}
+
+void RemettreCasDeReport(Etude& e, int cas) {
     e.TypeReportCharge = static_cast<Entier16>(cas);
     TransitCalc(e);
     if (e.ErrCalcul != 0) LeverErreur(e.ErrCalcul);
-    return PointsTransitTires(e);
 }
 
 } // namespace tournesol

@@ -340,7 +340,6 @@ TEST(DiagnosticsRAZOA, ChaqueRegleSePoseEtSEfface) {
     DiagRAZOA(e);
     for (int n = 50; n <= 56; ++n)
         EXPECT_FALSE(RegleActive(e, n)) << n;
-    const double rf = 0.8 * e.XtrDistant + 0.9 * 2.0;
 
     // 50: the phase to phase reach times S below 1.2 X2reg.
     e.X2reg_HT = 10.0 * s / 1.2 + 0.01;
@@ -366,7 +365,6 @@ TEST(DiagnosticsRAZOA, ChaqueRegleSePoseEtSEfface) {
     EXPECT_FALSE(RegleActive(e, 52));
     e.RAZOA.AvecPompage = true;
     e.Ligne_XAV = 100.0F;
-    (void)rf;
 
     // 53: 1.8 Z2reg (8 primary) below 1.1 X3reg.
     e.X3reg_HT = 1.8 * 8.0 / 1.1 + 0.01;

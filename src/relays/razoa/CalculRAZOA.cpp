@@ -34,13 +34,6 @@ double PartieEntiere(double x) {
     return std::floor(Verifier(x) + TOLERANCE);
 }
 
-// The case in force and its area, as they were before the passes over the report cases.
-void RemettreCas(Etude& e, Entier16 cas) {
-    e.TypeReportCharge = cas;
-    TransitCalc(e);
-    if (e.ErrCalcul != 0) LeverErreur(e.ErrCalcul);
-}
-
 // The distance along the angle phi from the origin to the circle of forward reach 1 and
 // backward reach D, times 2: (1 - D) cos(phi) + sqrt(((1 - D) cos(phi))^2 + 4 D).
 double FacteurCercle(double D, double phi) {
@@ -233,11 +226,9 @@ void LargeurPompageRAZOA(Etude& e) {
         }
         r.Z2 = Div(Verifier(z2), e.Kz);
     } else {
-        TransitCalc(e);
-        if (e.ErrCalcul != 0) LeverErreur(e.ErrCalcul);
-        r.Z2 = Div(PointsTransitTires(e)[0].Module * 0.9 / 2.75, e.Kz);
+        r.Z2 = Div(PointsTransitTiresDuCas(e, cas)[0].Module * 0.9 / 2.75, e.Kz);
     }
-    RemettreCas(e, cas);
+    RemettreCasDeReport(e, cas);
 }
 
 void CodagePompageRAZOA(Etude& e) {
@@ -290,14 +281,12 @@ void PriseRAZOA(Etude& e) {
             // A customer link: the circle is centred (D = 1), the lens keeps Dmini.
             D = r.Cercle ? 1.0 : dmini;
             lm = r.Cercle ? 0.753 * z2 : 1.685 * z2;
-            TransitCalc(e);
-            if (e.ErrCalcul != 0) LeverErreur(e.ErrCalcul);
-            zf = PointsTransitTires(e)[0].Module * 0.9 / 1.1;
+            zf = PointsTransitTiresDuCas(e, cas)[0].Module * 0.9 / 1.1;
         }
         if (limite && zf > lm) zf = lm;
         r.Zf = Div(Verifier(zf), kz);
         r.D = D;
-        RemettreCas(e, cas);
+        RemettreCasDeReport(e, cas);
     }
     CodagePriseRAZOA(e);
 }

@@ -61,8 +61,9 @@ void OptionsRAZOA(Etude& e);
 // zone cannot be coded ("Setting impossible").
 bool ZonesRAZOA(Etude& e);
 // The coding of the desired reactances (X1 to X3 at least 0.01): a and p1 by the search, p2 and
-// p3 for that a; the resistances, b = a (2 a on a long line), R1 = R1reg. False, and the study
-// left as it was, when a zone cannot be coded.
+// p3 for that a; the resistances, b = a (2 a on a long line), R1 = R1reg. False, and the
+// numerator, the denominators and the set values left as they were, when a zone cannot be
+// coded.
 bool CoderZonesRAZOA(Etude& e);
 
 // The desired out-of-step width Z2 from the load points, in mode "Return" with the out of step
