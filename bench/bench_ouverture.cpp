@@ -52,3 +52,4 @@ BENCHMARK_CAPTURE(BM_Ouverture, trois_bouts_90kV,
                   std::string("beaurepaire-montmeyran-laroche-90kV-3bouts.json"));
 BENCHMARK_CAPTURE(BM_Ouverture, centrale_225kV, std::string("saint-alban-centrale-225kV.json"));
 BENCHMARK_CAPTURE(BM_Ouverture, poste_225kV, std::string("saint-alban-poste-225kV.json"));
+BENCHMARK_CAPTURE(BM_Ouverture, razoa_225kV, std::string("bayet-saint-pourcain-225kV.json"));

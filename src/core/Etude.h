@@ -415,6 +415,43 @@ constexpr const char* CleFichier(const char* membre) {
     X(Booleen, Capacitif) \
     X(Reels22, ParamPXLN)
 #define RELAIS_RAZOA_VARIABLES(X) \
+    X(Reel, R1) \
+    X(Entier16, a) \
+    X(Entier16, b) \
+    X(Entier16, p1) \
+    X(Entier16, p2) \
+    X(Entier16, p3) \
+    X(Reel, R1reg) \
+    X(Reel, R2reg) \
+    X(Reel, R3reg) \
+    X(Booleen, AvecPompage) \
+    X(Reel, Z2) \
+    X(Entier32, m) \
+    X(Reel32, d) \
+    X(Entier16, q1) \
+    X(Entier16, q2) \
+    X(Reel, Z2reg) \
+    X(Booleen, Cercle) \
+    X(Booleen, Lentille) \
+    X(Reel32, Dmini) \
+    X(Reel, D) \
+    X(Reel, Zf) \
+    X(Reel, Zr) \
+    X(Entier32, A) \
+    X(Reel32, B) \
+    X(Reel, Zfreg) \
+    X(Reel, Zrreg) \
+    X(Entier16, Y) \
+    X(Reel, K) \
+    X(Entier16, Jo) \
+    X(Reel, RfProche) \
+    X(Reel, RfLoin) \
+    X(Reel, RsurX) \
+    X(Reels3, PorteeAv) \
+    X(Reels3, PorteeAr) \
+    X(Reel, PorteePompage) \
+    X(Entier16, RGZA) \
+    X(Entier16, TReg) \
     X(Texte, str26) \
     X(Texte, str27) \
     X(Texte, str28)

@@ -7,6 +7,7 @@ namespace tournesol {
 
 namespace {
 std::array<FabriquePanneauRelais, NOMBRE_RELAIS> fabriques{};
+std::array<DefautsRelais, NOMBRE_RELAIS> defauts{};
 } // namespace
 
 const char* TitreReport(int cas) {
@@ -28,6 +29,15 @@ void InitRegistre(Etude& e) {
 void InscrirePanneauRelais(int id_protection, FabriquePanneauRelais fabrique) {
     if (RelaisConnu(id_protection))
         fabriques[static_cast<std::size_t>(id_protection - 1)] = fabrique;
+}
+
+void InscrireDefautsRelais(int id_protection, DefautsRelais d) {
+    if (RelaisConnu(id_protection)) defauts[static_cast<std::size_t>(id_protection - 1)] = d;
+}
+
+void AppliquerDefautsRelais(Etude& e) {
+    for (const DefautsRelais d : defauts)
+        if (d != nullptr) d(e);
 }
 
 bool PanneauRelaisInscrit(int id_protection) {

@@ -49,4 +49,11 @@ std::unique_ptr<Panneau> CreerPanneauRelais(Etude& e, Dialogue& d);
 // True when relay id_protection has registered its panel, so that its settings can be computed.
 bool PanneauRelaisInscrit(int id_protection);
 
+// What a relay's panel puts into its own record before a study's values are read (a factor whose
+// usual position the relay's makers fixed), filled by the relays as they register; a study's own
+// values then override them. PreparerOuverture applies those of every registered relay.
+using DefautsRelais = void (*)(Etude&);
+void InscrireDefautsRelais(int id_protection, DefautsRelais defauts);
+void AppliquerDefautsRelais(Etude& e);
+
 } // namespace tournesol

@@ -266,4 +266,15 @@ std::array<Complexe, 9> PointsTransitTires(const Etude& e) {
     return p;
 }
 
+std::array<Complexe, 9> PointsTransitTiresDuCas(Etude& e, int cas) {
+    RemettreCasDeReport(e, cas);
+    return PointsTransitTires(e);
+}
+
+void RemettreCasDeReport(Etude& e, int cas) {
+    e.TypeReportCharge = static_cast<Entier16>(cas);
+    TransitCalc(e);
+    if (e.ErrCalcul != 0) LeverErreur(e.ErrCalcul);
+}
+
 } // namespace tournesol

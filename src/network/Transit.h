@@ -28,4 +28,11 @@ void TransformateursDesBouts(Etude& e);
 // those of PointsTransit.
 std::array<Complexe, 9> PointsTransitTires(const Etude& e);
 
+// The same pulled points for report case `cas`: the case is put in force and its area computed
+// (a failure of the area is raised as a run-time error). The caller puts back the case it found.
+std::array<Complexe, 9> PointsTransitTiresDuCas(Etude& e, int cas);
+// The report case `cas` put back in force with its area, after passes over the other cases (a
+// failure of the area is raised as a run-time error).
+void RemettreCasDeReport(Etude& e, int cas);
+
 } // namespace tournesol

@@ -20,6 +20,12 @@ std::string LegendeAvecUnite(const DescriptionChamp& d) {
     return d.Legende + " (" + unite + ")";
 }
 
+DescriptionChamp ChampAffiche(std::string nom, std::string legende, std::string format,
+                              std::string groupe, Variable v, std::string unite) {
+    return ChampValeur(std::move(nom), std::move(legende), std::move(format), std::move(groupe),
+                       std::move(v), false, std::move(unite));
+}
+
 TableChamps::TableChamps(std::vector<DescriptionChamp> lignes) : lignes_(std::move(lignes)) {
     legendes_.reserve(lignes_.size());
     for (std::size_t i = 0; i < lignes_.size(); ++i) {

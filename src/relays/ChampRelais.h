@@ -161,6 +161,9 @@ DescriptionChamp ChampOption(std::string nom, std::string legende, std::string g
                              double valeur);
 DescriptionChamp ChampCase(std::string nom, std::string legende, std::string groupe, Variable v);
 DescriptionChamp ChampEtiquette(std::string nom, std::string texte, std::string groupe);
+// A value the panel shows and nobody types: ChampValeur without typing.
+DescriptionChamp ChampAffiche(std::string nom, std::string legende, std::string format,
+                              std::string groupe, Variable v, std::string unite = {});
 
 // The table of a relay's fields, made once for the program (a relay keeps it in a static) and
 // shared by every panel of that relay: the rows in their order, each with its caption as the

@@ -5,6 +5,7 @@
 #include "relays/s321/CalculS321.h"
 #include "relays/sa511/CalculSA511.h"
 #include "relays/pxln/CalculPXLN.h"
+#include "relays/razoa/CalculRAZOA.h"
 
 namespace tournesol {
 
@@ -15,6 +16,7 @@ void InscrireRelais() {
         InscrireRXAP();
         InscrireS321();
         InscrirePXLN();
+        InscrireRAZOA();
         return true;
     }();
     (void)inscrits;

@@ -47,6 +47,7 @@ double CourantDuCas(const Etude& e, int cas) {
 
 void PreparerOuverture(Etude& e) {
     e.Ligne_Ex = {1, 2, 3};
+    AppliquerDefautsRelais(e);
 }
 
 void ViderLigne(Etude& e) {

@@ -26,7 +26,7 @@ void AppliquerReports(const Etude& e, OptionsReport& options);
 double CourantDuCas(const Etude& e, int cas);
 
 // What Open puts into the study state before the study's own values: the line ends in order
-// and the network defaults.
+// and the network defaults, and the defaults of the relays' records (AppliquerDefautsRelais).
 void PreparerOuverture(Etude& e);
 
 // A line the base does not hold yet starts from nothing: the values of the line and every

@@ -159,6 +159,28 @@ TEST(LigneDeCommande, RapportPdf) {
     EXPECT_EQ(sans.code, 2);
 }
 
+// The RAZOA's report: its characteristics under the line's, its settings on a third page, its
+// rules among the diagnostics.
+TEST(LigneDeCommande, RapportPdfRAZOA) {
+    const fs::path pdf = fs::temp_directory_path() / "tournesol-rapport-razoa.pdf";
+    fs::remove(pdf);
+    const fs::path exemple = fs::path(TOURNESOL_EXEMPLES) / "bayet-saint-pourcain-225kV.json";
+    const Resultat r = Lancer("report " + exemple.string() + " -o " + pdf.string());
+    ASSERT_EQ(r.code, 0) << r.erreurs;
+    const fs::path texte = fs::temp_directory_path() / "tournesol-rapport-razoa.txt";
+    ASSERT_EQ(std::system(("pdftotext -layout " + pdf.string() + " " + texte.string()).c_str()), 0);
+    std::ifstream t(texte);
+    const std::string contenu((std::istreambuf_iterator<char>(t)), {});
+    EXPECT_EQ(std::count(contenu.begin(), contenu.end(), '\f'), 3); // three pages
+    for (const char* attendu :
+         {"RAZOA n° 1", "The forward reach on phase to phase loop is lower than 1.2 times the",
+          "Relay characteristics", "the out of step is enabled", "circular characteristic",
+          "angle of the characteristic on balanced operation: 105°", "Acceleration", "Settings",
+          "Forward pick up : Zf", "A = 20", "Common zone parameters", "a=69", "p1=20",
+          "(str26) = 0N", "(T2) = 3", "Tripping timer of relay RGZ30"})
+        EXPECT_NE(contenu.find(attendu), std::string::npos) << attendu;
+}
+
 // Files beyond the reader's bounds are refused by every verb that reads a study, with exit 2
 // and the place named: a number beyond a double, nesting past the bound, a file too large.
 TEST(LigneDeCommande, BornesDuFichierEtude) {

@@ -48,14 +48,6 @@ double ZoneSurRoues(double x, float typeIn, bool premiere, float& n, bool& paral
     return reglee;
 }
 
-// The load points of one report case, pulled to the 30-degree sectors.
-std::array<Complexe, 9> PointsDuCas(Etude& e, int cas) {
-    e.TypeReportCharge = static_cast<Entier16>(cas);
-    TransitCalc(e);
-    if (e.ErrCalcul != 0) LeverErreur(e.ErrCalcul);
-    return PointsTransitTires(e);
-}
-
 // The smallest F of the ellipse over the load points, eccentricity e and e2 across.
 double PlusPetitF(const std::array<Complexe, 9>& p, double arg, double ex, double ex2) {
     double plusPetit = 0.0;
@@ -91,8 +83,8 @@ double FocaleDuTableau(double fmax) {
 }
 
 void EllipseMaillee(Etude& e, RelaisRXAP& r) {
-    const std::array<Complexe, 9> a = PointsDuCas(e, 0);
-    const std::array<Complexe, 9> c = PointsDuCas(e, 2);
+    const std::array<Complexe, 9> a = PointsTransitTiresDuCas(e, 0);
+    const std::array<Complexe, 9> c = PointsTransitTiresDuCas(e, 2);
     const auto [ea, ea2] = Excentricites(e, 5, 0);
     const auto [ec, ec2] = Excentricites(e, 5, 2);
     const double fmax =
@@ -122,7 +114,7 @@ void CercleMaille(Etude& e, RelaisRXAP& r) {
     r.MR = r.MRAP = r.Image = 0.0;
     const double m = r.AvecImage ? std::trunc(Div(e.ZL_eq, e.Kz * 0.3)) + 1.0 : 0.0;
     auto plusPetitW = [&](int cas) {
-        const std::array<Complexe, 9> p = PointsDuCas(e, cas);
+        const std::array<Complexe, 9> p = PointsTransitTiresDuCas(e, cas);
         double w = 0.0;
         for (std::size_t i = 0; i < POINTS_DE_CHARGE; ++i) {
             const double zs = p[i].Module * MARGE;
@@ -146,8 +138,7 @@ void CercleMaille(Etude& e, RelaisRXAP& r) {
 }
 
 void CercleClient(Etude& e, RelaisRXAP& r) {
-    TransitCalc(e);
-    if (e.ErrCalcul != 0) LeverErreur(e.ErrCalcul);
+    RemettreCasDeReport(e, e.TypeReportCharge);
     const double z1 = PointsTransitTires(e)[0].Module;
     r.MRAP = Div(RACINE3 / 2.0 * 0.9 * z1, e.Kz * 1.1);
     if (r.AvecPompage) {

@@ -22,13 +22,6 @@ constexpr std::size_t POINTS_DE_CHARGE = 6;
 // The timers are 16-bit integers: the relay's 40000 ms cannot be kept.
 constexpr double TEMPO_MAX = 32767.0;
 
-std::array<Complexe, 9> PointsDuCas(Etude& e, int cas) {
-    e.TypeReportCharge = static_cast<Entier16>(cas);
-    TransitCalc(e);
-    if (e.ErrCalcul != 0) LeverErreur(e.ErrCalcul);
-    return PointsTransitTires(e);
-}
-
 // The out-of-step rectangles from the load: B over the odd points for the forward side, over the
 // even ones for the backward side, never larger than what a former case gave.
 void BandesPompage(const std::array<Complexe, 9>& p, RelaisS321& r, bool premier) {
@@ -61,10 +54,10 @@ double PlusPetitF(const Etude& e, const std::array<Complexe, 9>& p) {
 
 std::optional<double> ChargeMaillee(Etude& e) {
     RelaisS321& r = e.S321;
-    const std::array<Complexe, 9> a = PointsDuCas(e, 0);
+    const std::array<Complexe, 9> a = PointsTransitTiresDuCas(e, 0);
     if (r.AvecPompage) BandesPompage(a, r, true);
     const double fa = PlusPetitF(e, a);
-    const std::array<Complexe, 9> c = PointsDuCas(e, 2);
+    const std::array<Complexe, 9> c = PointsTransitTiresDuCas(e, 2);
     if (r.AvecPompage) {
         BandesPompage(c, r, false);
         RectanglesPompage(r, (2.0 * e.Ligne_XSmini + 2.0 * e.Ligne_XS + e.XL_eq) * 0.1);
@@ -72,7 +65,7 @@ std::optional<double> ChargeMaillee(Etude& e) {
     r.Z4MG = std::min(fa, PlusPetitF(e, c));
     r.Z3MG = r.Z4MG - e.ZL_eq;
 
-    const std::array<Complexe, 9> m = PointsDuCas(e, 1);
+    const std::array<Complexe, 9> m = PointsTransitTiresDuCas(e, 1);
     const double kt = e.ko_eq;
     const double km = e.kom_eq;
     const double cr = e.Ligne_CRm;
@@ -89,8 +82,7 @@ std::optional<double> ChargeMaillee(Etude& e) {
 
 std::optional<double> ChargeClient(Etude& e, Dialogue& d) {
     RelaisS321& r = e.S321;
-    TransitCalc(e);
-    if (e.ErrCalcul != 0) LeverErreur(e.ErrCalcul);
+    RemettreCasDeReport(e, e.TypeReportCharge);
     const Complexe p1 = PointsTransitTires(e)[0];
     if (r.AvecPompage) {
         r.R1R6 = DM * p1.Module * std::cos(p1.Argument);
@@ -144,10 +136,7 @@ std::optional<double> ChargeS321(Etude& e, Dialogue& d) {
         throw;
     }
     // The case in force and its area, as they were.
-    if (e.TypeReportCharge != cas) {
-        e.TypeReportCharge = cas;
-        TransitCalc(e);
-    }
+    if (e.TypeReportCharge != cas) RemettreCasDeReport(e, cas);
     return rz;
 }
 
