@@ -22,18 +22,11 @@ template <class T> Variable Pd3a(T RelaisPD3A::*membre) {
     return Lien(&Etude::PD3A, membre);
 }
 
-// A value the panel shows and nobody types.
-DescriptionChamp Affiche(std::string nom, std::string legende, std::string format,
-                         std::string groupe, Variable v, std::string unite = {}) {
-    return ChampValeur(std::move(nom), std::move(legende), std::move(format), std::move(groupe),
-                       std::move(v), false, std::move(unite));
-}
-
 // A timer typed in milliseconds, within 0 to `max`, down to tens when `dizaines`.
 DescriptionChamp Tempo(std::string nom, std::string legende, const char* cadre, Entier16 Etude::*t,
                        double max, bool dizaines) {
-    DescriptionChamp d = Affiche(std::move(nom), std::move(legende), "###0",
-                                 GroupeFeuille(TIMERS, cadre), Lien(t), "ms");
+    DescriptionChamp d = ChampAffiche(std::move(nom), std::move(legende), "###0",
+                                      GroupeFeuille(TIMERS, cadre), Lien(t), "ms");
     d.Min = 0.0;
     d.Max = max;
     d.Saisie = true;
@@ -106,13 +99,13 @@ std::vector<DescriptionChamp> ChampsDesZones() {
                      .Valeur = Lien(z.xregHT)});
     }
     const std::string roues = GroupeFeuille(ZONES, "Parameters for zone setting");
-    t.push_back(Affiche("txtk1", "K1: ", "#0", roues, Pd3a(&RelaisPD3A::K1)));
-    t.push_back(Affiche("txtm1", "m1: ", "#0", roues, Pd3a(&RelaisPD3A::m1)));
-    t.push_back(Affiche("txtK2", "K2: ", "#0", roues, Pd3a(&RelaisPD3A::K2)));
+    t.push_back(ChampAffiche("txtk1", "K1: ", "#0", roues, Pd3a(&RelaisPD3A::K1)));
+    t.push_back(ChampAffiche("txtm1", "m1: ", "#0", roues, Pd3a(&RelaisPD3A::m1)));
+    t.push_back(ChampAffiche("txtK2", "K2: ", "#0", roues, Pd3a(&RelaisPD3A::K2)));
     // Rewritten for the 6562 alone.
-    t.push_back(Affiche("txtm2", "m2: ", "#0", roues, {}, "(PD3A 6562 only)"));
-    t.push_back(Affiche("txtK3", "K3: ", "#0", roues, Pd3a(&RelaisPD3A::K3)));
-    t.push_back(Affiche("txtk4", "K4: ", "#0", roues, Pd3a(&RelaisPD3A::K4)));
+    t.push_back(ChampAffiche("txtm2", "m2: ", "#0", roues, {}, "(PD3A 6562 only)"));
+    t.push_back(ChampAffiche("txtK3", "K3: ", "#0", roues, Pd3a(&RelaisPD3A::K3)));
+    t.push_back(ChampAffiche("txtk4", "K4: ", "#0", roues, Pd3a(&RelaisPD3A::K4)));
     t.push_back({.Nom = "lblRemarque",
                  .Legende = "(les relations entre la réactannce X1 d'une part, K1 et m1 d'autre "
                             "part, ... sont données par les tableaux de la notice d'utilisation )",
@@ -157,23 +150,25 @@ std::vector<DescriptionChamp> ChampsDeMiseEnRoute() {
          .Nature = NatureValeur::Reglee,
          .Groupe = resistance,
          .Valeur = Lien(&Etude::Rreg_HT)},
-        Affiche("txtRd", "Rd (integer from 1 to 11) =", "#0", resistance, Pd3a(&RelaisPD3A::Rd)),
-        Affiche("txtrsurx", "Ratio R / X", "#0.##", resistance, Pd3a(&RelaisPD3A::RsurX)),
+        ChampAffiche("txtRd", "Rd (integer from 1 to 11) =", "#0", resistance,
+                     Pd3a(&RelaisPD3A::Rd)),
+        ChampAffiche("txtrsurx", "Ratio R / X", "#0.##", resistance, Pd3a(&RelaisPD3A::RsurX)),
     };
     const std::string terre = GroupeFeuille(PICK_UP, "Earth factor and angle");
-    t.push_back(Affiche("txtko1", "Ko1 (integer from 0 to 9) =", "0", terre, Lien(&Etude::Ko1)));
-    t.push_back(Affiche("txtko2", "Ko2 (10; 20; ou 30) =", "#0", terre, Lien(&Etude::Ko2)));
     t.push_back(
-        Affiche("txtko_reg", "ko set = 0.1 * (Ko1 + Ko2) =", "0.0", terre, Lien(&Etude::ko_reg)));
-    t.push_back(Affiche("txtpos_teta", "Position teta (integer from 1 to 9)", "0", terre,
-                        Pd3a(&RelaisPD3A::PosTeta)));
-    DescriptionChamp teta = Affiche("Txtteta", "40 + 5 * position teta = θ = ", "#0", terre,
-                                    Lien(&Etude::teta), "degrees");
+        ChampAffiche("txtko1", "Ko1 (integer from 0 to 9) =", "0", terre, Lien(&Etude::Ko1)));
+    t.push_back(ChampAffiche("txtko2", "Ko2 (10; 20; ou 30) =", "#0", terre, Lien(&Etude::Ko2)));
+    t.push_back(ChampAffiche("txtko_reg", "ko set = 0.1 * (Ko1 + Ko2) =", "0.0", terre,
+                             Lien(&Etude::ko_reg)));
+    t.push_back(ChampAffiche("txtpos_teta", "Position teta (integer from 1 to 9)", "0", terre,
+                             Pd3a(&RelaisPD3A::PosTeta)));
+    DescriptionChamp teta = ChampAffiche("Txtteta", "40 + 5 * position teta = θ = ", "#0", terre,
+                                         Lien(&Etude::teta), "degrees");
     teta.Saisie = true;
     t.push_back(teta);
-    t.push_back(Affiche("txtir_ht", "threshold Ir = 0.24 * In =", "###0", terre,
-                        {[](const Etude& e) { return 0.24 * e.Ligne_Ip; }, [](Etude&, double) {}},
-                        "A  HT"));
+    t.push_back(ChampAffiche(
+        "txtir_ht", "threshold Ir = 0.24 * In =", "###0", terre,
+        {[](const Etude& e) { return 0.24 * e.Ligne_Ip; }, [](Etude&, double) {}}, "A  HT"));
     t.push_back({.Nom = CHK_POMPAGE,
                  .Legende = "Out of step",
                  .Groupe = GroupeFeuille(PICK_UP, "Out of step"),
@@ -184,19 +179,19 @@ std::vector<DescriptionChamp> ChampsDeMiseEnRoute() {
 std::vector<DescriptionChamp> ChampsDesTempos() {
     return {
         Tempo("txtt1", "T1 =", "Short line first step timer", &Etude::T1, 999.0, false),
-        Affiche("txtTA(0)", "(T1) =", "00", GroupeFeuille(TIMERS, "Short line first step timer"),
-                Pd3a(&RelaisPD3A::TA)),
-        Affiche("txtTA(1)", " C = ", "#0", GroupeFeuille(TIMERS, "Short line first step timer"),
-                Pd3a(&RelaisPD3A::C1)),
+        ChampAffiche("txtTA(0)", "(T1) =", "00",
+                     GroupeFeuille(TIMERS, "Short line first step timer"), Pd3a(&RelaisPD3A::TA)),
+        ChampAffiche("txtTA(1)", " C = ", "#0",
+                     GroupeFeuille(TIMERS, "Short line first step timer"), Pd3a(&RelaisPD3A::C1)),
         Tempo("txtt2", "T2 =", "Quick second step timer", &Etude::T2, 999.0, true),
-        Affiche("txtTB", "(T2) =", "00", GroupeFeuille(TIMERS, "Quick second step timer"),
-                Pd3a(&RelaisPD3A::TB)),
+        ChampAffiche("txtTB", "(T2) =", "00", GroupeFeuille(TIMERS, "Quick second step timer"),
+                     Pd3a(&RelaisPD3A::TB)),
         Tempo("txtt3", "T3=", "Slow second step timer", &Etude::T3, 999.0, true),
-        Affiche("txtTC", "(T3) =", "00", GroupeFeuille(TIMERS, "Slow second step timer"),
-                Pd3a(&RelaisPD3A::TC)),
+        ChampAffiche("txtTC", "(T3) =", "00", GroupeFeuille(TIMERS, "Slow second step timer"),
+                     Pd3a(&RelaisPD3A::TC)),
         Tempo("txtt4", "T4 =", "Third and fourth step timer", &Etude::T4, 9990.0, true),
-        Affiche("txtTd", "(T4) =", "00", GroupeFeuille(TIMERS, "Third and fourth step timer"),
-                Pd3a(&RelaisPD3A::TD)),
+        ChampAffiche("txtTd", "(T4) =", "00", GroupeFeuille(TIMERS, "Third and fourth step timer"),
+                     Pd3a(&RelaisPD3A::TD)),
     };
 }
 
