@@ -418,7 +418,8 @@ constexpr const char* CleFichier(const char* membre) {
     X(Texte, str26) \
     X(Texte, str27) \
     X(Texte, str28)
-#define RELAIS_REL100_VARIABLES(X)
+#define RELAIS_REL100_VARIABLES(X) \
+    X(Reel, RsurX)
 #define RELAIS_REZ1_VARIABLES(X)
 #define RELAIS_RXAP_VARIABLES(X) \
     X(Reel32, N1) \

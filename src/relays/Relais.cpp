@@ -1,10 +1,11 @@
 #include "relays/Relais.h"
 
 #include "relays/pd3a/CalculPD3A.h"
+#include "relays/pxln/CalculPXLN.h"
+#include "relays/rel100/CalculREL100.h"
 #include "relays/rxap/CalculRXAP.h"
 #include "relays/s321/CalculS321.h"
 #include "relays/sa511/CalculSA511.h"
-#include "relays/pxln/CalculPXLN.h"
 
 namespace tournesol {
 
@@ -15,6 +16,7 @@ void InscrireRelais() {
         InscrireRXAP();
         InscrireS321();
         InscrirePXLN();
+        InscrireREL100();
         return true;
     }();
     (void)inscrits;
