@@ -3,6 +3,7 @@
 #include "relays/pd3a/CalculPD3A.h"
 #include "relays/pxln/CalculPXLN.h"
 #include "relays/rel100/CalculREL100.h"
+#include "relays/rez1/CalculREZ1.h"
 #include "relays/rxap/CalculRXAP.h"
 #include "relays/s321/CalculS321.h"
 #include "relays/sa511/CalculSA511.h"
@@ -17,6 +18,7 @@ void InscrireRelais() {
         InscrireS321();
         InscrirePXLN();
         InscrireREL100();
+        InscrireREZ1();
         return true;
     }();
     (void)inscrits;

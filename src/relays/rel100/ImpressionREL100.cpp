@@ -55,7 +55,7 @@ void Reglages(ContexteImpression& c) {
     Rangee(c,
            {{0, "Characteristic angle"}, {COLONNE_PRIMAIRE, FormaterNombre(e.teta, "#0") + " °"}});
     Rangee(c, {{0, "Earth factor: ko"}, {COLONNE_PRIMAIRE, FormaterNombre(e.ko_reg, "0.00")}});
-    Rangee(c, {{0, "ratio R / X1"}, {COLONNE_PRIMAIRE, FormaterNombre(e.REL100.RsurX, "##.##")}});
+    Rangee(c, {{0, "ratio R / X1"}, {COLONNE_PRIMAIRE, FormaterNombre(e.REL100.RsurX, "#0.##")}});
     AvancerProgression(c.e, c.etat, 1);
     c.page.ALaLigne();
     Titre(c, "Timers ");

@@ -1,6 +1,6 @@
-// A REL 100 set through the windows, offscreen: chosen in the opening dialog, its panel on a new
-// 90 kV line, a forward reach typed in mode "Modify" and taken to its step, the diagram
-// following on OK, then the study saved and opened again with the same settings.
+// The REL 100 and the REZ1 set through the windows, offscreen: each chosen in the opening dialog,
+// its panel on a new 90 kV line, a third reach typed in mode "Modify" and taken up to its step,
+// the diagram following on OK, then the study saved and opened again with the same settings.
 #include "../../core/views/Pilote.h"
 #include "../../shell/views/Gestes.h"
 #include "../../shell/views/Vues.h"
@@ -40,11 +40,12 @@ void RemplirLigne90(Etude& e) {
 struct Reglages {
     double x1, x2, x3, x4, r;
     float teta;
-    double ko;
+    double ko, zpi, rpi;
     bool operator==(const Reglages&) const = default;
 };
 Reglages LireReglages(const Etude& e) {
-    return {e.X1reg_HT, e.X2reg_HT, e.X3reg_HT, e.X4reg_HT, e.Rreg_HT, e.teta, e.ko_reg};
+    return {e.X1reg_HT, e.X2reg_HT, e.X3reg_HT,       e.X4reg_HT,   e.Rreg_HT,
+            e.teta,     e.ko_reg,   e.REZ1.Zpireg_HT, e.REZ1.Rpi_HT};
 }
 
 int PixelsChanges(const QImage& a, const QImage& b) {
@@ -56,9 +57,17 @@ int PixelsChanges(const QImage& a, const QImage& b) {
     return n;
 }
 
-} // namespace
+// A relay of quadrilaterals, its third reach typed at 6.01 secondary ohms on this 1 A line and
+// set at `regle`, the next step up.
+struct Cas {
+    const char* relais;
+    int id;
+    const char* panneau;
+    const char* regle;
+    double valeurRegle;
+};
 
-TEST(FenetresREL100, DuTitreAuPanneauPuisALaBaseEtRetour) {
+void TitrePanneauBaseEtRetour(const Cas& cas) {
     QTemporaryDir dossier;
     ASSERT_TRUE(dossier.isValid());
     BaseEtudesSql base(dossier.path().toStdString() + "/");
@@ -77,27 +86,26 @@ TEST(FenetresREL100, DuTitreAuPanneauPuisALaBaseEtRetour) {
         if (nom == "frmtitre") {
             ++titres;
             if (titres == 1) {
-                NommerEtude(w, "PONTCHARRA", "VALLON", "REL 100", "3");
+                NommerEtude(w, "PONTCHARRA", "VALLON", cas.relais, "3");
             } else if (titres == 2) {
-                EXPECT_TRUE(ChoisirEtude(w, "PONTCHARRA", "VALLON", "REL 100", "3"));
-                e.X3reg_HT = e.X1reg_HT = 0.0;
+                EXPECT_TRUE(ChoisirEtude(w, "PONTCHARRA", "VALLON", cas.relais, "3"));
+                e.X3reg_HT = e.X1reg_HT = e.REZ1.Zpireg_HT = 0.0;
             } else {
                 QuitterTitre(w);
                 return;
             }
             ConfirmerTitre(w);
         } else if (nom == "frmChoixProtection") {
-            ChoisirRelais(w, 9);
-        } else if (nom == "frmREL100") {
+            ChoisirRelais(w, cas.id);
+        } else if (nom == cas.panneau) {
             ++panneaux;
             etiquette = w->findChild<QLabel*>("lblRelais")->text().toStdString();
             if (depuisLaFenetre) {
-                // In "Modify": a forward reach typed at 6.01 secondary ohms, set at the next
-                // step up (0.05 on this 1 A relay).
+                // In "Modify".
                 EXPECT_FALSE(e.PanneauRelais);
                 ASSERT_EQ(e.Is, 1.0F);
                 TaperLigne(w->findChild<QLineEdit*>("txtX3_bt"), "6.01", true);
-                EXPECT_EQ(w->findChild<QLineEdit*>("txtX3reg_BT")->text(), "6.05");
+                EXPECT_EQ(w->findChild<QLineEdit*>("txtX3reg_BT")->text(), cas.regle);
             }
             QTest::mouseClick(w->findChild<QPushButton*>("Command1"), Qt::LeftButton);
         } else if (nom == "frmDémarre") {
@@ -147,10 +155,22 @@ TEST(FenetresREL100, DuTitreAuPanneauPuisALaBaseEtRetour) {
     }
     EXPECT_EQ(fenetres, 2);
     EXPECT_GE(panneaux, 1);
-    EXPECT_EQ(etiquette, "REL 100");
-    // 6.01 taken up to 6.05, in primary ohms; the plane redrawn with it.
-    EXPECT_NEAR(sauves.x3, 6.05 * e.Kz, 1e-9);
+    EXPECT_EQ(etiquette, cas.relais);
+    // The set value in primary ohms; the plane redrawn with it.
+    EXPECT_NEAR(sauves.x3, cas.valeurRegle * e.Kz, 1e-9);
     EXPECT_GT(changes, 200);
     EXPECT_GT(rouverts.x1, 0.0);
     EXPECT_EQ(rouverts, sauves);
+}
+
+} // namespace
+
+// Steps of 0.05 ohm at 1 A.
+TEST(FenetresQuadrilateres, LeREL100DuTitreAuPanneauPuisALaBaseEtRetour) {
+    TitrePanneauBaseEtRetour({"REL 100", 9, "frmREL100", "6.05", 6.05});
+}
+
+// Steps of 0.1 ohm at 1 A; the out-of-step reach comes back with the rest.
+TEST(FenetresQuadrilateres, LeREZ1DuTitreAuPanneauPuisALaBaseEtRetour) {
+    TitrePanneauBaseEtRetour({"REZ1", 10, "frmREZ1", "6.10", 6.1});
 }
