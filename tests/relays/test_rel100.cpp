@@ -183,9 +183,15 @@ struct EtudeREL100 : ::testing::Test {
 TEST_F(EtudeREL100, UneLigneMailleeGardeLaZoneDePompageHorsDeLaCharge) {
     Ouvrir("pontcharra-vallon-90kV-rel100.json");
     e.TypeReportCharge = 1;
+    const Complexes9 points = e.PointsTransit;
     CalculZonesREL100(e);
     CalculResistanceREL100(e, d);
-    EXPECT_EQ(e.TypeReportCharge, 1); // given back
+    // Given back, and the load points with it: the other cases leave nothing behind.
+    EXPECT_EQ(e.TypeReportCharge, 1);
+    for (std::size_t i = 0; i < points.size(); ++i) {
+        EXPECT_EQ(e.PointsTransit[i].Re, points[i].Re) << i;
+        EXPECT_EQ(e.PointsTransit[i].Im, points[i].Im) << i;
+    }
     EXPECT_NEAR(e.X1_HT, e.Ligne_Xprim1, 1e-9);
     EXPECT_NEAR(e.X4_HT, e.Ligne_Xprim3 - e.XL_eq, 1e-9);
     // 1.25 times the resistance stays within the nearest load of the three cases.

@@ -69,12 +69,17 @@ void CalculZonesREL100(Etude& e) {
 }
 
 double DistanceChargeQuadrilatere(Etude& e, Dialogue& d, double hautPompage) {
-    // The report case in force, given back however the computation ends.
+    // The report case in force and its load points, given back however the computation ends:
+    // the areas of the other cases leave no point behind them.
     struct GardeReport {
         Etude& e;
         Entier16 cas;
-        ~GardeReport() { e.TypeReportCharge = cas; }
-    } garde{e, e.TypeReportCharge};
+        Complexes9 points;
+        ~GardeReport() {
+            e.TypeReportCharge = cas;
+            e.PointsTransit = points;
+        }
+    } garde{e, e.TypeReportCharge, e.PointsTransit};
     double distance = 0.0;
     {
         if (e.Ligne_alim == 0) {

@@ -54,7 +54,8 @@ void CalculZonesREL100(Etude& e);
 // the load area (margin 0.9 / 1.1 on the load points pulled to the 30 degree sectors): on a meshed
 // line the smallest of the three report cases, on a customer link the resistive side through the
 // point where the out-of-step zone's top meets the load circle ("incompatible data" when it does
-// not fit), on a plant link the current report case. The report case in force is given back.
+// not fit), on a plant link the current report case. The report case in force and the load points
+// are given back as they were.
 // The REL 100 and the REZ1 take their resistive reach from it.
 double DistanceChargeQuadrilatere(Etude& e, Dialogue& d, double hautPompage);
 

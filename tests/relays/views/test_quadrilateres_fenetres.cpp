@@ -10,6 +10,7 @@
 #include "shell/Application.h"
 #include "shell/PanneauDemarre.h"
 
+#include <QAbstractButton>
 #include <QAction>
 #include <QImage>
 #include <QLabel>
@@ -125,6 +126,10 @@ void TitrePanneauBaseEtRetour(const Cas& cas) {
             auto* diagramme = w->findChild<QWidget*>("imgCaractéristique");
             if (fenetres == 1) {
                 const QImage avant = diagramme->grab().toImage();
+                // The panel opened in "Modify", from the settings already computed.
+                auto* modifier = w->findChild<QAbstractButton*>("chkpanneauprotection");
+                ASSERT_NE(modifier, nullptr);
+                if (!modifier->isChecked()) modifier->click();
                 depuisLaFenetre = true;
                 QTest::mouseClick(w->findChild<QPushButton*>("cmdextra"), Qt::LeftButton);
                 depuisLaFenetre = false;
