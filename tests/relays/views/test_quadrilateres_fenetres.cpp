@@ -17,11 +17,11 @@
 #include <QLineEdit>
 #include <QPointer>
 #include <QPushButton>
-#include <QRadioButton>
 #include <QTabWidget>
 #include <QTemporaryDir>
 #include <QTimer>
 #include <gtest/gtest.h>
+#include <vector>
 
 using namespace tournesol;
 
@@ -66,6 +66,9 @@ struct Cas {
     const char* panneau;
     const char* regle;
     double valeurRegle;
+    // The sheets of the panel, and the fields that must stand on them.
+    std::vector<QString> feuilles;
+    std::vector<const char*> champs;
 };
 
 void TitrePanneauBaseEtRetour(const Cas& cas) {
@@ -101,6 +104,13 @@ void TitrePanneauBaseEtRetour(const Cas& cas) {
         } else if (nom == cas.panneau) {
             ++panneaux;
             etiquette = w->findChild<QLabel*>("lblRelais")->text().toStdString();
+            auto* onglets = w->findChild<QTabWidget*>("Onglets");
+            ASSERT_NE(onglets, nullptr);
+            ASSERT_EQ(static_cast<std::size_t>(onglets->count()), cas.feuilles.size());
+            for (int i = 0; i < onglets->count(); ++i)
+                EXPECT_EQ(onglets->tabText(i), cas.feuilles[static_cast<std::size_t>(i)]);
+            for (const char* champ : cas.champs)
+                EXPECT_NE(w->findChild<QWidget*>(QString::fromUtf8(champ)), nullptr) << champ;
             if (depuisLaFenetre) {
                 // In "Modify".
                 EXPECT_FALSE(e.PanneauRelais);
@@ -172,10 +182,24 @@ void TitrePanneauBaseEtRetour(const Cas& cas) {
 
 // Steps of 0.05 ohm at 1 A.
 TEST(FenetresQuadrilateres, LeREL100DuTitreAuPanneauPuisALaBaseEtRetour) {
-    TitrePanneauBaseEtRetour({"REL 100", 9, "frmREL100", "6.05", 6.05});
+    TitrePanneauBaseEtRetour(
+        {"REL 100",
+         9,
+         "frmREL100",
+         "6.05",
+         6.05,
+         {"&Zones", "&Resistance", "&Timers"},
+         {"txtX4reg_HT", "txtRreg_BT", "txtteta", "txtko", "txtt4", "chkTéléaction"}});
 }
 
 // Steps of 0.1 ohm at 1 A; the out-of-step reach comes back with the rest.
 TEST(FenetresQuadrilateres, LeREZ1DuTitreAuPanneauPuisALaBaseEtRetour) {
-    TitrePanneauBaseEtRetour({"REZ1", 10, "frmREZ1", "6.10", 6.1});
+    TitrePanneauBaseEtRetour({"REZ1",
+                              10,
+                              "frmREZ1",
+                              "6.10",
+                              6.1,
+                              {"&Zones", "&Out of step", "&Resistance", "&Timers"},
+                              {"txtZpi_bt", "txtZpireg_HT", "txtZpe_HT", "txtRpe_HT", "txtRpi_HT",
+                               "txtko", "chkVerrouillage"}});
 }
