@@ -455,8 +455,15 @@ constexpr const char* CleFichier(const char* membre) {
     X(Texte, str26) \
     X(Texte, str27) \
     X(Texte, str28)
-#define RELAIS_REL100_VARIABLES(X)
-#define RELAIS_REZ1_VARIABLES(X)
+#define RELAIS_REL100_VARIABLES(X) \
+    X(Reel, RsurX)
+#define RELAIS_REZ1_VARIABLES(X) \
+    X(Reel, Zpi_BT) \
+    X(Reel, Zpi_HT) \
+    X(Reel, Zpireg_BT) \
+    X(Reel, Zpireg_HT) \
+    X(Reel, Rpi_HT) \
+    X(Reel, RsurX)
 #define RELAIS_RXAP_VARIABLES(X) \
     X(Reel32, N1) \
     X(Reel32, N2) \

@@ -78,11 +78,17 @@ double LimiterValeur(const DescriptionChamp& d, double valeur) {
 
 double ArrondirAuPas(const DescriptionChamp& d, double valeur) {
     if (!(d.Pas > 0.0)) return valeur;
+    const double arrondi = ArrondirAuPas(valeur, d.Pas, d.Arrondi);
+    return d.Format.empty() ? arrondi : ArrondirSelonFormat(arrondi, d.Format);
+}
+
+double ArrondirAuPas(double valeur, double pas, ModeArrondi mode) {
+    if (!(pas > 0.0)) return valeur;
     // A value that is a multiple of the step up to the noise of the division stays where it is.
     constexpr double bruit = 1e-9;
-    const double q = valeur / d.Pas;
+    const double q = valeur / pas;
     double n = 0.0;
-    switch (d.Arrondi) {
+    switch (mode) {
     case ModeArrondi::Proche:
         n = std::round(q);
         break;
@@ -93,8 +99,7 @@ double ArrondirAuPas(const DescriptionChamp& d, double valeur) {
         n = std::ceil(q - bruit);
         break;
     }
-    const double arrondi = n * d.Pas;
-    return d.Format.empty() ? arrondi : ArrondirSelonFormat(arrondi, d.Format);
+    return n * pas;
 }
 
 std::string GroupeFeuille(std::string_view feuille, std::string_view cadre) {

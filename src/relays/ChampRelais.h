@@ -202,5 +202,7 @@ double LimiterValeur(const DescriptionChamp& d, double valeur);
 
 // A value taken to the field's step (nothing without a step).
 double ArrondirAuPas(const DescriptionChamp& d, double valeur);
+// A value taken to a relay's step in that direction (nothing for a step that is not positive).
+double ArrondirAuPas(double valeur, double pas, ModeArrondi mode);
 
 } // namespace tournesol

@@ -1,11 +1,13 @@
 #include "relays/Relais.h"
 
 #include "relays/pd3a/CalculPD3A.h"
+#include "relays/pxln/CalculPXLN.h"
+#include "relays/razoa/CalculRAZOA.h"
+#include "relays/rel100/CalculREL100.h"
+#include "relays/rez1/CalculREZ1.h"
 #include "relays/rxap/CalculRXAP.h"
 #include "relays/s321/CalculS321.h"
 #include "relays/sa511/CalculSA511.h"
-#include "relays/pxln/CalculPXLN.h"
-#include "relays/razoa/CalculRAZOA.h"
 
 namespace tournesol {
 
@@ -17,6 +19,8 @@ void InscrireRelais() {
         InscrireS321();
         InscrirePXLN();
         InscrireRAZOA();
+        InscrireREL100();
+        InscrireREZ1();
         return true;
     }();
     (void)inscrits;

@@ -187,27 +187,27 @@ TEST(Diagnostics, PXLPImprimeLaRegle42SansLaMontrer) {
 
 TEST(Diagnostics, UnRelaisSansPanneauNeDonneAucunVerdict) {
     Etude e;
-    e.id_protection = 9; // REL 100: no panel in this program
-    ASSERT_FALSE(PanneauRelaisInscrit(9));
+    e.id_protection = 6; // PXLP: no panel in this program
+    ASSERT_FALSE(PanneauRelaisInscrit(6));
     bool ouverts = false;
     FenetreDiagnostics f(e, ouverts);
     f.Montrer();
-    EXPECT_TRUE(Visible(f, "fraDiagnostics(9)"));
-    EXPECT_FALSE(Visible(f, "lblConforme(9)"));
+    EXPECT_TRUE(Visible(f, "fraDiagnostics(6)"));
+    EXPECT_FALSE(Visible(f, "lblConforme(6)"));
     EXPECT_TRUE(Visible(f, "lblNonCalcule"));
     EXPECT_EQ(f.Trouver("lblNonCalcule")->Texte(),
-              "Settings of the REL 100 not computed (no panel for this relay yet).");
+              "Settings of the PXLP not computed (no panel for this relay yet).");
     // A rule set all the same is still shown: a discordance is never hidden.
-    PoserRegle(e, 60, 4.0);
+    PoserRegle(e, 38, 4.0);
     f.MajDiagnostics();
-    EXPECT_TRUE(Visible(f, "lblRegle(60)"));
-    EXPECT_FALSE(Visible(f, "lblConforme(9)"));
+    EXPECT_TRUE(Visible(f, "lblRegle(38)"));
+    EXPECT_FALSE(Visible(f, "lblConforme(6)"));
     // A relay that can be computed gives its verdict, and no such text.
     {
-        const PanneauEssai rel100(9);
-        EffacerRegle(e, 60);
+        const PanneauEssai pxlp(6);
+        EffacerRegle(e, 38);
         f.MajDiagnostics();
-        EXPECT_TRUE(Visible(f, "lblConforme(9)"));
+        EXPECT_TRUE(Visible(f, "lblConforme(6)"));
         EXPECT_FALSE(Visible(f, "lblNonCalcule"));
     }
     // Without a relay there is nothing to say either way.
