@@ -355,7 +355,10 @@ constexpr const char* CleFichier(const char* membre) {
     X(Reel, PhiCharge1) \
     X(Reel, PhiCharge2) \
     X(Reels9, Tempo)
-#define RELAIS_EPAC_VARIABLES(X)
+#define RELAIS_EPAC_VARIABLES(X) \
+    X(Reel32, BandeX) \
+    X(Reel32, BandeR) \
+    X(Reel, RsurX)
 #define RELAIS_PD3A_VARIABLES(X) \
     X(Booleen, Type6062) \
     X(Booleen, Type6562) \

@@ -70,13 +70,13 @@ double LimiterValeur(const DescriptionChamp& d, double valeur) {
     return valeur;
 }
 
-double ArrondirAuPas(const DescriptionChamp& d, double valeur) {
-    if (!(d.Pas > 0.0)) return valeur;
+double ArrondirAuPas(double valeur, double pas, ModeArrondi arrondi) {
+    if (!(pas > 0.0)) return valeur;
     // A value that is a multiple of the step up to the noise of the division stays where it is.
     constexpr double bruit = 1e-9;
-    const double q = valeur / d.Pas;
+    const double q = valeur / pas;
     double n = 0.0;
-    switch (d.Arrondi) {
+    switch (arrondi) {
     case ModeArrondi::Proche:
         n = std::round(q);
         break;
@@ -87,7 +87,12 @@ double ArrondirAuPas(const DescriptionChamp& d, double valeur) {
         n = std::ceil(q - bruit);
         break;
     }
-    const double arrondi = n * d.Pas;
+    return n * pas;
+}
+
+double ArrondirAuPas(const DescriptionChamp& d, double valeur) {
+    if (!(d.Pas > 0.0)) return valeur;
+    const double arrondi = ArrondirAuPas(valeur, d.Pas, d.Arrondi);
     return d.Format.empty() ? arrondi : ArrondirSelonFormat(arrondi, d.Format);
 }
 

@@ -1,16 +1,18 @@
 #include "relays/Relais.h"
 
+#include "relays/epac/CalculEPAC.h"
 #include "relays/pd3a/CalculPD3A.h"
+#include "relays/pxln/CalculPXLN.h"
 #include "relays/rxap/CalculRXAP.h"
 #include "relays/s321/CalculS321.h"
 #include "relays/sa511/CalculSA511.h"
-#include "relays/pxln/CalculPXLN.h"
 
 namespace tournesol {
 
 void InscrireRelais() {
     static const bool inscrits = [] {
         InscrireSA511();
+        InscrireEPAC();
         InscrirePD3A();
         InscrireRXAP();
         InscrireS321();
