@@ -2,6 +2,7 @@
 
 #include "relays/epac/CalculEPAC.h"
 #include "relays/pd3a/CalculPD3A.h"
+#include "relays/pds/CalculPDS.h"
 #include "relays/pxln/CalculPXLN.h"
 #include "relays/rxap/CalculRXAP.h"
 #include "relays/s321/CalculS321.h"
@@ -14,6 +15,7 @@ void InscrireRelais() {
         InscrireSA511();
         InscrireEPAC();
         InscrirePD3A();
+        InscrirePDS();
         InscrireRXAP();
         InscrireS321();
         InscrirePXLN();
