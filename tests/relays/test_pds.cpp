@@ -59,6 +59,9 @@ TEST(PrisesPDS, LaPlusPetiteGammeEtLePourcentage) {
     EXPECT_EQ(p.Base, 20.0);
     EXPECT_EQ(p.Pct, 61);
     EXPECT_NEAR(p.Reglage(), 12.2, 1e-12);
+    // A reach that is no number is a computation failure.
+    x = std::nan("");
+    EXPECT_ANY_THROW(PrisePDS(x, 1.0, true));
 }
 
 TEST(PrisesPDS, ZonesCercleAngleEtTemporisations) {

@@ -34,6 +34,8 @@ double ReachDuCas(Etude& e, double zar) {
 } // namespace
 
 Prise PrisePDS(double& desire, double unite, bool versLeBas) {
+    // A reach that is no number has no plug: a failure, not a percentage out of nothing.
+    if (!std::isfinite(desire) || !std::isfinite(unite)) LeverErreur(ERR_DEPASSEMENT);
     const double bas = BASES_PDS.front() * unite * PCT_MIN_PDS / 100.0;
     const double haut = BASES_PDS.back() * unite;
     desire = std::clamp(desire, bas, haut);
