@@ -156,7 +156,7 @@ TEST_F(EtudePDS, LeCercleResteHorsDeLaCharge) {
     e.PanneauRelais = true;
     e.teta = 70.0F;
     const double zar = 3.0;
-    const double a = ReachTransitPDS(e, zar);
+    const double a = PorteeTransitPDS(e, zar);
     ASSERT_TRUE(std::isfinite(a));
     // The largest reach touches the nearest point: a little more takes it in.
     EXPECT_NEAR(EcartMinimal(e, a, zar), 0.0, 1e-9);

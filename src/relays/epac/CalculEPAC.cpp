@@ -16,7 +16,7 @@ namespace tournesol {
 namespace {
 
 // A secondary reach within its range and on its step.
-double Reach(double& desire, double unite, ModeArrondi arrondi) {
+double Portee(double& desire, double unite, ModeArrondi arrondi) {
     desire = std::clamp(desire, X_MIN_EPAC * unite, X_MAX_EPAC * unite);
     return ArrondirAuPas(desire, PAS_X_EPAC * unite, arrondi);
 }
@@ -37,10 +37,10 @@ double UniteEPAC(const Etude& e) {
 
 void ArrondirZonesEPAC(Etude& e) {
     const double unite = UniteEPAC(e);
-    e.X1reg_BT = Reach(e.X1_BT, unite, ModeArrondi::Dessous);
-    e.X2reg_BT = Reach(e.X2_BT, unite, ModeArrondi::Dessus);
-    e.X3reg_BT = Reach(e.X3_BT, unite, ModeArrondi::Dessus);
-    e.X4reg_BT = Reach(e.X4_BT, unite, ModeArrondi::Dessus);
+    e.X1reg_BT = Portee(e.X1_BT, unite, ModeArrondi::Dessous);
+    e.X2reg_BT = Portee(e.X2_BT, unite, ModeArrondi::Dessus);
+    e.X3reg_BT = Portee(e.X3_BT, unite, ModeArrondi::Dessus);
+    e.X4reg_BT = Portee(e.X4_BT, unite, ModeArrondi::Dessus);
     e.X1_HT = Verifier(e.X1_BT * e.Kz);
     e.X2_HT = Verifier(e.X2_BT * e.Kz);
     e.X3_HT = Verifier(e.X3_BT * e.Kz);

@@ -72,7 +72,7 @@ void InscrireEPAC() {
          {.Numero = 8,
           .Rapport = {"The forward pick up risks to see the faults beyond the transformers of the "
                       "remote substation",
-                      "X3 might not overcome "},
+                      "It might not overcome "},
           .Fenetre = "The downstream pick up may see the faults beyond the transformers of the "
                      "remote substation. It must not overcome:"},
          {.Numero = 9,

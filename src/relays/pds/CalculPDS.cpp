@@ -25,10 +25,10 @@ double Unite(const Etude& e) {
 }
 
 // The load area of the current report case, and the reach it allows.
-double ReachDuCas(Etude& e, double zar) {
+double PorteeDuCas(Etude& e, double zar) {
     TransitCalc(e);
     if (e.ErrCalcul != 0) LeverErreur(e.ErrCalcul);
-    return ReachTransitPDS(e, zar);
+    return PorteeTransitPDS(e, zar);
 }
 
 } // namespace
@@ -88,7 +88,7 @@ void AngleEtTerrePDS(Etude& e) {
     e.ko_reg = std::clamp(ArrondirAuPas(e.ko_reg, 0.1, ModeArrondi::Proche), 0.0, KO_MAX_PDS);
 }
 
-double ReachTransitPDS(const Etude& e, double zar) {
+double PorteeTransitPDS(const Etude& e, double zar) {
     const std::array<Complexe, 9> points = PointsTransitTires(e);
     const double teta = DegToRad(e.teta);
     double limite = INFINI;
@@ -140,10 +140,10 @@ void CalculDemarragePDS(Etude& e, Dialogue& d) {
         if (e.Ligne_alim == 0) {
             for (const Entier16 cas : {Entier16{0}, Entier16{2}, Entier16{1}}) {
                 e.TypeReportCharge = cas;
-                limite = std::min(limite, ReachDuCas(e, e.X4_HT));
+                limite = std::min(limite, PorteeDuCas(e, e.X4_HT));
             }
         } else if (e.Ligne_alim == 3) {
-            limite = ReachDuCas(e, e.X4_HT);
+            limite = PorteeDuCas(e, e.X4_HT);
             if (limite < e.X3_HT) d.Message("TOURNESOL", DONNEES_INCOMPATIBLES, 0);
         }
         e.PDS.ZavCharge = std::isfinite(limite) ? limite : 0.0;

@@ -55,7 +55,7 @@ void AngleEtTerrePDS(Etude& e);
 // load point of the current report case (pulled to the 30-degree sectors, with
 // the margin 0.9 / 1.1) outside the circle whose backward reach is zar;
 // infinity when no point limits it.
-double ReachTransitPDS(const Etude& e, double zar);
+double PorteeTransitPDS(const Etude& e, double zar);
 
 // The circle. In mode "Return": the angle and earth factor, the forward reach
 // of the third zone along the line (Xprim3 / sin PHI_eq) and the backward one

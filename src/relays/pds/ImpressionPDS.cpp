@@ -24,8 +24,8 @@ std::string Prise(double base, int pct) {
     return FormaterNombre(base, "#0.0#") + " x " + FormaterNombre(pct, "##0") + " %";
 }
 
-void Reach(ContexteImpression& c, const std::string& libelle, const std::string& prise,
-           double secondaire, double primaire) {
+void Portee(ContexteImpression& c, const std::string& libelle, const std::string& prise,
+            double secondaire, double primaire) {
     Rangee(c, {{0, libelle},
                {COLONNE_PRISES, prise},
                {COLONNE_SECONDAIRE, FormaterNombre(secondaire, FORMAT_OHMS), true, "/ph"},
@@ -46,12 +46,12 @@ void Reglages(ContexteImpression& c) {
     Rangee(c, {{COLONNE_PRISES, "Plugs"},
                {COLONNE_SECONDAIRE, "Secondary values"},
                {COLONNE_PRIMAIRE, "Primary values"}});
-    Reach(c, "first zone reactance : X1", Prise(r.BaseX1, r.PctX1), e.X1reg_BT, e.X1reg_HT);
-    Reach(c, "second zone reactance : X2", Prise(r.BaseX2, r.PctX2), e.X2reg_BT, e.X2reg_HT);
-    Reach(c, "Starting circle, forward reach : Zav", Prise(r.BaseZav, r.PctZav), e.X3reg_BT,
-          e.X3reg_HT);
-    Reach(c, "Starting circle, backward reach : Zar",
-          "offset " + FormaterNombre(r.Decalage, "#0") + " %", e.X4reg_BT, e.X4reg_HT);
+    Portee(c, "first zone reactance : X1", Prise(r.BaseX1, r.PctX1), e.X1reg_BT, e.X1reg_HT);
+    Portee(c, "second zone reactance : X2", Prise(r.BaseX2, r.PctX2), e.X2reg_BT, e.X2reg_HT);
+    Portee(c, "Starting circle, forward reach : Zav", Prise(r.BaseZav, r.PctZav), e.X3reg_BT,
+           e.X3reg_HT);
+    Portee(c, "Starting circle, backward reach : Zar",
+           "offset " + FormaterNombre(r.Decalage, "#0") + " %", e.X4reg_BT, e.X4reg_HT);
     AvancerProgression(c.e, c.etat, 1);
     Rangee(c, {{0, "Characteristic angle : "},
                {COLONNE_PRIMAIRE, FormaterNombre(e.teta, "#0") + " °"}});
