@@ -355,7 +355,10 @@ constexpr const char* CleFichier(const char* membre) {
     X(Reel, PhiCharge1) \
     X(Reel, PhiCharge2) \
     X(Reels9, Tempo)
-#define RELAIS_EPAC_VARIABLES(X)
+#define RELAIS_EPAC_VARIABLES(X) \
+    X(Reel32, BandeX) \
+    X(Reel32, BandeR) \
+    X(Reel, RsurX)
 #define RELAIS_PD3A_VARIABLES(X) \
     X(Booleen, Type6062) \
     X(Booleen, Type6562) \
@@ -376,7 +379,15 @@ constexpr const char* CleFichier(const char* membre) {
     X(Entier16, TB) \
     X(Entier16, TC) \
     X(Entier16, TD)
-#define RELAIS_PDS_VARIABLES(X)
+#define RELAIS_PDS_VARIABLES(X) \
+    X(Reel, BaseX1) \
+    X(Entier16, PctX1) \
+    X(Reel, BaseX2) \
+    X(Entier16, PctX2) \
+    X(Reel, BaseZav) \
+    X(Entier16, PctZav) \
+    X(Entier16, Decalage) \
+    X(Reel, ZavCharge)
 #define RELAIS_PXLC_VARIABLES(X) \
     X(Booleen, FeuilleReglages)
 #define RELAIS_PXLP_VARIABLES(X)

@@ -202,7 +202,8 @@ double LimiterValeur(const DescriptionChamp& d, double valeur);
 
 // A value taken to the field's step (nothing without a step).
 double ArrondirAuPas(const DescriptionChamp& d, double valeur);
-// A value taken to a relay's step in that direction (nothing for a step that is not positive).
-double ArrondirAuPas(double valeur, double pas, ModeArrondi mode);
+// A value taken to a step that is not a field's (a relay whose steps follow its rated current):
+// a multiple of it up to the noise of the division stays where it is; nothing without a step.
+double ArrondirAuPas(double valeur, double pas, ModeArrondi arrondi);
 
 } // namespace tournesol

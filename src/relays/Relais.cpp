@@ -1,6 +1,8 @@
 #include "relays/Relais.h"
 
+#include "relays/epac/CalculEPAC.h"
 #include "relays/pd3a/CalculPD3A.h"
+#include "relays/pds/CalculPDS.h"
 #include "relays/pxln/CalculPXLN.h"
 #include "relays/razoa/CalculRAZOA.h"
 #include "relays/rel100/CalculREL100.h"
@@ -14,7 +16,9 @@ namespace tournesol {
 void InscrireRelais() {
     static const bool inscrits = [] {
         InscrireSA511();
+        InscrireEPAC();
         InscrirePD3A();
+        InscrirePDS();
         InscrireRXAP();
         InscrireS321();
         InscrirePXLN();

@@ -192,7 +192,10 @@ double DistanceTransitPD3A(const Etude& e) {
 }
 
 void ResistanceTransitPD3A(Etude& e, Dialogue& d) {
-    const RelaisPD3A& r = e.PD3A;
+    ResistanceTransitParallelogramme(e, d, e.PD3A.BandeR);
+}
+
+void ResistanceTransitParallelogramme(Etude& e, Dialogue& d, double bandeR) {
     const double cotg = UnSurTan(e.PHI_eq);
     if (e.Ligne_alim == 0) {
         e.TypeReportCharge = 0;
@@ -203,14 +206,14 @@ void ResistanceTransitPD3A(Etude& e, Dialogue& d) {
         // The factor in force is the one of this case: the area first.
         const double db = DistanceDuCas(e);
         const double rb = Div(e.CRcourant * db, e.Ligne_CRm);
-        e.R_HT = std::min({ra - 2.0 * r.BandeR, rc - 2.0 * r.BandeR, rb});
+        e.R_HT = std::min({ra - 2.0 * bandeR, rc - 2.0 * bandeR, rb});
     } else if (e.Ligne_alim == 3) {
         TransitCalc(e);
         if (e.ErrCalcul != 0) LeverErreur(e.ErrCalcul);
         const double l = e.PointsTransit[0].Module * MARGE_TRANSIT;
         if (l < e.X3reg_HT) d.Message("TOURNESOL", DONNEES_INCOMPATIBLES, 0);
         const double dist = std::sqrt(std::fabs(Carre(e.X3reg_HT) - Carre(l))) - e.X3reg_HT * cotg;
-        e.R_HT = 2.0 * (RACINE3 * dist / (cotg + RACINE3) - r.BandeR);
+        e.R_HT = 2.0 * (RACINE3 * dist / (cotg + RACINE3) - bandeR);
     }
     e.R_HT = Verifier(e.R_HT);
 }

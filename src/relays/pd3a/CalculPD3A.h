@@ -41,6 +41,9 @@ void CalculResistancePD3A(Etude& e, Dialogue& d);
 // line (the report case is left at 1), the third zone against the load point on a customer
 // link ("incompatible data" when it does not fit); a plant link keeps R_HT.
 void ResistanceTransitPD3A(Etude& e, Dialogue& d);
+// The same rule for any parallelogram pick-up whose out-of-step band along R is bandeR wide
+// (primary ohms): the EPAC, the PD3A's digital successor, keeps it.
+void ResistanceTransitParallelogramme(Etude& e, Dialogue& d, double bandeR);
 
 // The distance of the load area of the current report case to the line image, along R, with
 // the margin 0.9 / 1.1, once the area is pulled to the 30, 150, 210 and 330 degree sectors.

@@ -30,14 +30,21 @@ struct Trace {
     // The closed parallelogram of half width r between the forward reach haut and the backward
     // reach bas, its sides along the angle of tangent t.
     void Parallelogramme(double r, double haut, double bas, double t) {
-        const Complexe p[4] = {Cart(r - bas / t, -bas), Cart(r + haut / t, haut),
-                               Cart(-r + haut / t, haut), Cart(-r - bas / t, -bas)};
-        for (int i = 0; i < 4; ++i)
-            Segment(p[i], p[(i + 1) % 4]);
+        PoserParallelogramme(segments, r, haut, bas, t, couleur, style, largeur);
     }
 };
 
 } // namespace
+
+void PoserParallelogramme(std::vector<SegmentImage>& s, double r, double haut, double bas, double t,
+                          Couleur couleur, int style, int largeur) {
+    const Complexe p[4] = {Cart(r - bas / t, -bas), Cart(r + haut / t, haut),
+                           Cart(-r + haut / t, haut), Cart(-r - bas / t, -bas)};
+    for (int i = 0; i < 4; ++i) {
+        s.emplace_back();
+        SetSegment(s.back(), p[i], p[(i + 1) % 4], couleur, style, largeur);
+    }
+}
 
 std::vector<SegmentImage> SegmentsPD3A(const Etude& e) {
     std::vector<SegmentImage> s;

@@ -1,0 +1,211 @@
+// The EPAC and the PDS set through the windows, offscreen: from the opening dialog to the
+// relay's panel on a new 90 kV line, a reach typed in mode "Modify" and taken to the relay's
+// steps, a timer beyond its range, the diagram following, then the study saved and opened again
+// with the same settings.
+#include "../../core/views/Pilote.h"
+#include "../../shell/views/Gestes.h"
+#include "../../shell/views/Vues.h"
+#include "core/Etude.h"
+#include "core/views/DialogueQt.h"
+#include "database/BaseEtudesSql.h"
+#include "relays/pds/CalculPDS.h"
+#include "shell/Application.h"
+#include "shell/PanneauDemarre.h"
+
+#include <QAction>
+#include <QImage>
+#include <QLabel>
+#include <QLineEdit>
+#include <QPointer>
+#include <QPushButton>
+#include <QRadioButton>
+#include <QTabWidget>
+#include <QTemporaryDir>
+#include <QTimer>
+#include <cmath>
+#include <gtest/gtest.h>
+
+using namespace tournesol;
+
+namespace {
+
+// 32 km of 90 kV meshed line.
+void RemplirLigne90(Etude& e) {
+    e.Ligne_Up = 90;
+    e.Ligne_Ip = 800;
+    e.Ligne_Icc = 20;
+    e.Ligne_lc = true;
+    e.Ligne_Ittri = 480.0;
+    e.Ligne_Itmono = 520.0;
+    e.Ligne_Itmax = 560.0;
+}
+
+// The settings both relays keep in the shared values, to compare a study with itself.
+struct Reglages {
+    double x2, x2reg, x3reg, x4reg, r;
+    float teta;
+    int t3;
+    bool operator==(const Reglages&) const = default;
+};
+Reglages LireReglages(const Etude& e) {
+    return {e.X2_HT, e.X2reg_HT, e.X3reg_HT, e.X4reg_HT, e.R_HT, e.teta, e.T3};
+}
+
+int PixelsChanges(const QImage& a, const QImage& b) {
+    if (a.size() != b.size()) return -1;
+    int n = 0;
+    for (int y = 0; y < a.height(); ++y)
+        for (int x = 0; x < a.width(); ++x)
+            n += a.pixel(x, y) != b.pixel(x, y) ? 1 : 0;
+    return n;
+}
+
+struct Parcours {
+    int id;
+    const char* relais;  // as typed in the opening dialog
+    const char* panneau; // the panel's name
+    const char* x2;      // the second zone typed, in secondary ohms
+    // The set second zone the relay's steps give for it, in secondary ohms.
+    std::function<double(const Etude&)> x2Regle;
+    const char* t3Limite; // 12345 ms as the timer's field shows it
+};
+
+struct Resultat {
+    int fenetres = 0, panneaux = 0, changes = 0;
+    double x2attendu = 0.0;
+    Reglages sauves{}, rouverts{};
+    double kz = 0.0;
+};
+
+Resultat Parcourir(const Parcours& p) {
+    QTemporaryDir dossier;
+    EXPECT_TRUE(dossier.isValid());
+    BaseEtudesSql base(dossier.path().toStdString() + "/");
+    Etude e;
+    RemplirLigne90(e);
+    DialogueQt d;
+    InscrireVues(d, e);
+    Application app(e, d, &base, std::nullopt);
+
+    Resultat r;
+    int titres = 0, attentes = 0;
+    std::function<void(QWidget*)> agir = [&](QWidget* w) {
+        const QString nom = w->objectName();
+        if (nom == "frmtitre") {
+            ++titres;
+            if (titres == 1) {
+                NommerEtude(w, "PONTCHARRA", "VALLON", p.relais, "1");
+            } else if (titres == 2) {
+                EXPECT_TRUE(ChoisirEtude(w, "PONTCHARRA", "VALLON", p.relais, "1"));
+                // What stays in memory must not be what comes back.
+                e.X2_HT = e.X2reg_HT = e.X3reg_HT = e.X4reg_HT = e.R_HT = 0.0;
+                e.teta = 0.0F;
+                e.T3 = 0;
+            } else {
+                QuitterTitre(w);
+                return;
+            }
+            ConfirmerTitre(w);
+        } else if (nom == "frmChoixProtection") {
+            ChoisirRelais(w, p.id);
+        } else if (nom == p.panneau) {
+            ++r.panneaux;
+            if (r.fenetres == 1 && r.panneaux == 3) {
+                EXPECT_FALSE(e.PanneauRelais);
+                TaperLigne(w->findChild<QLineEdit*>("txtX2_bt"), p.x2, true);
+                r.x2attendu = p.x2Regle(e);
+                EXPECT_EQ(w->findChild<QLineEdit*>("txtX2reg_BT")->text(),
+                          QString::number(r.x2attendu, 'f', 2));
+                auto* feuilles = w->findChild<QTabWidget*>();
+                EXPECT_NE(feuilles, nullptr);
+                if (feuilles) feuilles->setCurrentIndex(2);
+                TaperLigne(w->findChild<QLineEdit*>("txtt3"), "12345", true);
+                EXPECT_EQ(w->findChild<QLineEdit*>("txtt3")->text(), p.t3Limite);
+            }
+            QTest::mouseClick(w->findChild<QPushButton*>("Command1"), Qt::LeftButton);
+        } else if (nom == "frmDémarre") {
+            auto& demarre =
+                dynamic_cast<PanneauDemarre&>(static_cast<FenetrePanneau*>(w)->Modele());
+            const bool attendre = QApplication::activeModalWidget() != w ||
+                                  demarre.NouvelleLigne() ||
+                                  (r.fenetres == 0 && r.panneaux == 0 && ++attentes < 250);
+            if (attendre) {
+                QPointer<QWidget> garde(w);
+                QTimer::singleShot(20, [&agir, garde] {
+                    if (garde) agir(garde);
+                });
+                return;
+            }
+            ++r.fenetres;
+            auto* diagramme = w->findChild<QWidget*>("imgCaractéristique");
+            if (r.fenetres == 1) {
+                w->findChild<QRadioButton*>("chkmaximal")->click();
+                const QImage avant = diagramme->grab().toImage();
+                QTest::mouseClick(w->findChild<QPushButton*>("cmdextra"), Qt::LeftButton);
+                r.changes = PixelsChanges(avant, diagramme->grab().toImage());
+                r.sauves = LireReglages(e);
+                r.kz = e.Kz;
+                QTest::mouseClick(w->findChild<QPushButton*>("cmdsave"), Qt::LeftButton);
+            } else {
+                r.rouverts = LireReglages(e);
+            }
+            w->findChild<QAction*>("mnuChangerPoste")->trigger();
+        } else if (nom == "frmRéseauOptions") {
+            QTest::mouseClick(w->findChild<QPushButton*>("Command1"), Qt::LeftButton);
+        } else if (nom == "frmréseauvaleurs") {
+            TaperLigne(w->findChild<QLineEdit*>("txtlongueur(0)"), "32", true);
+            TaperLigne(w->findChild<QLineEdit*>("txtrl(0)"), "3.84", true);
+            TaperLigne(w->findChild<QLineEdit*>("txtxl(0)"), "12.8", true);
+            QTest::mouseClick(w->findChild<QPushButton*>("Command1"), Qt::LeftButton);
+        } else if (nom == "frmReportCharge" && w->findChild<QLabel*>("lblErreur")->isVisible()) {
+            TaperLigne(w->findChild<QLineEdit*>("txtxla"), "14", true);
+            QTest::mouseClick(w->findChild<QPushButton*>("Command2"), Qt::LeftButton);
+        } else {
+            RepondreParDefaut(w);
+        }
+    };
+    {
+        Pilote pilote(agir);
+        app.Main();
+    }
+    return r;
+}
+
+void Constater(const Resultat& r, double x2tape) {
+    EXPECT_EQ(r.fenetres, 2);
+    EXPECT_GE(r.panneaux, 3);
+    // Taken up to the step, and kept in primary ohms.
+    EXPECT_GE(r.x2attendu, x2tape);
+    EXPECT_NEAR(r.sauves.x2reg, r.x2attendu * r.kz, 1e-6);
+    EXPECT_GT(r.sauves.x3reg, 0.0);
+    EXPECT_GT(r.changes, 100);
+    EXPECT_EQ(r.rouverts, r.sauves);
+}
+
+} // namespace
+
+TEST(FenetresEPACEtPDS, LEPACDuTitreAuPanneauPuisALaBaseEtRetour) {
+    // 9.451 secondary ohms: up to the step of 0.05 / Is ohm.
+    const Resultat r = Parcourir({2, "EPAC", "frmEpac", "9.451",
+                                  [](const Etude& e) {
+                                      const double pas = 0.05 / e.Is;
+                                      return std::ceil(9.451 / pas - 1e-9) * pas;
+                                  },
+                                  "9990"});
+    Constater(r, 9.451);
+    EXPECT_EQ(r.sauves.t3, 9990);
+    EXPECT_GT(r.sauves.r, 0.0);
+}
+
+TEST(FenetresEPACEtPDS, LePDSDuTitreAuPanneauPuisALaBaseEtRetour) {
+    // 9.45 secondary ohms: up to a whole percentage of its plug.
+    const Resultat r = Parcourir({4, "PDS", "frmPDS", "9.45",
+                                  [](const Etude& e) {
+                                      double x = 9.45;
+                                      return PrisePDS(x, 5.0 / e.Is, false).Reglage();
+                                  },
+                                  "9900"});
+    Constater(r, 9.45);
+    EXPECT_EQ(r.sauves.t3, 9900);
+    EXPECT_GE(r.sauves.teta, 60.0F);
+}
