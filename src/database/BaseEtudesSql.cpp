@@ -164,11 +164,14 @@ ValeurTR BaseEtudesSql::LireValeurTR(std::int32_t id_key, std::int32_t id_pos) {
 // Connection
 
 BaseEtudesSql::BaseEtudesSql(std::string rep_appli, int attenteVerrouMs, bool question)
-    : rep_(std::move(rep_appli)), fichier_(rep_ + NOM_BASE), attente_(attenteVerrouMs),
-      question_(question), magasin_(*this) {
+    : rep_(std::move(rep_appli)), serveur_(LireAdresseServeur(rep_)),
+      adresseIllisible_(EstAdresseServeur(rep_) && !serveur_),
+      fichier_(serveur_ ? serveur_->Texte() : adresseIllisible_ ? rep_ : rep_ + NOM_BASE),
+      attente_(std::max(0, attenteVerrouMs)), question_(question), magasin_(*this) {
     static std::atomic<int> numero{0};
     nomConnexion_ = QStringLiteral("tournesol-base-%1").arg(++numero);
-    QSqlDatabase::addDatabase(QStringLiteral("QSQLITE"), nomConnexion_);
+    QSqlDatabase::addDatabase(SurServeur() ? QStringLiteral("QPSQL") : QStringLiteral("QSQLITE"),
+                              nomConnexion_);
 }
 
 BaseEtudesSql::~BaseEtudesSql() {
@@ -206,6 +209,23 @@ void BaseEtudesSql::NoterEchec(EtatBase::Genre genre, const std::string& cause) 
 bool BaseEtudesSql::OuvrirFichier(bool lecture) {
     QSqlDatabase db = Db();
     if (db.isOpen()) return true;
+    if (serveur_) {
+        db.setDatabaseName(QString::fromStdString(serveur_->base));
+        if (!serveur_->hote.empty()) db.setHostName(QString::fromStdString(serveur_->hote));
+        db.setPort(serveur_->port);
+        if (!serveur_->utilisateur.empty())
+            db.setUserName(QString::fromStdString(serveur_->utilisateur));
+        // No password: the client library takes it from ~/.pgpass. A server that does not
+        // answer is given up after the wait, never waited for without bound.
+        db.setConnectOptions(QStringLiteral("connect_timeout=%1;application_name=tournesol")
+                                 .arg(std::max(2, (attente_ + 999) / 1000)));
+        if (!db.open()) return false;
+        // No statement of the store runs for long: one that does (a server in trouble) fails
+        // the command instead of holding the user.
+        const QSqlError e = Executer(db, "SET statement_timeout = 60000");
+        if (e.isValid()) db.close();
+        return !e.isValid();
+    }
     db.setDatabaseName(QString::fromStdString(fichier_));
     if (EstSqlite(db)) {
         QString options = QStringLiteral("QSQLITE_BUSY_TIMEOUT=%1").arg(attente_);
@@ -221,14 +241,78 @@ void BaseEtudesSql::Fermer() {
     transaction_ = false;
 }
 
+QSqlError BaseEtudesSql::PrendreEnEcriture() {
+    QSqlDatabase db = Db();
+    // On a file the write lock is taken at once, so that a base held by another writer shows
+    // here and not in the middle of the command; the wait is SQLite's busy wait.
+    if (EstSqlite(db)) return Executer(db, "BEGIN IMMEDIATE");
+    // On a server, the writers of the base take their turn under one lock of the whole
+    // transaction, taken first (the tables may not exist yet): the look-up of the keys and the
+    // largest id plus one are then always those of the last committed save. Readers never wait
+    // for it. A wait longer than the user's is the shared base of the retry dialog.
+    if (!db.transaction()) return db.lastError();
+    const std::string attente =
+        "SET LOCAL lock_timeout = " + std::to_string(std::max(1, attente_));
+    QSqlError e = Executer(db, attente.c_str());
+    if (!e.isValid()) {
+        const std::string verrou = "SELECT pg_advisory_xact_lock(" + std::to_string(MARQUE_BASE) + ")";
+        e = Executer(db, verrou.c_str());
+    }
+    if (e.isValid()) db.rollback();
+    return e;
+}
+
+void BaseEtudesSql::MettreAJourSchema(Contenu contenu) {
+    QSqlDatabase db = Db();
+    if (contenu != Contenu::Systeme) {
+        // A new base, or one of an earlier version: its tables, its indexes, the columns it
+        // lacks and its mark, once, in the command's transaction.
+        for (const std::string& creation : CreationTables()) {
+            const QSqlError e = Executer(db, creation.c_str());
+            if (e.isValid()) throw ErreurBase(e);
+        }
+        for (const ColonneHistorique& h : ColonnesHistorique()) {
+            if (ColonneExiste(db, h.table, h.colonne)) continue;
+            const std::string ajout = std::string("ALTER TABLE \"") + h.table +
+                                      "\" ADD COLUMN \"" + h.colonne + "\" " + h.typeSql;
+            const QSqlError e = Executer(db, ajout.c_str());
+            if (e.isValid()) throw ErreurBase(e);
+        }
+        if (EstSqlite(db)) {
+            for (const std::string& marque :
+                 {"PRAGMA application_id = " + std::to_string(MARQUE_BASE),
+                  "PRAGMA user_version = " + std::to_string(VERSION_SCHEMA)}) {
+                const QSqlError e = Executer(db, marque.c_str());
+                if (e.isValid()) throw ErreurBase(e);
+            }
+        }
+    }
+    if (!EstSqlite(db)) {
+        // The tables themselves are held against any other writer of the server (another
+        // program, an administrator's session) until the commit; reading them stays free.
+        const QSqlError e = Executer(
+            db, R"(LOCK TABLE "Poste", "Départ", "Piquage", "Protection", "Tournesol", "Réglage",)"
+                R"( "TR", "Ligne" IN EXCLUSIVE MODE)");
+        if (e.isValid()) throw ErreurBase(e);
+    }
+}
+
 BaseEtudesSql::Acces BaseEtudesSql::Tenter() {
     using G = EtatBase::Genre;
-    const QFileInfo dossier(QString::fromStdString(rep_.empty() ? "." : rep_));
-    if (!dossier.isDir()) {
-        NoterEchec(G::DossierAbsent, "the folder " + rep_ + " does not exist");
+    if (adresseIllisible_) {
+        NoterEchec(G::DossierAbsent, "the address " + rep_ +
+                                         " does not name a base on a server (expected "
+                                         "postgresql://user@host:port/base)");
         return Acces::Refuse;
     }
-    fichierNeuf_ = !QFileInfo::exists(QString::fromStdString(fichier_));
+    if (!serveur_) {
+        const QFileInfo dossier(QString::fromStdString(rep_.empty() ? "." : rep_));
+        if (!dossier.isDir()) {
+            NoterEchec(G::DossierAbsent, "the folder " + rep_ + " does not exist");
+            return Acces::Refuse;
+        }
+    }
+    fichierNeuf_ = !serveur_ && !QFileInfo::exists(QString::fromStdString(fichier_));
     if (!OuvrirFichier(false)) {
         NoterEchec(G::Illisible, "the base " + fichier_ + " cannot be opened (" +
                                      Db().lastError().text().toStdString() + ")");
@@ -236,10 +320,7 @@ BaseEtudesSql::Acces BaseEtudesSql::Tenter() {
         return Acces::Refuse;
     }
     QSqlDatabase db = Db();
-    // The write lock is taken at once, so that a base held by another writer shows here and not
-    // in the middle of the command; the wait is SQLite's busy wait.
-    QSqlError erreur = EstSqlite(db) ? Executer(db, "BEGIN IMMEDIATE")
-                                     : (db.transaction() ? QSqlError() : db.lastError());
+    const QSqlError erreur = PrendreEnEcriture();
     if (erreur.isValid()) {
         Fermer();
         return ClasserEchec(ErreurBase(erreur), "written");
@@ -248,28 +329,24 @@ BaseEtudesSql::Acces BaseEtudesSql::Tenter() {
     try {
         const Contenu contenu = Reconnaitre(db);
         if (contenu == Contenu::Etrangere) {
-            Executer(db, "ROLLBACK");
+            if (EstSqlite(db))
+                Executer(db, "ROLLBACK");
+            else
+                db.rollback();
             Fermer();
-            NoterEchec(G::Etrangere, fichier_ + " is not a base of TOURNESOL (another program's "
-                                                "SQLite file, or a later version's)");
+            NoterEchec(G::Etrangere, fichier_ + (serveur_ ? " is not a base of TOURNESOL (its "
+                                                            "tables are another program's)"
+                                                          : " is not a base of TOURNESOL (another "
+                                                            "program's SQLite file, or a later "
+                                                            "version's)"));
             return Acces::Etrangere;
         }
-        if (contenu != Contenu::Systeme) {
-            // A new base, or one of an earlier version: its tables, its indexes and its mark,
-            // once, in the command's transaction.
-            for (const std::string& creation : CreationTables()) {
-                const QSqlError e = Executer(db, creation.c_str());
-                if (e.isValid()) throw ErreurBase(e);
-            }
-            for (const std::string& marque :
-                 {"PRAGMA application_id = " + std::to_string(MARQUE_BASE),
-                  "PRAGMA user_version = " + std::to_string(VERSION_SCHEMA)}) {
-                const QSqlError e = Executer(db, marque.c_str());
-                if (e.isValid()) throw ErreurBase(e);
-            }
-        }
+        MettreAJourSchema(contenu);
     } catch (const ErreurBase& x) {
-        Executer(db, "ROLLBACK");
+        if (EstSqlite(db))
+            Executer(db, "ROLLBACK");
+        else
+            db.rollback();
         Fermer();
         return ClasserEchec(x);
     }
@@ -278,9 +355,10 @@ BaseEtudesSql::Acces BaseEtudesSql::Tenter() {
 
 BaseEtudesSql::Acces BaseEtudesSql::TenterLecture() {
     using G = EtatBase::Genre;
+    if (adresseIllisible_) return Tenter(); // refused, and why
     const QFileInfo info(QString::fromStdString(fichier_));
     // A missing file is not made by a read: it is a base that holds nothing yet.
-    if (!info.exists() || (info.isFile() && info.size() == 0)) return Acces::Vide;
+    if (!serveur_ && (!info.exists() || (info.isFile() && info.size() == 0))) return Acces::Vide;
     if (!OuvrirFichier(true)) {
         NoterEchec(G::Illisible, "the base " + fichier_ + " cannot be opened (" +
                                      Db().lastError().text().toStdString() + ")");
@@ -288,8 +366,20 @@ BaseEtudesSql::Acces BaseEtudesSql::TenterLecture() {
         return Acces::Refuse;
     }
     QSqlDatabase db = Db();
-    const QSqlError erreur =
-        EstSqlite(db) ? Executer(db, "BEGIN") : (db.transaction() ? QSqlError() : db.lastError());
+    QSqlError erreur;
+    if (EstSqlite(db)) {
+        erreur = Executer(db, "BEGIN");
+    } else if (!db.transaction()) {
+        erreur = db.lastError();
+    } else {
+        // One snapshot for the whole read, so that a study is read as one save left it; a
+        // read-only transaction never takes a writer's lock.
+        erreur = Executer(db, "SET TRANSACTION ISOLATION LEVEL REPEATABLE READ, READ ONLY");
+        const std::string attente =
+            "SET LOCAL lock_timeout = " + std::to_string(std::max(1, attente_));
+        if (!erreur.isValid()) erreur = Executer(db, attente.c_str());
+        if (erreur.isValid()) db.rollback();
+    }
     if (erreur.isValid()) {
         Fermer();
         NoterEchec(G::Illisible, "the base " + fichier_ + " cannot be read (" +
@@ -308,7 +398,7 @@ BaseEtudesSql::Acces BaseEtudesSql::TenterLecture() {
         case Contenu::Etrangere:
             FinLecture();
             NoterEchec(G::Etrangere, fichier_ + " is not a base of TOURNESOL (another program's "
-                                                "SQLite file, or a later version's)");
+                                                "tables or file, or a later version's)");
             return Acces::Etrangere;
         }
     } catch (const ErreurBase& x) {
@@ -352,7 +442,8 @@ bool BaseEtudesSql::OuvrirConnexion(Etude& e, Dialogue& d) {
             }
             e.sTitre = "TOURNESOL : access impossible";
             e.IconeMessage = 2;
-            e.sMessage = "the master base (" + rep_ + "\\bd1.mdb) is shared.\r\n\r\n" +
+            e.sMessage = "the master base (" + (serveur_ ? fichier_ : rep_ + "\\bd1.mdb") +
+                         ") is shared.\r\n\r\n" +
                          "Accès momentanément impossible.";
             e.BoutonsQuestion = {"&Try again", "&Leave", ""};
             const bool sablier = d.Sablier(false);
@@ -458,14 +549,17 @@ bool BaseEtudesSql::Commande(Etude& e, Dialogue& d, const std::function<void()>&
         e.ConnexionOuverte = false;
         return true;
     } catch (const std::exception& x) {
+        // A refusal of the setting store comes first: on a server, the statements after it only
+        // meet the transaction it ended.
+        const std::string cause = erreurMagasin_ ? *erreurMagasin_ : std::string(x.what());
         erreurMagasin_.reset();
         const auto* base = dynamic_cast<const ErreurBase*>(&x);
         NoterEchec(base && base->Verrou() ? EtatBase::Genre::Verrou : EtatBase::Genre::Autre,
-                   x.what());
+                   cause);
         Abandonner(e);
         e.sTitre = "TOURNESOL : Attention !";
         e.IconeMessage = 2;
-        e.sMessage = echec + "\r\n\r\n(" + x.what() + ")";
+        e.sMessage = echec + "\r\n\r\n(" + cause + ")";
         const bool sablier = d.Sablier(false);
         AfficherMessage(e, d);
         d.Sablier(sablier);
@@ -838,6 +932,52 @@ void BaseEtudesSql::Ouvrir(Etude& e, Dialogue& d) {
         PoserQuestion(e, d);
     }
     e.EtudeModifiee = false;
+}
+
+// ---------------------------------------------------------------------------------------------
+// Who saved
+
+EtatBase BaseEtudesSql::Examiner() {
+    using G = EtatBase::Genre;
+    echec_ = {};
+    switch (TenterLecture()) {
+    case Acces::Ouvert:
+        FinLecture();
+        return {};
+    case Acces::Vide:
+        return {G::Absente, "the base " + fichier_ + " holds no table"};
+    case Acces::Partage:
+    case Acces::Refuse:
+    case Acces::Etrangere:
+        break;
+    }
+    return echec_;
+}
+
+SignatureSauvegarde BaseEtudesSql::DerniereSauvegarde(const std::string& poste,
+                                                      const std::string& depart,
+                                                      const std::string& piquage,
+                                                      const std::string& protection, int numero) {
+    return Lecture<SignatureSauvegarde>(
+        [&] {
+            SignatureSauvegarde s;
+            const std::int32_t id_poste = CleDuPoste(poste);
+            const std::int32_t id_depart = id_poste ? CleDuDepart(depart, id_poste) : 0;
+            const std::int32_t id_piquage = CleDuPiquage(piquage, id_depart, id_poste);
+            const std::int32_t id_protection = CleDeProtection(protection);
+            if (id_depart == 0 || id_protection == 0 || (!piquage.empty() && id_piquage == 0))
+                return s;
+            // A base of an earlier version, read as it is, does not say.
+            if (!ColonneExiste(Db(), "Tournesol", COLONNE_AUTEUR)) return s;
+            Requete r(Q(R"(SELECT "sauvé_par", "sauvé_le" FROM "Tournesol" WHERE "id_poste" = ?)"
+                        R"( AND "id_départ" = ? AND "id_piquage" = ? AND "id_protection" = ?)"
+                        R"( AND "id_numéro" = ? ORDER BY "id" LIMIT 1)"));
+            r << id_poste << id_depart << id_piquage << id_protection << numero;
+            r.Executer();
+            if (r.Suivante()) s = {r.Texte(0), r.Texte(1)};
+            return s;
+        },
+        {});
 }
 
 } // namespace tournesol

@@ -1,6 +1,7 @@
 #include "database/EtatBase.h"
 
 #include "core/Dialogue.h"
+#include "database/Adresse.h"
 #include "database/BaseEtudesSql.h"
 #include "database/Requete.h"
 #include "database/Schema.h"
@@ -12,7 +13,51 @@
 
 namespace tournesol {
 
+namespace {
+
+bool SurServeur(const QSqlDatabase& db) {
+    return db.driverName() == QLatin1String("QPSQL");
+}
+
+// What the history columns say of a base whose tables are all there.
+Contenu Historique(const QSqlDatabase& db) {
+    for (const ColonneHistorique& h : ColonnesHistorique())
+        if (!ColonneExiste(db, h.table, h.colonne)) return Contenu::Ancienne;
+    return Contenu::Systeme;
+}
+
+// On a server the base is the current schema of the database: no table at all is a new base,
+// the eight tables of the system are a base of this system, anything else belongs to another.
+Contenu ReconnaitreServeur(const QSqlDatabase& db) {
+    std::set<std::string> tables;
+    {
+        Requete r(db, "SELECT \"table_name\" FROM \"information_schema\".\"tables\""
+                      " WHERE \"table_schema\" = current_schema()");
+        r.Executer();
+        while (r.Suivante())
+            tables.insert(r.Texte(0));
+    }
+    if (tables.empty()) return Contenu::Vide;
+    for (const std::string& t : TablesDuSysteme())
+        if (!tables.count(t)) return Contenu::Etrangere;
+    return Historique(db);
+}
+
+} // namespace
+
+bool ColonneExiste(const QSqlDatabase& db, const std::string& table, const std::string& colonne) {
+    Requete r(db, SurServeur(db)
+                      ? "SELECT COUNT(*) FROM \"information_schema\".\"columns\" WHERE"
+                        " \"table_schema\" = current_schema() AND \"table_name\" = ?"
+                        " AND \"column_name\" = ?"
+                      : "SELECT COUNT(*) FROM pragma_table_info(?) WHERE \"name\" = ?");
+    r << table << colonne;
+    r.Executer();
+    return r.Suivante() && r.Entier(0) > 0;
+}
+
 Contenu Reconnaitre(const QSqlDatabase& db) {
+    if (SurServeur(db)) return ReconnaitreServeur(db);
     int marque = 0, version = 0;
     {
         Requete r(db, "PRAGMA application_id");
@@ -24,8 +69,10 @@ Contenu Reconnaitre(const QSqlDatabase& db) {
         r.Executer();
         if (r.Suivante()) version = r.Entier(0);
     }
-    if (marque == MARQUE_BASE)
-        return version <= VERSION_SCHEMA ? Contenu::Systeme : Contenu::Etrangere;
+    if (marque == MARQUE_BASE) {
+        if (version > VERSION_SCHEMA) return Contenu::Etrangere;
+        return version == VERSION_SCHEMA ? Contenu::Systeme : Contenu::Ancienne;
+    }
     if (marque != 0) return Contenu::Etrangere;
     std::set<std::string> tables;
     bool objets = false;
@@ -45,6 +92,10 @@ Contenu Reconnaitre(const QSqlDatabase& db) {
 
 EtatBase ExaminerBase(const std::string& rep_appli) {
     using G = EtatBase::Genre;
+    if (EstAdresseServeur(rep_appli)) {
+        BaseEtudesSql base(rep_appli, 2000, false);
+        return base.Examiner();
+    }
     const QString dossier = QString::fromStdString(rep_appli.empty() ? "." : rep_appli);
     const QString fichier = QString::fromStdString(rep_appli + BaseEtudesSql::NOM_BASE);
     const QFileInfo infoDossier(dossier);
