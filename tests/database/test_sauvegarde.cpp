@@ -34,6 +34,7 @@ TEST_F(Sauvegarde, LaPremiereSauvegardeDansUneBaseVideFaitUneLigneParTable) {
                          reglage.value(2).toDouble(), reglage.value(3).toDouble(),
                          reglage.value(4).toDouble()),
               std::tuple(1, -35.5, 40.0, 20.0, -40.0));
+    reglage.finish(); // the second user's read ends
     EXPECT_EQ(std::tuple(e.id_poste, e.id_depart, e.id_reglage, e.id_protection),
               std::tuple(1, 1, 1, PD3A));
     EXPECT_FALSE(e.EtudeModifiee || e.Sauvegarde);
