@@ -166,7 +166,9 @@ ValeurTR BaseEtudesSql::LireValeurTR(std::int32_t id_key, std::int32_t id_pos) {
 BaseEtudesSql::BaseEtudesSql(std::string rep_appli, int attenteVerrouMs, bool question)
     : rep_(std::move(rep_appli)), serveur_(LireAdresseServeur(rep_)),
       adresseIllisible_(EstAdresseServeur(rep_) && !serveur_),
-      fichier_(serveur_ ? serveur_->Texte() : adresseIllisible_ ? rep_ : rep_ + NOM_BASE),
+      fichier_(serveur_            ? serveur_->Texte()
+               : adresseIllisible_ ? rep_
+                                   : rep_ + NOM_BASE),
       attente_(std::max(0, attenteVerrouMs)), question_(question), magasin_(*this) {
     static std::atomic<int> numero{0};
     nomConnexion_ = QStringLiteral("tournesol-base-%1").arg(++numero);
@@ -251,11 +253,11 @@ QSqlError BaseEtudesSql::PrendreEnEcriture() {
     // largest id plus one are then always those of the last committed save. Readers never wait
     // for it. A wait longer than the user's is the shared base of the retry dialog.
     if (!db.transaction()) return db.lastError();
-    const std::string attente =
-        "SET LOCAL lock_timeout = " + std::to_string(std::max(1, attente_));
+    const std::string attente = "SET LOCAL lock_timeout = " + std::to_string(std::max(1, attente_));
     QSqlError e = Executer(db, attente.c_str());
     if (!e.isValid()) {
-        const std::string verrou = "SELECT pg_advisory_xact_lock(" + std::to_string(MARQUE_BASE) + ")";
+        const std::string verrou =
+            "SELECT pg_advisory_xact_lock(" + std::to_string(MARQUE_BASE) + ")";
         e = Executer(db, verrou.c_str());
     }
     if (e.isValid()) db.rollback();
@@ -273,8 +275,8 @@ void BaseEtudesSql::MettreAJourSchema(Contenu contenu) {
         }
         for (const ColonneHistorique& h : ColonnesHistorique()) {
             if (ColonneExiste(db, h.table, h.colonne)) continue;
-            const std::string ajout = std::string("ALTER TABLE \"") + h.table +
-                                      "\" ADD COLUMN \"" + h.colonne + "\" " + h.typeSql;
+            const std::string ajout = std::string("ALTER TABLE \"") + h.table + "\" ADD COLUMN \"" +
+                                      h.colonne + "\" " + h.typeSql;
             const QSqlError e = Executer(db, ajout.c_str());
             if (e.isValid()) throw ErreurBase(e);
         }
@@ -443,8 +445,7 @@ bool BaseEtudesSql::OuvrirConnexion(Etude& e, Dialogue& d) {
             e.sTitre = "TOURNESOL : access impossible";
             e.IconeMessage = 2;
             e.sMessage = "the master base (" + (serveur_ ? fichier_ : rep_ + "\\bd1.mdb") +
-                         ") is shared.\r\n\r\n" +
-                         "Accès momentanément impossible.";
+                         ") is shared.\r\n\r\n" + "Accès momentanément impossible.";
             e.BoutonsQuestion = {"&Try again", "&Leave", ""};
             const bool sablier = d.Sablier(false);
             d.LaisserPasserEvenements();

@@ -1,8 +1,9 @@
 // The study base on Qt SQL: the file bd1.mdb (SQLite) in the directory of the master base, or a
 // database on a PostgreSQL server, the shared base of a team; the same SQL text serves both.
-// Tables are made when the file is new or empty, or the server's database holds no table. Every command is one transaction: a save or a
-// deletion takes the base for writing at its start and is written whole or not at all; the
-// opening and the lists read in a read transaction and never write.
+// Tables are made when the file is new or empty, or the server's database holds no table. Every
+// command is one transaction: a save or a deletion takes the base for writing at its start and is
+// written whole or not at all; the opening and the lists read in a read transaction and never
+// write.
 #pragma once
 
 #include "core/BaseEtudes.h"
@@ -48,10 +49,10 @@ public:
     // `rep_appli`: the directory of the master base as Rep_appli holds it, ready for plain
     // concatenation (its trailing separator included); empty for the current directory. The
     // base file is rep_appli + "bd1.mdb". An address postgresql://user@host:port/base names a
-    // database on a server instead (see Adresse.h). `attenteVerrouMs`: how long one attempt waits for a
-    // base held by another writer before it counts as failed (readers wait as long for a writer
-    // that is committing). `question`: after three such attempts the user is asked whether to
-    // try again; without it (the command line) the first failed attempt ends the command.
+    // database on a server instead (see Adresse.h). `attenteVerrouMs`: how long one attempt waits
+    // for a base held by another writer before it counts as failed (readers wait as long for a
+    // writer that is committing). `question`: after three such attempts the user is asked whether
+    // to try again; without it (the command line) the first failed attempt ends the command.
     explicit BaseEtudesSql(std::string rep_appli, int attenteVerrouMs = 1000, bool question = true);
     ~BaseEtudesSql() override;
     BaseEtudesSql(const BaseEtudesSql&) = delete;

@@ -46,11 +46,10 @@ Contenu ReconnaitreServeur(const QSqlDatabase& db) {
 } // namespace
 
 bool ColonneExiste(const QSqlDatabase& db, const std::string& table, const std::string& colonne) {
-    Requete r(db, SurServeur(db)
-                      ? "SELECT COUNT(*) FROM \"information_schema\".\"columns\" WHERE"
-                        " \"table_schema\" = current_schema() AND \"table_name\" = ?"
-                        " AND \"column_name\" = ?"
-                      : "SELECT COUNT(*) FROM pragma_table_info(?) WHERE \"name\" = ?");
+    Requete r(db, SurServeur(db) ? "SELECT COUNT(*) FROM \"information_schema\".\"columns\" WHERE"
+                                   " \"table_schema\" = current_schema() AND \"table_name\" = ?"
+                                   " AND \"column_name\" = ?"
+                                 : "SELECT COUNT(*) FROM pragma_table_info(?) WHERE \"name\" = ?");
     r << table << colonne;
     r.Executer();
     return r.Suivante() && r.Entier(0) > 0;

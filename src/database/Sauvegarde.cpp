@@ -258,10 +258,9 @@ void BaseEtudesSql::SauverTournesol(Etude& e) {
     // not the relay of the same type and number on a line teed on it.
     std::int32_t id = 0;
     {
-        Requete lien(
-            Q(R"(SELECT "id", "id_réglage" FROM "Tournesol" WHERE "id_poste" = ?)"
-              R"( AND "id_départ" = ? AND "id_piquage" = ? AND "id_protection" = ?)"
-              R"( AND "id_numéro" = ? ORDER BY "id")"));
+        Requete lien(Q(R"(SELECT "id", "id_réglage" FROM "Tournesol" WHERE "id_poste" = ?)"
+                       R"( AND "id_départ" = ? AND "id_piquage" = ? AND "id_protection" = ?)"
+                       R"( AND "id_numéro" = ? ORDER BY "id")"));
         lien << e.id_poste << e.id_depart << e.id_piquage << e.id_protection
              << static_cast<int>(e.id_numero);
         lien.Executer();

@@ -29,10 +29,10 @@ std::string Option(int id) {
 struct Boites {
     const char *poste, *depart, *piquage, *protection, *label, *numero, *signature;
 };
-constexpr Boites PREMIERE = {"txtposte",      "txtDépart", "txtPiquage", "txtProtection",
-                             "lblnuméro",     "txtnuméro", "lblsauvé"};
-constexpr Boites SECONDE = {"txtposte2",     "txtdépart2", "txtPiquage2", "txtProtection2",
-                            "lblnuméro2",    "txtnuméro2", "lblsauvé2"};
+constexpr Boites PREMIERE = {"txtposte",  "txtDépart", "txtPiquage", "txtProtection",
+                             "lblnuméro", "txtnuméro", "lblsauvé"};
+constexpr Boites SECONDE = {"txtposte2",  "txtdépart2", "txtPiquage2", "txtProtection2",
+                            "lblnuméro2", "txtnuméro2", "lblsauvé2"};
 
 // The relay number of the box: exactly "1" to "6", else 0.
 int NumeroDe(const std::string& n) {

@@ -5,12 +5,12 @@
 // (postgresql://user@host:port/base); every table is dropped before each test.
 #pragma once
 
+#include "ListeEssai.h"
 #include "core/Dialogue.h"
 #include "core/Etude.h"
 #include "core/Magasin.h"
 #include "core/Panneau.h"
 #include "database/BaseEtudesSql.h"
-#include "ListeEssai.h"
 
 #include <QCryptographicHash>
 #include <QFile>
@@ -20,8 +20,8 @@
 #include <QSqlRecord>
 #include <QTemporaryDir>
 #include <QUrl>
-#include <cstdlib>
 #include <QVariant>
+#include <cstdlib>
 #include <gtest/gtest.h>
 #include <memory>
 #include <string>

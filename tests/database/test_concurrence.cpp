@@ -18,14 +18,9 @@ constexpr int SAUVEGARDES = 200;
 class Ecrivain {
 public:
     Ecrivain(const std::string& base, int protection, int marque) {
-        const std::vector<std::string> args = {TOURNESOL_ECRIVAIN,
-                                               base,
-                                               "Champagnier",
-                                               "Grande Ile",
-                                               std::to_string(protection),
-                                               "1",
-                                               std::to_string(marque),
-                                               std::to_string(SAUVEGARDES)};
+        const std::vector<std::string> args = {
+            TOURNESOL_ECRIVAIN,         base, "Champagnier",          "Grande Ile",
+            std::to_string(protection), "1",  std::to_string(marque), std::to_string(SAUVEGARDES)};
         std::vector<char*> argv;
         for (const std::string& a : args)
             argv.push_back(const_cast<char*>(a.c_str()));

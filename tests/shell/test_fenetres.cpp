@@ -394,8 +394,8 @@ public:
     SignatureSauvegarde DerniereSauvegarde(const std::string& poste, const std::string& depart,
                                            const std::string& piquage,
                                            const std::string& protection, int numero) override {
-        if (poste == "BAYET" && depart == "COMMENTRY" && piquage.empty() &&
-            protection == "PD3A" && numero == 2)
+        if (poste == "BAYET" && depart == "COMMENTRY" && piquage.empty() && protection == "PD3A" &&
+            numero == 2)
             return {"jdupont", "2026-03-14T09:26:53Z"};
         return {};
     }
