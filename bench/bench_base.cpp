@@ -140,6 +140,8 @@ void Remplir(const std::string& fichier, const std::string& serveur, int lignes)
                 tr.exec();
             }
         }
+        for (QSqlQuery* requete : {&q, &depart, &ligne, &lien, &reglage, &tr})
+            *requete = QSqlQuery(); // each statement freed while the connection is there
         db.commit();
         db.close();
     }

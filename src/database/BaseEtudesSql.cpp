@@ -130,10 +130,11 @@ void BaseEtudesSql::EcrireValeurTR(std::int32_t id_key, std::int32_t id_pos,
     try {
         ecrire();
         Confirmer();
+        Liberer();
     } catch (const ErreurBase&) {
         Executer(Db(), "ROLLBACK");
+        Fermer();
     }
-    Fermer();
 }
 
 ValeurTR BaseEtudesSql::LireValeurTR(std::int32_t id_key, std::int32_t id_pos) {
@@ -210,6 +211,11 @@ void BaseEtudesSql::NoterEchec(EtatBase::Genre genre, const std::string& cause) 
 
 bool BaseEtudesSql::OuvrirFichier(bool lecture) {
     QSqlDatabase db = Db();
+    if (db.isOpen() && serveur_) {
+        // The session kept from the last command, unless the server dropped it meanwhile.
+        if (!Executer(db, "SELECT 1").isValid()) return true;
+        Fermer();
+    }
     if (db.isOpen()) return true;
     if (serveur_) {
         db.setDatabaseName(QString::fromStdString(serveur_->base));
@@ -241,6 +247,14 @@ void BaseEtudesSql::Fermer() {
     cache_.Vider();
     Db().close();
     transaction_ = false;
+}
+
+void BaseEtudesSql::Liberer() {
+    cache_.Vider();
+    transaction_ = false;
+    // The file is let go at the end of every command; a server's session stays, idle, for the
+    // next one (it holds no lock outside a transaction).
+    if (!serveur_) Db().close();
 }
 
 QSqlError BaseEtudesSql::PrendreEnEcriture() {
@@ -413,13 +427,17 @@ BaseEtudesSql::Acces BaseEtudesSql::TenterLecture() {
 void BaseEtudesSql::FinLecture() {
     QSqlDatabase db = Db();
     cache_.Vider();
+    bool fini = true;
     if (transaction_ && db.isOpen()) {
         if (EstSqlite(db))
-            Executer(db, "ROLLBACK"); // nothing was written: the end of the read
+            fini = !Executer(db, "ROLLBACK").isValid(); // nothing was written: the end of the read
         else
-            db.rollback();
+            fini = db.rollback();
     }
-    Fermer();
+    if (fini)
+        Liberer();
+    else
+        Fermer();
 }
 
 bool BaseEtudesSql::OuvrirConnexion(Etude& e, Dialogue& d) {
@@ -505,7 +523,10 @@ bool BaseEtudesSql::FermerConnexion(Etude& e) {
         NoterEchec(x.Verrou() ? EtatBase::Genre::Verrou : EtatBase::Genre::Autre, x.what());
         ok = false;
     }
-    Fermer();
+    if (ok)
+        Liberer();
+    else
+        Fermer();
     e.ConnexionOuverte = false;
     return ok;
 }
@@ -546,7 +567,7 @@ bool BaseEtudesSql::Commande(Etude& e, Dialogue& d, const std::function<void()>&
         travail();
         if (erreurMagasin_) throw ErreurBase(*erreurMagasin_);
         Confirmer();
-        Fermer();
+        Liberer();
         e.ConnexionOuverte = false;
         return true;
     } catch (const std::exception& x) {

@@ -130,7 +130,10 @@ private:
     QSqlError PrendreEnEcriture();
     // Makes the tables of a new base, or brings those of an earlier version up to date.
     void MettreAJourSchema(Contenu contenu);
+    // Closes the connection (a failure: the session is not to be trusted).
     void Fermer();
+    // The end of a command that went well: the file is closed, a server's session kept.
+    void Liberer();
     // One attempt at the write transaction; the schema is made in it when the base has no mark.
     Acces Tenter();
     // The read transaction; Vide for a missing or empty file or an SQLite file without tables.

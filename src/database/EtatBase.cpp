@@ -31,8 +31,10 @@ Contenu Historique(const QSqlDatabase& db) {
 Contenu ReconnaitreServeur(const QSqlDatabase& db) {
     std::set<std::string> tables;
     {
-        Requete r(db, "SELECT \"table_name\" FROM \"information_schema\".\"tables\""
-                      " WHERE \"table_schema\" = current_schema()");
+        // The catalogue itself: its information_schema views are slow to read.
+        Requete r(db, "SELECT c.relname FROM pg_catalog.pg_class c JOIN pg_catalog.pg_namespace n"
+                      " ON n.oid = c.relnamespace WHERE n.nspname = current_schema()"
+                      " AND c.relkind IN ('r', 'p', 'v', 'm', 'f')");
         r.Executer();
         while (r.Suivante())
             tables.insert(r.Texte(0));
@@ -46,10 +48,11 @@ Contenu ReconnaitreServeur(const QSqlDatabase& db) {
 } // namespace
 
 bool ColonneExiste(const QSqlDatabase& db, const std::string& table, const std::string& colonne) {
-    Requete r(db, SurServeur(db) ? "SELECT COUNT(*) FROM \"information_schema\".\"columns\" WHERE"
-                                   " \"table_schema\" = current_schema() AND \"table_name\" = ?"
-                                   " AND \"column_name\" = ?"
-                                 : "SELECT COUNT(*) FROM pragma_table_info(?) WHERE \"name\" = ?");
+    Requete r(db, SurServeur(db)
+                      ? "SELECT COUNT(*) FROM pg_catalog.pg_attribute WHERE attrelid ="
+                        " to_regclass(quote_ident(current_schema()) || '.' || quote_ident(?))"
+                        " AND attname = ? AND attnum > 0 AND NOT attisdropped"
+                      : "SELECT COUNT(*) FROM pragma_table_info(?) WHERE \"name\" = ?");
     r << table << colonne;
     r.Executer();
     return r.Suivante() && r.Entier(0) > 0;
