@@ -48,6 +48,22 @@ QSqlError Executer(const QSqlDatabase& db, const char* sql) {
     return q.lastError();
 }
 
+// Runs a statement with one bound value (a setting of the server's session).
+QSqlError Executer(const QSqlDatabase& db, const char* sql, const QVariant& valeur) {
+    QSqlQuery q(db);
+    if (!q.prepare(QString::fromUtf8(sql))) return q.lastError();
+    q.addBindValue(valeur);
+    if (q.exec()) return {};
+    return q.lastError();
+}
+
+// The longest wait of a statement for a lock on the server, for the rest of the transaction (0
+// would be no bound).
+QSqlError AttenteVerrou(const QSqlDatabase& db, int attenteMs) {
+    return Executer(db, "SELECT set_config('lock_timeout', ?, true)",
+                    QVariant(QString::number(std::max(1, attenteMs))));
+}
+
 // A value of the setting store as TR holds it: the value, and the run-time's number of its type.
 constexpr int TYPE_ENTIER16 = 2;
 constexpr int TYPE_ENTIER32 = 3;
@@ -230,7 +246,8 @@ bool BaseEtudesSql::OuvrirFichier(bool lecture) {
         if (!db.open()) return false;
         // No statement of the store runs for long: one that does (a server in trouble) fails
         // the command instead of holding the user.
-        const QSqlError e = Executer(db, "SET statement_timeout = 60000");
+        const QSqlError e =
+            Executer(db, "SELECT set_config('statement_timeout', ?, false)", QVariant("60000"));
         if (e.isValid()) db.close();
         return !e.isValid();
     }
@@ -267,13 +284,8 @@ QSqlError BaseEtudesSql::PrendreEnEcriture() {
     // largest id plus one are then always those of the last committed save. Readers never wait
     // for it. A wait longer than the user's is the shared base of the retry dialog.
     if (!db.transaction()) return db.lastError();
-    const std::string attente = "SET LOCAL lock_timeout = " + std::to_string(std::max(1, attente_));
-    QSqlError e = Executer(db, attente.c_str());
-    if (!e.isValid()) {
-        const std::string verrou =
-            "SELECT pg_advisory_xact_lock(" + std::to_string(MARQUE_BASE) + ")";
-        e = Executer(db, verrou.c_str());
-    }
+    QSqlError e = AttenteVerrou(db, attente_);
+    if (!e.isValid()) e = Executer(db, "SELECT pg_advisory_xact_lock(?)", QVariant(MARQUE_BASE));
     if (e.isValid()) db.rollback();
     return e;
 }
@@ -391,9 +403,7 @@ BaseEtudesSql::Acces BaseEtudesSql::TenterLecture() {
         // One snapshot for the whole read, so that a study is read as one save left it; a
         // read-only transaction never takes a writer's lock.
         erreur = Executer(db, "SET TRANSACTION ISOLATION LEVEL REPEATABLE READ, READ ONLY");
-        const std::string attente =
-            "SET LOCAL lock_timeout = " + std::to_string(std::max(1, attente_));
-        if (!erreur.isValid()) erreur = Executer(db, attente.c_str());
+        if (!erreur.isValid()) erreur = AttenteVerrou(db, attente_);
         if (erreur.isValid()) db.rollback();
     }
     if (erreur.isValid()) {
