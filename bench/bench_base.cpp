@@ -1,11 +1,15 @@
 // The study base at two sizes, side by side: 100 lines, and a network region of 100,000 lines
 // and 500,000 relays, each relay with a list of thirty settings. Measured in each: saving one
-// study, opening it again, and each list of the opening dialog for it.
+// study, opening it again, and each list of the opening dialog for it. Saving and opening are
+// also measured in a base of 10,000 lines on its file and on a PostgreSQL server side by side;
+// the server is the database named by TOURNESOL_SERVEUR_BANC (postgresql://user@host:port/base),
+// emptied and filled by the program.
 #include "core/Dialogue.h"
 #include "core/Etude.h"
 #include "core/Magasin.h"
 #include "core/Registre.h"
 #include "database/BaseEtudesSql.h"
+#include "database/Schema.h"
 #include "relays/Relais.h"
 #include "shell/Ouverture.h"
 
@@ -13,10 +17,12 @@
 #include <QSqlQuery>
 #include <QString>
 #include <QTemporaryDir>
+#include <QUrl>
 #include <QVariant>
 #include <algorithm>
 #include <benchmark/benchmark.h>
 #include <cstdio>
+#include <cstdlib>
 #include <map>
 #include <memory>
 
@@ -48,15 +54,31 @@ QString NomDepart(int l) {
     return QString("DEPART %1").arg(l, 5, 10, QChar('0'));
 }
 
-// Fills the base with `lignes` lines in one transaction, straight through SQL.
-void Remplir(const QString& fichier, int lignes) {
-    const int postes = std::max(1, lignes / LIGNES_PAR_POSTE);
-    {
+// The filling's connection to the base of the file or of the server.
+QSqlDatabase Connexion(const std::string& fichier, const std::string& serveur) {
+    if (serveur.empty()) {
         QSqlDatabase db = QSqlDatabase::addDatabase("QSQLITE", "remplissage");
-        db.setDatabaseName(fichier);
+        db.setDatabaseName(QString::fromStdString(fichier));
         db.open();
         QSqlQuery(db).exec("PRAGMA journal_mode = OFF"); // the filling only
         QSqlQuery(db).exec("PRAGMA synchronous = OFF");
+        return db;
+    }
+    const QUrl url(QString::fromStdString(serveur));
+    QSqlDatabase db = QSqlDatabase::addDatabase("QPSQL", "remplissage");
+    db.setHostName(url.host());
+    db.setPort(url.port(5432));
+    db.setUserName(url.userName());
+    db.setDatabaseName(url.path().mid(1));
+    db.open();
+    return db;
+}
+
+// Fills the base with `lignes` lines in one transaction, straight through SQL.
+void Remplir(const std::string& fichier, const std::string& serveur, int lignes) {
+    const int postes = std::max(1, lignes / LIGNES_PAR_POSTE);
+    {
+        QSqlDatabase db = Connexion(fichier, serveur);
         db.transaction();
         QSqlQuery q(db);
         q.prepare(R"(INSERT INTO "Poste" ("id", "nom") VALUES (?, ?))");
@@ -81,8 +103,12 @@ void Remplir(const QString& fichier, int lignes) {
                      R"( VALUES (?, ?, ?, 0, ?, ?, ?, ?))");
         reglage.prepare(R"(INSERT INTO "Réglage" ("id", "TypeReportCharge", "Left", "Width",)"
                         R"( "Top", "Height") VALUES (?, 0, -20, 40, 20, -40))");
-        tr.prepare(R"(INSERT INTO "TR" ("id_key", "id_pos", "Valeur", "TypeValeur"))"
-                   R"( VALUES (?, ?, ?, 5))");
+        // The thirty values of a relay in one statement: a server answers each statement.
+        QString valeurs;
+        for (int pos = 0; pos < VALEURS; ++pos)
+            valeurs += pos ? ", (?, ?, ?, 5)" : "(?, ?, ?, 5)";
+        tr.prepare(R"(INSERT INTO "TR" ("id_key", "id_pos", "Valeur", "TypeValeur") VALUES )" +
+                   valeurs);
         int id = 0;
         for (int l = 1; l <= lignes; ++l) {
             const int poste = (l - 1) % postes + 1;
@@ -110,29 +136,48 @@ void Remplir(const QString& fichier, int lignes) {
                     tr.addBindValue(id);
                     tr.addBindValue(pos);
                     tr.addBindValue(1.0 + pos);
-                    tr.exec();
                 }
+                tr.exec();
             }
         }
+        for (QSqlQuery* requete : {&q, &depart, &ligne, &lien, &reglage, &tr})
+            *requete = QSqlQuery(); // each statement freed while the connection is there
         db.commit();
         db.close();
     }
     QSqlDatabase::removeDatabase("remplissage");
 }
 
-// A base of that many lines, made once for all the measures.
+// Empties the server's base of the tables of a run before.
+void Vider(const std::string& serveur) {
+    {
+        QSqlDatabase db = Connexion("", serveur);
+        for (const std::string& table : TablesDuSysteme())
+            QSqlQuery(db).exec(QString::fromStdString("DROP TABLE IF EXISTS \"" + table + "\""));
+        db.close();
+    }
+    QSqlDatabase::removeDatabase("remplissage");
+}
+
+// A base of that many lines, made once for all the measures: in its file, or on the server.
 struct Region {
     QTemporaryDir dossier;
     std::unique_ptr<BaseEtudesSql> base;
     DialogueSansFenetre dialogue;
     int lignes;
-    explicit Region(int n) : lignes(n) {
+    bool prete = false;
+    Region(int n, bool surServeur) : lignes(n) {
         InscrireReglagesRelais(3, EcrireListe, LireListe);
-        base = std::make_unique<BaseEtudesSql>(dossier.path().toStdString() + "/");
+        const char* serveur = std::getenv("TOURNESOL_SERVEUR_BANC");
+        if (surServeur && !serveur) return;
+        if (surServeur) Vider(serveur);
+        base = std::make_unique<BaseEtudesSql>(surServeur ? std::string(serveur)
+                                                          : dossier.path().toStdString() + "/");
         Etude e;
-        base->OuvrirConnexion(e, dialogue); // the tables are made
+        if (!base->OuvrirConnexion(e, dialogue)) return; // the tables are made
         base->FermerConnexion(e);
-        Remplir(QString::fromStdString(base->Fichier()), lignes);
+        Remplir(base->Fichier(), surServeur ? serveur : "", lignes);
+        prete = true;
     }
     // The first relay of a line in the middle of the base: a PD3A numbered 1.
     Etude EtudeMilieu() const {
@@ -153,16 +198,24 @@ struct Region {
 
 // The bases, removed with their folders before the program ends (their connections must close
 // while Qt's SQL layer is still there).
-std::map<int, std::unique_ptr<Region>> regions;
+std::map<std::pair<int, bool>, std::unique_ptr<Region>> regions;
 
-Region& LaRegion(int lignes) {
-    auto& r = regions[lignes];
-    if (!r) r = std::make_unique<Region>(lignes);
+// The base of the measure: its number of lines, and on the server when its second argument is 1.
+Region& LaRegion(benchmark::State& state) {
+    const int lignes = static_cast<int>(state.range(0));
+    const bool serveur = state.range(1) == 1;
+    auto& r = regions[{lignes, serveur}];
+    if (!r) r = std::make_unique<Region>(lignes, serveur);
+    if (!r->prete)
+        state.SkipWithError(serveur ? "no server: TOURNESOL_SERVEUR_BANC names none, or it "
+                                      "cannot be reached"
+                                    : "the base could not be made");
     return *r;
 }
 
 void BM_Ouvrir(benchmark::State& state) {
-    Region& r = LaRegion(static_cast<int>(state.range(0)));
+    Region& r = LaRegion(state);
+    if (!r.prete) return;
     for (auto _ : state) {
         Etude e = r.EtudeMilieu();
         r.base->Ouvrir(e, r.dialogue);
@@ -177,7 +230,8 @@ void BM_Ouvrir(benchmark::State& state) {
 }
 
 void BM_Sauver(benchmark::State& state) {
-    Region& r = LaRegion(static_cast<int>(state.range(0)));
+    Region& r = LaRegion(state);
+    if (!r.prete) return;
     Etude e = r.EtudeMilieu();
     r.base->Ouvrir(e, r.dialogue);
     for (auto _ : state) {
@@ -189,7 +243,8 @@ void BM_Sauver(benchmark::State& state) {
 
 // A new line of a new substation each time: every key looked up and handed out.
 void BM_SauverNouvelleLigne(benchmark::State& state) {
-    Region& r = LaRegion(static_cast<int>(state.range(0)));
+    Region& r = LaRegion(state);
+    if (!r.prete) return;
     static int numero = 0;
     for (auto _ : state) {
         Etude e = r.EtudeMilieu();
@@ -200,7 +255,8 @@ void BM_SauverNouvelleLigne(benchmark::State& state) {
 }
 
 template <class Liste> void MesurerListe(benchmark::State& state, Liste&& liste) {
-    Region& r = LaRegion(static_cast<int>(state.range(0)));
+    Region& r = LaRegion(state);
+    if (!r.prete) return;
     const Etude e = r.EtudeMilieu();
     for (auto _ : state)
         benchmark::DoNotOptimize(liste(*r.base, e));
@@ -229,9 +285,16 @@ void BM_ListeNumeros(benchmark::State& state) {
 }
 
 // Each measure at 100 and at 100,000 lines, side by side; CPU time of the process.
-#define TOURNESOL_DEUX_TAILLES(f) BENCHMARK(f)->Arg(100)->Arg(100000)->Unit(benchmark::kMillisecond)
+#define TOURNESOL_DEUX_TAILLES(f)                                                                  \
+    BENCHMARK(f)->Args({100, 0})->Args({100000, 0})->Unit(benchmark::kMillisecond)
 TOURNESOL_DEUX_TAILLES(BM_Ouvrir);
 TOURNESOL_DEUX_TAILLES(BM_Sauver);
+// Saving and opening in 10,000 lines, on the file and on the server side by side; the time of
+// the clock, as the server's share of the work is not the process's.
+#define TOURNESOL_DEUX_BASES(f)                                                                    \
+    BENCHMARK(f)->Args({10000, 0})->Args({10000, 1})->UseRealTime()->Unit(benchmark::kMillisecond)
+TOURNESOL_DEUX_BASES(BM_Ouvrir);
+TOURNESOL_DEUX_BASES(BM_Sauver);
 TOURNESOL_DEUX_TAILLES(BM_ListePostes);
 TOURNESOL_DEUX_TAILLES(BM_ListeDeparts);
 TOURNESOL_DEUX_TAILLES(BM_ListePiquages);

@@ -3,7 +3,8 @@
 set -euo pipefail
 packages=(
   build-essential cmake ninja-build ccache pkg-config
-  qt6-base-dev qt6-base-dev-tools libqt6sql6-sqlite libgl-dev
+  qt6-base-dev qt6-base-dev-tools libqt6sql6-sqlite libqt6sql6-psql libgl-dev
+  postgresql postgresql-client
   libgtest-dev libgmock-dev libbenchmark-dev nlohmann-json3-dev
   clang-format xvfb xauth poppler-utils fonts-liberation
 )

@@ -1,7 +1,7 @@
 #!/usr/bin/env bash
 # Sets everything up and passes the tests: installs the packages, builds with warnings as
-# errors, runs the tests, then builds and runs them once more under AddressSanitizer and
-# UndefinedBehaviorSanitizer.
+# errors, starts a throw-away PostgreSQL server for the store's tests on a server, runs the tests,
+# then builds and runs them once more under AddressSanitizer and UndefinedBehaviorSanitizer.
 set -euo pipefail
 cd "$(dirname "$0")/.."
 bash scripts/install-deps.sh
@@ -9,6 +9,15 @@ bash scripts/install-deps.sh
 export CCACHE_DIR="${CCACHE_DIR:-$PWD/.ccache}"
 export QT_QPA_PLATFORM=offscreen
 jobs=$(nproc)
+
+# A throw-away PostgreSQL cluster for the tests of the store on a server: made in a temporary
+# folder, on a loopback port, and removed at the end whatever happens.
+serveur=$(mktemp -d "${TMPDIR:-/tmp}/tournesol-serveur.XXXXXX")
+trap 'bash scripts/serveur-essai.sh detruire "$serveur"' EXIT
+TOURNESOL_SERVEUR_ESSAI=$(bash scripts/serveur-essai.sh demarrer "$serveur")
+export TOURNESOL_SERVEUR_ESSAI
+export TOURNESOL_SERVEUR_ARRET="bash $PWD/scripts/serveur-essai.sh arreter $serveur"
+export TOURNESOL_SERVEUR_REPRISE="bash $PWD/scripts/serveur-essai.sh reprendre $serveur"
 
 cmake -S . -B build -G Ninja -DTOURNESOL_WERROR=ON
 cmake --build build -j "$jobs"

@@ -37,9 +37,9 @@ constexpr double TAILLE_SVG = 800.0;
 const char* const USAGE =
     "usage: tournesol-cli calc STUDY.json\n"
     "       tournesol-cli svg STUDY.json [-o FILE.svg]\n"
-    "       tournesol-cli save STUDY.json [--base DIR] [--wait SECONDS]\n"
+    "       tournesol-cli save STUDY.json [--base DIR|URL] [--wait SECONDS]\n"
     "       tournesol-cli open --poste A --depart B [--piquage C] --protection NAME\n"
-    "                          --numero N [--base DIR] [--wait SECONDS]\n"
+    "                          --numero N [--base DIR|URL] [--wait SECONDS]\n"
     "       tournesol-cli report STUDY.json -o FILE.pdf\n"
     "       tournesol-cli listing STUDY.json [-o FILE]\n"
     "  calc   reads a study file, runs it from Open to the first drawing and prints the\n"
@@ -49,7 +49,10 @@ const char* const USAGE =
     "  save   the same run, then saves the study in the base DIR/bd1.mdb (made when\n"
     "         missing) and prints the study with its keys\n"
     "  open   opens a saved study by its names, as the opening dialog does, runs it and\n"
-    "         prints it; it reads the base and never writes it\n"
+    "         prints it; it reads the base and never writes it, and tells on stderr who\n"
+    "         saved the relay last and when (UTC)\n"
+    "         --base: the folder of bd1.mdb, or a base on a PostgreSQL server,\n"
+    "         postgresql://user@host:port/base (the password from ~/.pgpass)\n"
     "         --wait: how long a base held by another user is waited for (10 s), then\n"
     "         the command ends with exit 1\n"
     "  report the same run as calc, then the printed report (drawing, diagnostics, line)\n"
@@ -293,9 +296,16 @@ int Open(const std::vector<std::string>& args) {
     if (s.e.id_reglage < 1)
         throw Refus{"no relay " + protection + " number " + std::to_string(numero) +
                     " on the line " + ligne};
+    // Who saved the relay last and when: beside the study, so that the study printed stays a
+    // study file.
+    const SignatureSauvegarde signature = base.DerniereSauvegarde(
+        s.e.NomPoste, s.e.NomDepart, s.e.NomPiquage, s.e.NomProtection, s.e.id_numero);
     s.options.Choisir(s.e.TypeReportCharge);
     InitEtude(s.e, s.dialogue, s.options);
     std::cout << EcrireEtude(s.e, s.dialogue.Messages());
+    std::cerr << "tournesol-cli: open: saved by "
+              << (signature.auteur.empty() ? std::string("(unknown)") : signature.auteur) << " on "
+              << (signature.date.empty() ? std::string("(unknown)") : signature.date) << "\n";
     return 0;
 }
 

@@ -16,6 +16,15 @@ class Panneau;
 // The entry that ends the relay list of a line, for a relay not yet in the base.
 inline constexpr const char* NOUVELLE_PROTECTION = "(Nouvelle Protection)";
 
+// Who saved a relay last, by the login of the user, and when, as the UTC time of the save in
+// ISO 8601 (2026-03-14T09:26:53Z). Both empty when the base does not say (a relay never saved, a
+// base made before they were kept).
+struct SignatureSauvegarde {
+    std::string auteur;
+    std::string date;
+    bool Vide() const { return auteur.empty() && date.empty(); }
+};
+
 class BaseEtudes {
 public:
     virtual ~BaseEtudes() = default;
@@ -32,6 +41,15 @@ public:
     // The numbers (1 to 6) already used by that relay on that line.
     virtual std::vector<int> Numeros(const std::string& poste, const std::string& depart,
                                      const std::string& piquage, const std::string& protection) = 0;
+
+    // Who saved that relay of that line last, and when.
+    virtual SignatureSauvegarde DerniereSauvegarde(const std::string& poste,
+                                                   const std::string& depart,
+                                                   const std::string& piquage,
+                                                   const std::string& protection, int numero) {
+        (void)poste, (void)depart, (void)piquage, (void)protection, (void)numero;
+        return {};
+    }
 
     // On Open, once the names and the relay are known: the keys of the named line and relay, and
     // what was saved of them (the Ligne row, the Réglage row with its report case and scale,

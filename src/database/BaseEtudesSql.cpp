@@ -48,6 +48,22 @@ QSqlError Executer(const QSqlDatabase& db, const char* sql) {
     return q.lastError();
 }
 
+// Runs a statement with one bound value (a setting of the server's session).
+QSqlError Executer(const QSqlDatabase& db, const char* sql, const QVariant& valeur) {
+    QSqlQuery q(db);
+    if (!q.prepare(QString::fromUtf8(sql))) return q.lastError();
+    q.addBindValue(valeur);
+    if (q.exec()) return {};
+    return q.lastError();
+}
+
+// The longest wait of a statement for a lock on the server, for the rest of the transaction (0
+// would be no bound).
+QSqlError AttenteVerrou(const QSqlDatabase& db, int attenteMs) {
+    return Executer(db, "SELECT set_config('lock_timeout', ?, true)",
+                    QVariant(QString::number(std::max(1, attenteMs))));
+}
+
 // A value of the setting store as TR holds it: the value, and the run-time's number of its type.
 constexpr int TYPE_ENTIER16 = 2;
 constexpr int TYPE_ENTIER32 = 3;
@@ -130,10 +146,11 @@ void BaseEtudesSql::EcrireValeurTR(std::int32_t id_key, std::int32_t id_pos,
     try {
         ecrire();
         Confirmer();
+        Liberer();
     } catch (const ErreurBase&) {
         Executer(Db(), "ROLLBACK");
+        Fermer();
     }
-    Fermer();
 }
 
 ValeurTR BaseEtudesSql::LireValeurTR(std::int32_t id_key, std::int32_t id_pos) {
@@ -164,11 +181,16 @@ ValeurTR BaseEtudesSql::LireValeurTR(std::int32_t id_key, std::int32_t id_pos) {
 // Connection
 
 BaseEtudesSql::BaseEtudesSql(std::string rep_appli, int attenteVerrouMs, bool question)
-    : rep_(std::move(rep_appli)), fichier_(rep_ + NOM_BASE), attente_(attenteVerrouMs),
-      question_(question), magasin_(*this) {
+    : rep_(std::move(rep_appli)), serveur_(LireAdresseServeur(rep_)),
+      adresseIllisible_(EstAdresseServeur(rep_) && !serveur_),
+      fichier_(serveur_            ? serveur_->Texte()
+               : adresseIllisible_ ? rep_
+                                   : rep_ + NOM_BASE),
+      attente_(std::max(0, attenteVerrouMs)), question_(question), magasin_(*this) {
     static std::atomic<int> numero{0};
     nomConnexion_ = QStringLiteral("tournesol-base-%1").arg(++numero);
-    QSqlDatabase::addDatabase(QStringLiteral("QSQLITE"), nomConnexion_);
+    QSqlDatabase::addDatabase(SurServeur() ? QStringLiteral("QPSQL") : QStringLiteral("QSQLITE"),
+                              nomConnexion_);
 }
 
 BaseEtudesSql::~BaseEtudesSql() {
@@ -205,7 +227,30 @@ void BaseEtudesSql::NoterEchec(EtatBase::Genre genre, const std::string& cause) 
 
 bool BaseEtudesSql::OuvrirFichier(bool lecture) {
     QSqlDatabase db = Db();
+    if (db.isOpen() && serveur_) {
+        // The session kept from the last command, unless the server dropped it meanwhile.
+        if (!Executer(db, "SELECT 1").isValid()) return true;
+        Fermer();
+    }
     if (db.isOpen()) return true;
+    if (serveur_) {
+        db.setDatabaseName(QString::fromStdString(serveur_->base));
+        if (!serveur_->hote.empty()) db.setHostName(QString::fromStdString(serveur_->hote));
+        db.setPort(serveur_->port);
+        if (!serveur_->utilisateur.empty())
+            db.setUserName(QString::fromStdString(serveur_->utilisateur));
+        // No password: the client library takes it from ~/.pgpass. A server that does not
+        // answer is given up after the wait, never waited for without bound.
+        db.setConnectOptions(QStringLiteral("connect_timeout=%1;application_name=tournesol")
+                                 .arg(std::max(2, (attente_ + 999) / 1000)));
+        if (!db.open()) return false;
+        // No statement of the store runs for long: one that does (a server in trouble) fails
+        // the command instead of holding the user.
+        const QSqlError e =
+            Executer(db, "SELECT set_config('statement_timeout', ?, false)", QVariant("60000"));
+        if (e.isValid()) db.close();
+        return !e.isValid();
+    }
     db.setDatabaseName(QString::fromStdString(fichier_));
     if (EstSqlite(db)) {
         QString options = QStringLiteral("QSQLITE_BUSY_TIMEOUT=%1").arg(attente_);
@@ -221,14 +266,81 @@ void BaseEtudesSql::Fermer() {
     transaction_ = false;
 }
 
+void BaseEtudesSql::Liberer() {
+    cache_.Vider();
+    transaction_ = false;
+    // The file is let go at the end of every command; a server's session stays, idle, for the
+    // next one (it holds no lock outside a transaction).
+    if (!serveur_) Db().close();
+}
+
+QSqlError BaseEtudesSql::PrendreEnEcriture() {
+    QSqlDatabase db = Db();
+    // On a file the write lock is taken at once, so that a base held by another writer shows
+    // here and not in the middle of the command; the wait is SQLite's busy wait.
+    if (EstSqlite(db)) return Executer(db, "BEGIN IMMEDIATE");
+    // On a server, the writers of the base take their turn under one lock of the whole
+    // transaction, taken first (the tables may not exist yet): the look-up of the keys and the
+    // largest id plus one are then always those of the last committed save. Readers never wait
+    // for it. A wait longer than the user's is the shared base of the retry dialog.
+    if (!db.transaction()) return db.lastError();
+    QSqlError e = AttenteVerrou(db, attente_);
+    if (!e.isValid()) e = Executer(db, "SELECT pg_advisory_xact_lock(?)", QVariant(MARQUE_BASE));
+    if (e.isValid()) db.rollback();
+    return e;
+}
+
+void BaseEtudesSql::MettreAJourSchema(Contenu contenu) {
+    QSqlDatabase db = Db();
+    if (contenu != Contenu::Systeme) {
+        // A new base, or one of an earlier version: its tables, its indexes, the columns it
+        // lacks and its mark, once, in the command's transaction.
+        for (const std::string& creation : CreationTables()) {
+            const QSqlError e = Executer(db, creation.c_str());
+            if (e.isValid()) throw ErreurBase(e);
+        }
+        for (const ColonneHistorique& h : ColonnesHistorique()) {
+            if (ColonneExiste(db, h.table, h.colonne)) continue;
+            const std::string ajout = std::string("ALTER TABLE \"") + h.table + "\" ADD COLUMN \"" +
+                                      h.colonne + "\" " + h.typeSql;
+            const QSqlError e = Executer(db, ajout.c_str());
+            if (e.isValid()) throw ErreurBase(e);
+        }
+        if (EstSqlite(db)) {
+            for (const std::string& marque :
+                 {"PRAGMA application_id = " + std::to_string(MARQUE_BASE),
+                  "PRAGMA user_version = " + std::to_string(VERSION_SCHEMA)}) {
+                const QSqlError e = Executer(db, marque.c_str());
+                if (e.isValid()) throw ErreurBase(e);
+            }
+        }
+    }
+    if (!EstSqlite(db)) {
+        // The tables themselves are held against any other writer of the server (another
+        // program, an administrator's session) until the commit; reading them stays free.
+        const QSqlError e = Executer(
+            db, R"(LOCK TABLE "Poste", "Départ", "Piquage", "Protection", "Tournesol", "Réglage",)"
+                R"( "TR", "Ligne" IN EXCLUSIVE MODE)");
+        if (e.isValid()) throw ErreurBase(e);
+    }
+}
+
 BaseEtudesSql::Acces BaseEtudesSql::Tenter() {
     using G = EtatBase::Genre;
-    const QFileInfo dossier(QString::fromStdString(rep_.empty() ? "." : rep_));
-    if (!dossier.isDir()) {
-        NoterEchec(G::DossierAbsent, "the folder " + rep_ + " does not exist");
+    if (adresseIllisible_) {
+        NoterEchec(G::DossierAbsent, "the address " + rep_ +
+                                         " does not name a base on a server (expected "
+                                         "postgresql://user@host:port/base)");
         return Acces::Refuse;
     }
-    fichierNeuf_ = !QFileInfo::exists(QString::fromStdString(fichier_));
+    if (!serveur_) {
+        const QFileInfo dossier(QString::fromStdString(rep_.empty() ? "." : rep_));
+        if (!dossier.isDir()) {
+            NoterEchec(G::DossierAbsent, "the folder " + rep_ + " does not exist");
+            return Acces::Refuse;
+        }
+    }
+    fichierNeuf_ = !serveur_ && !QFileInfo::exists(QString::fromStdString(fichier_));
     if (!OuvrirFichier(false)) {
         NoterEchec(G::Illisible, "the base " + fichier_ + " cannot be opened (" +
                                      Db().lastError().text().toStdString() + ")");
@@ -236,10 +348,7 @@ BaseEtudesSql::Acces BaseEtudesSql::Tenter() {
         return Acces::Refuse;
     }
     QSqlDatabase db = Db();
-    // The write lock is taken at once, so that a base held by another writer shows here and not
-    // in the middle of the command; the wait is SQLite's busy wait.
-    QSqlError erreur = EstSqlite(db) ? Executer(db, "BEGIN IMMEDIATE")
-                                     : (db.transaction() ? QSqlError() : db.lastError());
+    const QSqlError erreur = PrendreEnEcriture();
     if (erreur.isValid()) {
         Fermer();
         return ClasserEchec(ErreurBase(erreur), "written");
@@ -248,28 +357,24 @@ BaseEtudesSql::Acces BaseEtudesSql::Tenter() {
     try {
         const Contenu contenu = Reconnaitre(db);
         if (contenu == Contenu::Etrangere) {
-            Executer(db, "ROLLBACK");
+            if (EstSqlite(db))
+                Executer(db, "ROLLBACK");
+            else
+                db.rollback();
             Fermer();
-            NoterEchec(G::Etrangere, fichier_ + " is not a base of TOURNESOL (another program's "
-                                                "SQLite file, or a later version's)");
+            NoterEchec(G::Etrangere, fichier_ + (serveur_ ? " is not a base of TOURNESOL (its "
+                                                            "tables are another program's)"
+                                                          : " is not a base of TOURNESOL (another "
+                                                            "program's SQLite file, or a later "
+                                                            "version's)"));
             return Acces::Etrangere;
         }
-        if (contenu != Contenu::Systeme) {
-            // A new base, or one of an earlier version: its tables, its indexes and its mark,
-            // once, in the command's transaction.
-            for (const std::string& creation : CreationTables()) {
-                const QSqlError e = Executer(db, creation.c_str());
-                if (e.isValid()) throw ErreurBase(e);
-            }
-            for (const std::string& marque :
-                 {"PRAGMA application_id = " + std::to_string(MARQUE_BASE),
-                  "PRAGMA user_version = " + std::to_string(VERSION_SCHEMA)}) {
-                const QSqlError e = Executer(db, marque.c_str());
-                if (e.isValid()) throw ErreurBase(e);
-            }
-        }
+        MettreAJourSchema(contenu);
     } catch (const ErreurBase& x) {
-        Executer(db, "ROLLBACK");
+        if (EstSqlite(db))
+            Executer(db, "ROLLBACK");
+        else
+            db.rollback();
         Fermer();
         return ClasserEchec(x);
     }
@@ -278,9 +383,10 @@ BaseEtudesSql::Acces BaseEtudesSql::Tenter() {
 
 BaseEtudesSql::Acces BaseEtudesSql::TenterLecture() {
     using G = EtatBase::Genre;
+    if (adresseIllisible_) return Tenter(); // refused, and why
     const QFileInfo info(QString::fromStdString(fichier_));
     // A missing file is not made by a read: it is a base that holds nothing yet.
-    if (!info.exists() || (info.isFile() && info.size() == 0)) return Acces::Vide;
+    if (!serveur_ && (!info.exists() || (info.isFile() && info.size() == 0))) return Acces::Vide;
     if (!OuvrirFichier(true)) {
         NoterEchec(G::Illisible, "the base " + fichier_ + " cannot be opened (" +
                                      Db().lastError().text().toStdString() + ")");
@@ -288,8 +394,18 @@ BaseEtudesSql::Acces BaseEtudesSql::TenterLecture() {
         return Acces::Refuse;
     }
     QSqlDatabase db = Db();
-    const QSqlError erreur =
-        EstSqlite(db) ? Executer(db, "BEGIN") : (db.transaction() ? QSqlError() : db.lastError());
+    QSqlError erreur;
+    if (EstSqlite(db)) {
+        erreur = Executer(db, "BEGIN");
+    } else if (!db.transaction()) {
+        erreur = db.lastError();
+    } else {
+        // One snapshot for the whole read, so that a study is read as one save left it; a
+        // read-only transaction never takes a writer's lock.
+        erreur = Executer(db, "SET TRANSACTION ISOLATION LEVEL REPEATABLE READ, READ ONLY");
+        if (!erreur.isValid()) erreur = AttenteVerrou(db, attente_);
+        if (erreur.isValid()) db.rollback();
+    }
     if (erreur.isValid()) {
         Fermer();
         NoterEchec(G::Illisible, "the base " + fichier_ + " cannot be read (" +
@@ -308,7 +424,7 @@ BaseEtudesSql::Acces BaseEtudesSql::TenterLecture() {
         case Contenu::Etrangere:
             FinLecture();
             NoterEchec(G::Etrangere, fichier_ + " is not a base of TOURNESOL (another program's "
-                                                "SQLite file, or a later version's)");
+                                                "tables or file, or a later version's)");
             return Acces::Etrangere;
         }
     } catch (const ErreurBase& x) {
@@ -321,13 +437,17 @@ BaseEtudesSql::Acces BaseEtudesSql::TenterLecture() {
 void BaseEtudesSql::FinLecture() {
     QSqlDatabase db = Db();
     cache_.Vider();
+    bool fini = true;
     if (transaction_ && db.isOpen()) {
         if (EstSqlite(db))
-            Executer(db, "ROLLBACK"); // nothing was written: the end of the read
+            fini = !Executer(db, "ROLLBACK").isValid(); // nothing was written: the end of the read
         else
-            db.rollback();
+            fini = db.rollback();
     }
-    Fermer();
+    if (fini)
+        Liberer();
+    else
+        Fermer();
 }
 
 bool BaseEtudesSql::OuvrirConnexion(Etude& e, Dialogue& d) {
@@ -352,8 +472,8 @@ bool BaseEtudesSql::OuvrirConnexion(Etude& e, Dialogue& d) {
             }
             e.sTitre = "TOURNESOL : access impossible";
             e.IconeMessage = 2;
-            e.sMessage = "the master base (" + rep_ + "\\bd1.mdb) is shared.\r\n\r\n" +
-                         "Accès momentanément impossible.";
+            e.sMessage = "the master base (" + (serveur_ ? fichier_ : rep_ + "\\bd1.mdb") +
+                         ") is shared.\r\n\r\n" + "Accès momentanément impossible.";
             e.BoutonsQuestion = {"&Try again", "&Leave", ""};
             const bool sablier = d.Sablier(false);
             d.LaisserPasserEvenements();
@@ -413,7 +533,10 @@ bool BaseEtudesSql::FermerConnexion(Etude& e) {
         NoterEchec(x.Verrou() ? EtatBase::Genre::Verrou : EtatBase::Genre::Autre, x.what());
         ok = false;
     }
-    Fermer();
+    if (ok)
+        Liberer();
+    else
+        Fermer();
     e.ConnexionOuverte = false;
     return ok;
 }
@@ -454,18 +577,21 @@ bool BaseEtudesSql::Commande(Etude& e, Dialogue& d, const std::function<void()>&
         travail();
         if (erreurMagasin_) throw ErreurBase(*erreurMagasin_);
         Confirmer();
-        Fermer();
+        Liberer();
         e.ConnexionOuverte = false;
         return true;
     } catch (const std::exception& x) {
+        // A refusal of the setting store comes first: on a server, the statements after it only
+        // meet the transaction it ended.
+        const std::string cause = erreurMagasin_ ? *erreurMagasin_ : std::string(x.what());
         erreurMagasin_.reset();
         const auto* base = dynamic_cast<const ErreurBase*>(&x);
         NoterEchec(base && base->Verrou() ? EtatBase::Genre::Verrou : EtatBase::Genre::Autre,
-                   x.what());
+                   cause);
         Abandonner(e);
         e.sTitre = "TOURNESOL : Attention !";
         e.IconeMessage = 2;
-        e.sMessage = echec + "\r\n\r\n(" + x.what() + ")";
+        e.sMessage = echec + "\r\n\r\n(" + cause + ")";
         const bool sablier = d.Sablier(false);
         AfficherMessage(e, d);
         d.Sablier(sablier);
@@ -838,6 +964,52 @@ void BaseEtudesSql::Ouvrir(Etude& e, Dialogue& d) {
         PoserQuestion(e, d);
     }
     e.EtudeModifiee = false;
+}
+
+// ---------------------------------------------------------------------------------------------
+// Who saved
+
+EtatBase BaseEtudesSql::Examiner() {
+    using G = EtatBase::Genre;
+    echec_ = {};
+    switch (TenterLecture()) {
+    case Acces::Ouvert:
+        FinLecture();
+        return {};
+    case Acces::Vide:
+        return {G::Absente, "the base " + fichier_ + " holds no table"};
+    case Acces::Partage:
+    case Acces::Refuse:
+    case Acces::Etrangere:
+        break;
+    }
+    return echec_;
+}
+
+SignatureSauvegarde BaseEtudesSql::DerniereSauvegarde(const std::string& poste,
+                                                      const std::string& depart,
+                                                      const std::string& piquage,
+                                                      const std::string& protection, int numero) {
+    return Lecture<SignatureSauvegarde>(
+        [&] {
+            SignatureSauvegarde s;
+            const std::int32_t id_poste = CleDuPoste(poste);
+            const std::int32_t id_depart = id_poste ? CleDuDepart(depart, id_poste) : 0;
+            const std::int32_t id_piquage = CleDuPiquage(piquage, id_depart, id_poste);
+            const std::int32_t id_protection = CleDeProtection(protection);
+            if (id_depart == 0 || id_protection == 0 || (!piquage.empty() && id_piquage == 0))
+                return s;
+            // A base of an earlier version, read as it is, does not say.
+            if (!ColonneExiste(Db(), "Tournesol", COLONNE_AUTEUR)) return s;
+            Requete r(Q(R"(SELECT "sauvé_par", "sauvé_le" FROM "Tournesol" WHERE "id_poste" = ?)"
+                        R"( AND "id_départ" = ? AND "id_piquage" = ? AND "id_protection" = ?)"
+                        R"( AND "id_numéro" = ? ORDER BY "id" LIMIT 1)"));
+            r << id_poste << id_depart << id_piquage << id_protection << numero;
+            r.Executer();
+            if (r.Suivante()) s = {r.Texte(0), r.Texte(1)};
+            return s;
+        },
+        {});
 }
 
 } // namespace tournesol

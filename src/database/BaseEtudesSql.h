@@ -1,11 +1,14 @@
-// The study base on Qt SQL: the file bd1.mdb (SQLite) in the directory of the master base.
-// Tables are made when the file is new or empty. Every command is one transaction: a save or a
-// deletion takes the base for writing at its start and is written whole or not at all; the
-// opening and the lists read in a read transaction and never write.
+// The study base on Qt SQL: the file bd1.mdb (SQLite) in the directory of the master base, or a
+// database on a PostgreSQL server, the shared base of a team; the same SQL text serves both.
+// Tables are made when the file is new or empty, or the server's database holds no table. Every
+// command is one transaction: a save or a deletion takes the base for writing at its start and is
+// written whole or not at all; the opening and the lists read in a read transaction and never
+// write.
 #pragma once
 
 #include "core/BaseEtudes.h"
 #include "core/Magasin.h"
+#include "database/Adresse.h"
 #include "database/EtatBase.h"
 #include "database/Requete.h"
 
@@ -45,16 +48,22 @@ public:
 
     // `rep_appli`: the directory of the master base as Rep_appli holds it, ready for plain
     // concatenation (its trailing separator included); empty for the current directory. The
-    // base file is rep_appli + "bd1.mdb". `attenteVerrouMs`: how long one attempt waits for a
-    // base held by another writer before it counts as failed (readers wait as long for a writer
-    // that is committing). `question`: after three such attempts the user is asked whether to
-    // try again; without it (the command line) the first failed attempt ends the command.
+    // base file is rep_appli + "bd1.mdb". An address postgresql://user@host:port/base names a
+    // database on a server instead (see Adresse.h). `attenteVerrouMs`: how long one attempt waits
+    // for a base held by another writer before it counts as failed (readers wait as long for a
+    // writer that is committing). `question`: after three such attempts the user is asked whether
+    // to try again; without it (the command line) the first failed attempt ends the command.
     explicit BaseEtudesSql(std::string rep_appli, int attenteVerrouMs = 1000, bool question = true);
     ~BaseEtudesSql() override;
     BaseEtudesSql(const BaseEtudesSql&) = delete;
     BaseEtudesSql& operator=(const BaseEtudesSql&) = delete;
 
+    // The base file, or the server's address (without a password).
     const std::string& Fichier() const { return fichier_; }
+    bool SurServeur() const { return serveur_.has_value() || adresseIllisible_; }
+
+    // Whether the base can be used, read in a read-only transaction that writes nothing.
+    EtatBase Examiner();
 
     // Why the last command failed (Genre Utilisable when it did not), with the cause.
     const EtatBase& DernierEchec() const { return echec_; }
@@ -68,6 +77,10 @@ public:
                                          const std::string& piquage) override;
     std::vector<int> Numeros(const std::string& poste, const std::string& depart,
                              const std::string& piquage, const std::string& protection) override;
+
+    SignatureSauvegarde DerniereSauvegarde(const std::string& poste, const std::string& depart,
+                                           const std::string& piquage,
+                                           const std::string& protection, int numero) override;
 
     void Ouvrir(Etude& e, Dialogue& d) override;
     // SauverEtude.
@@ -113,7 +126,14 @@ private:
     // The statement of that text, prepared once for the connection.
     QSqlQuery& Q(const std::string& sql) { return cache_.Preparee(Db(), sql); }
     bool OuvrirFichier(bool lecture);
+    // The write transaction of an attempt, with its locks; an error when the base refused.
+    QSqlError PrendreEnEcriture();
+    // Makes the tables of a new base, or brings those of an earlier version up to date.
+    void MettreAJourSchema(Contenu contenu);
+    // Closes the connection (a failure: the session is not to be trusted).
     void Fermer();
+    // The end of a command that went well: the file is closed, a server's session kept.
+    void Liberer();
     // One attempt at the write transaction; the schema is made in it when the base has no mark.
     Acces Tenter();
     // The read transaction; Vide for a missing or empty file or an SQLite file without tables.
@@ -178,7 +198,12 @@ private:
     ValeurTR LireValeurTR(std::int32_t id_key, std::int32_t id_pos);
 
     std::string rep_;
+    std::optional<AdresseServeur> serveur_;
+    bool adresseIllisible_ = false; // a server's address that cannot be read
     std::string fichier_;
+    // Who saves, and when, for the command under way.
+    std::string auteur_;
+    std::string horodatage_;
     QString nomConnexion_;
     int attente_;
     bool question_;

@@ -1,6 +1,7 @@
 #include "database/EtatBase.h"
 
 #include "core/Dialogue.h"
+#include "database/Adresse.h"
 #include "database/BaseEtudesSql.h"
 #include "database/Requete.h"
 #include "database/Schema.h"
@@ -12,7 +13,53 @@
 
 namespace tournesol {
 
+namespace {
+
+bool SurServeur(const QSqlDatabase& db) {
+    return db.driverName() == QLatin1String("QPSQL");
+}
+
+// What the history columns say of a base whose tables are all there.
+Contenu Historique(const QSqlDatabase& db) {
+    for (const ColonneHistorique& h : ColonnesHistorique())
+        if (!ColonneExiste(db, h.table, h.colonne)) return Contenu::Ancienne;
+    return Contenu::Systeme;
+}
+
+// On a server the base is the current schema of the database: no table at all is a new base,
+// the eight tables of the system are a base of this system, anything else belongs to another.
+Contenu ReconnaitreServeur(const QSqlDatabase& db) {
+    std::set<std::string> tables;
+    {
+        // The catalogue itself: its information_schema views are slow to read.
+        Requete r(db, "SELECT c.relname FROM pg_catalog.pg_class c JOIN pg_catalog.pg_namespace n"
+                      " ON n.oid = c.relnamespace WHERE n.nspname = current_schema()"
+                      " AND c.relkind IN ('r', 'p', 'v', 'm', 'f')");
+        r.Executer();
+        while (r.Suivante())
+            tables.insert(r.Texte(0));
+    }
+    if (tables.empty()) return Contenu::Vide;
+    for (const std::string& t : TablesDuSysteme())
+        if (!tables.count(t)) return Contenu::Etrangere;
+    return Historique(db);
+}
+
+} // namespace
+
+bool ColonneExiste(const QSqlDatabase& db, const std::string& table, const std::string& colonne) {
+    Requete r(db, SurServeur(db)
+                      ? "SELECT COUNT(*) FROM pg_catalog.pg_attribute WHERE attrelid ="
+                        " to_regclass(quote_ident(current_schema()) || '.' || quote_ident(?))"
+                        " AND attname = ? AND attnum > 0 AND NOT attisdropped"
+                      : "SELECT COUNT(*) FROM pragma_table_info(?) WHERE \"name\" = ?");
+    r << table << colonne;
+    r.Executer();
+    return r.Suivante() && r.Entier(0) > 0;
+}
+
 Contenu Reconnaitre(const QSqlDatabase& db) {
+    if (SurServeur(db)) return ReconnaitreServeur(db);
     int marque = 0, version = 0;
     {
         Requete r(db, "PRAGMA application_id");
@@ -24,8 +71,10 @@ Contenu Reconnaitre(const QSqlDatabase& db) {
         r.Executer();
         if (r.Suivante()) version = r.Entier(0);
     }
-    if (marque == MARQUE_BASE)
-        return version <= VERSION_SCHEMA ? Contenu::Systeme : Contenu::Etrangere;
+    if (marque == MARQUE_BASE) {
+        if (version > VERSION_SCHEMA) return Contenu::Etrangere;
+        return version == VERSION_SCHEMA ? Contenu::Systeme : Contenu::Ancienne;
+    }
     if (marque != 0) return Contenu::Etrangere;
     std::set<std::string> tables;
     bool objets = false;
@@ -45,6 +94,10 @@ Contenu Reconnaitre(const QSqlDatabase& db) {
 
 EtatBase ExaminerBase(const std::string& rep_appli) {
     using G = EtatBase::Genre;
+    if (EstAdresseServeur(rep_appli)) {
+        BaseEtudesSql base(rep_appli, 2000, false);
+        return base.Examiner();
+    }
     const QString dossier = QString::fromStdString(rep_appli.empty() ? "." : rep_appli);
     const QString fichier = QString::fromStdString(rep_appli + BaseEtudesSql::NOM_BASE);
     const QFileInfo infoDossier(dossier);

@@ -29,6 +29,7 @@ struct EtatBase {
 };
 
 // The folder as Rep_appli holds it (empty for the current directory); the base is its bd1.mdb.
+// For a server's address, the base on the server, read in a read-only transaction.
 EtatBase ExaminerBase(const std::string& rep_appli);
 
 // At the program's start: one message ("TOURNESOL : Attention !", the base's icon) naming the
@@ -38,12 +39,14 @@ bool SignalerBaseAuDemarrage(const std::string& rep_appli, Dialogue& d);
 
 // What a connection finds in an open SQLite file.
 enum class Contenu {
-    Systeme,  // the mark of this system, at a version it knows
-    Ancienne, // no mark, but the eight tables of the system: made by an earlier version
+    Systeme,  // the mark of this system at its version (on a server: the tables and their columns)
+    Ancienne, // the tables of the system made by an earlier version, to be brought up to date
     Vide,     // no mark and no table at all
     Etrangere,
 };
 // Reads the mark and the tables; throws ErreurBase when the file cannot be read.
 Contenu Reconnaitre(const QSqlDatabase& db);
+// Whether the table has that column.
+bool ColonneExiste(const QSqlDatabase& db, const std::string& table, const std::string& colonne);
 
 } // namespace tournesol

@@ -8,6 +8,12 @@
 #include "database/Schema.h"
 #include "network/PanneauxBouts.h"
 
+#include <QDateTime>
+#ifndef _WIN32
+#include <pwd.h>
+#include <unistd.h>
+#endif
+
 namespace tournesol {
 
 namespace {
@@ -28,9 +34,21 @@ const std::string& MiseAJourLigne() {
             s += "\"" + c.Nom + "\" = ?";
             premiere = false;
         }
-        return s + R"( WHERE "id" = ?)";
+        return s + R"(, "sauvé_par" = ?, "sauvé_le" = ? WHERE "id" = ?)";
     }();
     return sql;
+}
+
+// The login of the user who saves: the account of the session.
+std::string Utilisateur() {
+    for (const char* variable : {"USER", "LOGNAME", "USERNAME"}) {
+        const QString nom = qEnvironmentVariable(variable).trimmed();
+        if (!nom.isEmpty()) return nom.toStdString();
+    }
+#ifndef _WIN32
+    if (const passwd* pw = getpwuid(geteuid()); pw && pw->pw_name) return pw->pw_name;
+#endif
+    return "?";
 }
 
 } // namespace
@@ -71,6 +89,9 @@ bool BaseEtudesSql::Enregistrer(Etude& e, Dialogue& d, bool superposition) {
     }
     const ClesEtude avant = ClesEtude::De(e);
     relaisInconnu_ = false;
+    // Who saves, and when: the time the save was asked, in UTC, to the second.
+    auteur_ = Utilisateur();
+    horodatage_ = QDateTime::currentDateTimeUtc().toString(Qt::ISODate).toStdString();
     const bool ok = Commande(
         e, d,
         [&] {
@@ -131,7 +152,7 @@ void BaseEtudesSql::SauverLigne(Etude& e) {
     Requete r(Q(MiseAJourLigne()));
     for (const ColonneLigne& c : ColonnesLigne())
         if (c.Lire) r << c.Lire(e);
-    r << e.id_ligne;
+    r << auteur_ << horodatage_ << e.id_ligne;
     r.Executer();
     if (r.LignesTouchees() != 1) throw ErreurBase("the row of the line was not written");
 }
@@ -236,39 +257,37 @@ void BaseEtudesSql::SauverTournesol(Etude& e) {
     // By the five keys, the tee included even when it is 0: a relay of the line of two ends is
     // not the relay of the same type and number on a line teed on it.
     std::int32_t id = 0;
-    std::int32_t ligne = 0;
     {
-        Requete lien(
-            Q(R"(SELECT "id", "id_réglage", "id_ligne" FROM "Tournesol" WHERE "id_poste" = ?)"
-              R"( AND "id_départ" = ? AND "id_piquage" = ? AND "id_protection" = ?)"
-              R"( AND "id_numéro" = ? ORDER BY "id")"));
+        Requete lien(Q(R"(SELECT "id", "id_réglage" FROM "Tournesol" WHERE "id_poste" = ?)"
+                       R"( AND "id_départ" = ? AND "id_piquage" = ? AND "id_protection" = ?)"
+                       R"( AND "id_numéro" = ? ORDER BY "id")"));
         lien << e.id_poste << e.id_depart << e.id_piquage << e.id_protection
              << static_cast<int>(e.id_numero);
         lien.Executer();
         if (lien.Suivante()) {
             id = lien.Entier(0);
             e.id_reglage = lien.Entier(1);
-            ligne = lien.Entier(2);
         }
     }
     if (id == 0) {
         id = ProchainId(Table::Tournesol);
         e.id_reglage = ProchainId(Table::Reglage);
         Requete r(Q(R"(INSERT INTO "Tournesol" ("id", "id_poste", "id_départ", "id_piquage",)"
-                    R"( "id_protection", "id_ligne", "id_réglage", "id_numéro"))"
-                    R"( VALUES (?, ?, ?, ?, ?, ?, ?, ?))"));
+                    R"( "id_protection", "id_ligne", "id_réglage", "id_numéro", "sauvé_par",)"
+                    R"( "sauvé_le") VALUES (?, ?, ?, ?, ?, ?, ?, ?, ?, ?))"));
         r << id << e.id_poste << e.id_depart << e.id_piquage << e.id_protection << e.id_ligne
-          << e.id_reglage << static_cast<int>(e.id_numero);
+          << e.id_reglage << static_cast<int>(e.id_numero) << auteur_ << horodatage_;
         r.Executer();
         NouveauReglage(e);
         return;
     }
-    // The relay is in the base: its link row stays as it is, and its settings are the ones
-    // written over. A link row that lost its line (a row of an earlier version) takes the row
-    // of this save.
-    if (ligne != e.id_ligne) {
-        Requete r(Q(R"(UPDATE "Tournesol" SET "id_ligne" = ? WHERE "id" = ?)"));
-        r << e.id_ligne << id;
+    // The relay is in the base: its link row stays as it is but for who saved it and when,
+    // and its settings are the ones written over. A link row that lost its line (a row of an
+    // earlier version) takes the row of this save.
+    {
+        Requete r(Q(R"(UPDATE "Tournesol" SET "id_ligne" = ?, "sauvé_par" = ?, "sauvé_le" = ?)"
+                    R"( WHERE "id" = ?)"));
+        r << e.id_ligne << auteur_ << horodatage_ << id;
         r.Executer();
     }
     if (e.id_reglage < 1 || !Existe(Table::Reglage, e.id_reglage)) {
@@ -290,6 +309,13 @@ void BaseEtudesSql::SauverReglage(Etude& e, bool superposition) {
         r << static_cast<int>(e.TypeReportCharge) << static_cast<double>(e.ScaleLeft)
           << static_cast<double>(e.ScaleWidth) << static_cast<double>(e.ScaleTop)
           << static_cast<double>(e.ScaleHeight) << e.id_reglage;
+        r.Executer();
+    } else {
+        // The superposition's save writes no link row but the settings of one: that relay is
+        // the one saved, by this user, now.
+        Requete r(Q(R"(UPDATE "Tournesol" SET "sauvé_par" = ?, "sauvé_le" = ?)"
+                    R"( WHERE "id_réglage" = ? AND "id_réglage" >= 1)"));
+        r << auteur_ << horodatage_ << e.id_reglage;
         r.Executer();
     }
     EcrireReglagesRelais(e, magasin_);

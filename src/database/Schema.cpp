@@ -149,6 +149,9 @@ std::vector<std::string> FaireCreation() {
     std::string ligne = R"(CREATE TABLE IF NOT EXISTS "Ligne" ("id" INTEGER NOT NULL PRIMARY KEY)";
     for (const ColonneLigne& c : ColonnesLigne())
         ligne += std::string(", \"") + c.Nom + "\" " + c.TypeSql;
+    for (const ColonneHistorique& h : ColonnesHistorique())
+        if (std::string(h.table) == "Ligne")
+            ligne += std::string(", \"") + h.colonne + "\" " + h.typeSql;
     ligne += ")";
     return {
         R"(CREATE TABLE IF NOT EXISTS "Poste" ("id" INTEGER NOT NULL PRIMARY KEY,)"
@@ -162,7 +165,7 @@ std::vector<std::string> FaireCreation() {
         R"(CREATE TABLE IF NOT EXISTS "Tournesol" ("id" INTEGER NOT NULL PRIMARY KEY,)"
         R"( "id_poste" INTEGER, "id_départ" INTEGER, "id_piquage" INTEGER,)"
         R"( "id_protection" INTEGER, "id_ligne" INTEGER, "id_réglage" INTEGER,)"
-        R"( "id_numéro" SMALLINT))",
+        R"( "id_numéro" SMALLINT, "sauvé_par" VARCHAR(255), "sauvé_le" VARCHAR(32)))",
         R"(CREATE TABLE IF NOT EXISTS "Réglage" ("id" INTEGER NOT NULL PRIMARY KEY,)"
         R"( "TypeReportCharge" SMALLINT, "Left" REAL, "Width" REAL, "Top" REAL, "Height" REAL))",
         // Valeur holds every value exactly as a 64-bit float; TypeValeur tells the type it was
@@ -191,6 +194,16 @@ std::vector<std::string> FaireCreation() {
 
 const std::vector<ColonneLigne>& ColonnesLigne() {
     static const std::vector<ColonneLigne> colonnes = FaireColonnesLigne();
+    return colonnes;
+}
+
+const std::vector<ColonneHistorique>& ColonnesHistorique() {
+    static const std::vector<ColonneHistorique> colonnes = {
+        {"Tournesol", COLONNE_AUTEUR, "VARCHAR(255)"},
+        {"Tournesol", COLONNE_DATE, "VARCHAR(32)"},
+        {"Ligne", COLONNE_AUTEUR, "VARCHAR(255)"},
+        {"Ligne", COLONNE_DATE, "VARCHAR(32)"},
+    };
     return colonnes;
 }
 

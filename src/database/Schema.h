@@ -15,11 +15,23 @@ struct Etude;
 // version of its tables (user_version). A file without the mark holds either nothing (a new base)
 // or the tables of an earlier version of this system; anything else belongs to another program.
 inline constexpr int MARQUE_BASE = 0x546F7572; // "Tour"
-inline constexpr int VERSION_SCHEMA = 1;
+// Version 2 adds who saved and when to the link rows and the lines.
+inline constexpr int VERSION_SCHEMA = 2;
 
 // The statements that make the tables of a new base and the indexes of every look-up of the
 // store; each leaves an existing table or index alone. Run once per base, when it has no mark.
 const std::vector<std::string>& CreationTables();
+
+// Who saved and when, beside the columns of the system on the link rows (Tournesol) and the lines
+// (Ligne): the user's login and the UTC time of the save, as text.
+inline constexpr const char* COLONNE_AUTEUR = "sauvé_par";
+inline constexpr const char* COLONNE_DATE = "sauvé_le";
+struct ColonneHistorique {
+    const char* table;
+    const char* colonne;
+    const char* typeSql;
+};
+const std::vector<ColonneHistorique>& ColonnesHistorique();
 
 // The eight tables of the system, by their one spelling.
 const std::vector<std::string>& TablesDuSysteme();

@@ -27,12 +27,27 @@ std::string Option(int id) {
 
 // The names of one page's boxes.
 struct Boites {
-    const char *poste, *depart, *piquage, *protection, *label, *numero;
+    const char *poste, *depart, *piquage, *protection, *label, *numero, *signature;
 };
-constexpr Boites PREMIERE = {"txtposte",      "txtDépart", "txtPiquage",
-                             "txtProtection", "lblnuméro", "txtnuméro"};
-constexpr Boites SECONDE = {"txtposte2",      "txtdépart2", "txtPiquage2",
-                            "txtProtection2", "lblnuméro2", "txtnuméro2"};
+constexpr Boites PREMIERE = {"txtposte",  "txtDépart", "txtPiquage", "txtProtection",
+                             "lblnuméro", "txtnuméro", "lblsauvé"};
+constexpr Boites SECONDE = {"txtposte2",  "txtdépart2", "txtPiquage2", "txtProtection2",
+                            "lblnuméro2", "txtnuméro2", "lblsauvé2"};
+
+// The relay number of the box: exactly "1" to "6", else 0.
+int NumeroDe(const std::string& n) {
+    return n.size() == 1 && n[0] >= '1' && n[0] <= '6' ? n[0] - '0' : 0;
+}
+
+// Who saved the relay last and when, as the dialog shows it: "saved by jdupont on 2026-03-14
+// 09:26:53 UTC".
+std::string TexteSignature(const SignatureSauvegarde& s) {
+    std::string date = s.date;
+    if (date.size() == 20 && date[10] == 'T' && date.back() == 'Z')
+        date = date.substr(0, 10) + " " + date.substr(11, 8) + " UTC";
+    return "saved by " + (s.auteur.empty() ? std::string("?") : s.auteur) +
+           (date.empty() ? std::string() : " on " + date);
+}
 
 const Boites* PageDe(const std::string& champ) {
     for (const Boites* b : {&PREMIERE, &SECONDE})
@@ -144,6 +159,7 @@ PanneauTitre::PanneauTitre(Etude& e, Dialogue& d, BaseEtudes* base)
             Ajouter(GenreChamp::Liste, champs[i], "", page).Legende = noms[i];
         Ajouter(GenreChamp::Etiquette, boites.label, "Number of the r&elay", page).Visible = false;
         Ajouter(GenreChamp::Liste, boites.numero, "", page).Visible = false;
+        Ajouter(GenreChamp::Etiquette, boites.signature, "", page).Visible = false;
     }
     Ajouter(GenreChamp::Case, "chksuperposer", "superpose two relays");
     Ajouter(GenreChamp::Bouton, "TitreOnglet(0)", "First relay");
@@ -287,11 +303,23 @@ void PanneauTitre::Quitter(const std::string& champ) {
                 numeros.push_back(std::to_string(n));
             RemplirListe(b->numero, numeros);
         }
-    } else if (champ == b->numero && premiere) {
-        const std::string& n = T(b->numero);
-        e_.id_numero =
-            static_cast<Entier16>(n.size() == 1 && n[0] >= '1' && n[0] <= '6' ? n[0] - '0' : 0);
+        MontrerSignature(premiere ? 0 : 1);
+    } else if (champ == b->numero) {
+        if (premiere) e_.id_numero = static_cast<Entier16>(NumeroDe(T(b->numero)));
+        MontrerSignature(premiere ? 0 : 1);
     }
+}
+
+void PanneauTitre::MontrerSignature(int page) {
+    const Boites& b = page == 0 ? PREMIERE : SECONDE;
+    Champ& etiquette = *Trouver(b.signature);
+    const int numero = NumeroDe(T(b.numero));
+    SignatureSauvegarde s;
+    if (base_ && numero > 0 && !T(b.protection).empty() && T(b.protection) != NOUVELLE_PROTECTION)
+        s = base_->DerniereSauvegarde(T(b.poste), T(b.depart), T(b.piquage), T(b.protection),
+                                      numero);
+    etiquette.Visible = !s.Vide();
+    etiquette.DefinirTexte(s.Vide() ? std::string() : TexteSignature(s));
 }
 
 void PanneauTitre::Changer(const std::string& champ) {

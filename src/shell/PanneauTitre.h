@@ -69,6 +69,9 @@ private:
     void Indice(const std::string& message);
     void AutoriserSuppression();
     void ReglerNumero(const char* protection, const char* label, const char* numero);
+    // Who saved the relay of the page last and when, once its line, relay and number are known;
+    // hidden when the base does not say.
+    void MontrerSignature(int page);
     void Ouvrir();
     void RemplirListe(const char* nom, std::vector<std::string> entrees);
     std::string T(const char* nom) { return Trouver(nom)->Texte(); }

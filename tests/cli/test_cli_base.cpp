@@ -5,6 +5,7 @@
 #include <QSqlDatabase>
 #include <QSqlError>
 #include <QSqlQuery>
+#include <QUrl>
 #include <chrono>
 #include <cstdio>
 #include <filesystem>
@@ -323,4 +324,57 @@ TEST_F(BaseEnLigne, DeuxSauvegardesDuMemeRelais) {
     const json ouverte = json::parse(r.sortie);
     const json& sauvee = ouverte["Ligne_Longueur"][0] == 11.0 ? sa : sb;
     MemeEtude(ouverte, sauvee, "A - B");
+}
+
+namespace {
+
+// The server of the tests (the test command starts one), in a database of this program's own.
+std::string BaseDuServeur() {
+    const char* serveur = std::getenv("TOURNESOL_SERVEUR_ESSAI");
+    if (!serveur) return {};
+    QUrl url(QString::fromUtf8(serveur));
+    {
+        QSqlDatabase db = QSqlDatabase::addDatabase(QStringLiteral("QPSQL"), "serveur-cli");
+        db.setHostName(url.host());
+        db.setPort(url.port(5432));
+        db.setUserName(url.userName());
+        db.setDatabaseName(url.path().mid(1));
+        EXPECT_TRUE(db.open()) << db.lastError().text().toStdString();
+        QSqlQuery q(db);
+        EXPECT_TRUE(q.exec("DROP DATABASE IF EXISTS essai_cli WITH (FORCE)"));
+        EXPECT_TRUE(q.exec("CREATE DATABASE essai_cli"));
+        db.close();
+    }
+    QSqlDatabase::removeDatabase("serveur-cli");
+    url.setPath("/essai_cli");
+    return url.toString().toStdString();
+}
+
+} // namespace
+
+// The verbs on a team's base on a server: the same study saved and opened again, with who saved
+// it and when; an address that cannot be read is refused, a server that does not answer is told.
+TEST_F(BaseEnLigne, SurUnServeurQuiEtQuandSontDits) {
+    const std::string base = BaseDuServeur();
+    if (base.empty()) GTEST_SKIP() << "no server: TOURNESOL_SERVEUR_ESSAI is not set";
+    const fs::path etude = Etude("a", "CHAMPAGNIER", "GRANDE-ILE");
+    setenv("USER", "ecadet", 1); // the login of the user who saves
+    const Sortie sauvee = Lancer("save " + etude.string() + " --base " + base);
+    unsetenv("USER");
+    ASSERT_EQ(sauvee.code, 0) << sauvee.erreurs;
+    const Sortie ouverte = Lancer("open --base " + base +
+                                  " --poste CHAMPAGNIER --depart GRANDE-ILE --protection PD3A "
+                                  "--numero 1");
+    ASSERT_EQ(ouverte.code, 0) << ouverte.erreurs;
+    MemeEtude(json::parse(ouverte.sortie), json::parse(sauvee.sortie), "server");
+    EXPECT_NE(ouverte.erreurs.find("saved by ecadet on 20"), std::string::npos) << ouverte.erreurs;
+
+    const std::string relais = " --poste A --depart B --protection PD3A --numero 1";
+    const Sortie illisible = Lancer("open --base postgresql://x@127.0.0.1:99999/b" + relais);
+    EXPECT_EQ(illisible.code, 2);
+    EXPECT_NE(illisible.erreurs.find("does not name a base on a server"), std::string::npos)
+        << illisible.erreurs;
+    const Sortie absent = Lancer("open --wait 1 --base postgresql://x@127.0.0.1:1/b" + relais);
+    EXPECT_EQ(absent.code, 1);
+    EXPECT_NE(absent.erreurs.find("cannot be opened"), std::string::npos) << absent.erreurs;
 }

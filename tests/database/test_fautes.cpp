@@ -37,8 +37,7 @@ TEST_F(Fautes, UneFauteAChaqueEtapeLaisseLeFichierIntact) {
     for (const Faute& f : FAUTES) {
         const std::string quoi =
             std::string(f.operation) + " " + f.table + (f.nouvelle ? " (new line)" : "");
-        Executer(std::string("CREATE TRIGGER faute BEFORE ") + f.operation + " ON \"" + f.table +
-                 "\" BEGIN SELECT RAISE(ABORT, 'refused by the disk'); END");
+        Refuser(f.table, f.operation, "refused by the disk");
         FermerControle();
         const QByteArray avant = Empreinte();
 
@@ -61,7 +60,7 @@ TEST_F(Fautes, UneFauteAChaqueEtapeLaisseLeFichierIntact) {
                              ouverte.id_piquage, ouverte.id_reglage))
             << quoi;
         EXPECT_TRUE(e.EtudeModifiee) << quoi;
-        Executer("DROP TRIGGER faute");
+        Permettre(f.table);
     }
     // Nothing of the new line was ever written; the saved line is as the first save left it.
     EXPECT_TRUE(base_->Departs("N").empty());

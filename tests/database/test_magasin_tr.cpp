@@ -48,8 +48,9 @@ TEST_F(MagasinTR, UnVideUnNulOuUnReglageJamaisSauveSontManquants) {
     e.id_reglage = 9;
     DebutTR(e);
     EcrireTR(e, base_->Magasin(), ValeurTR{});
-    Executer(
-        R"(INSERT INTO "TR" ("id_key", "id_pos", "Valeur", "TypeValeur") VALUES (9, 1, '', 5))");
+    if (!SurServeur()) // a number column of the server takes no text
+        Executer(
+            R"(INSERT INTO "TR" ("id_key", "id_pos", "Valeur", "TypeValeur") VALUES (9, 1, '', 5))");
     EXPECT_EQ(Lire(e, 2), std::vector<ValeurTR>(2));
     EXPECT_TRUE(e.FinTR);
     e.FinTR = false;

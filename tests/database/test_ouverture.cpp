@@ -116,7 +116,7 @@ TEST_F(Ouverture, UneEtudeSauveeSeRouvreCommeElleAEteSauvee) {
 TEST_F(Ouverture, UnLecteurNAttendPasUnEcrivain) {
     Etude e = Etude_("A", "B");
     ASSERT_TRUE(OuvrirEtSauver(e));
-    Executer("BEGIN IMMEDIATE");
+    EcrireCommeUnAutre();
     Executer(R"(INSERT INTO "Poste" ("id", "nom") VALUES (40, 'pas encore'))");
     Etude f = Etude_("A", "B");
     base_->Ouvrir(f, d_);

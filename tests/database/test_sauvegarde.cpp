@@ -26,10 +26,15 @@ TEST_F(Sauvegarde, LaPremiereSauvegardeDansUneBaseVideFaitUneLigneParTable) {
                      R"( "id_ligne" FROM "Tournesol")")
                   .toString(),
               "1/1/0/3/1/1/1");
-    EXPECT_EQ(Valeur(R"(SELECT "TypeReportCharge" || '/' || "Left" || '/' || "Width" || '/' ||)"
-                     R"( "Top" || '/' || "Height" FROM "Réglage")")
-                  .toString(),
-              "1/-35.5/40.0/20.0/-40.0");
+    QSqlQuery reglage(Controle());
+    ASSERT_TRUE(reglage.exec(
+        R"(SELECT "TypeReportCharge", "Left", "Width", "Top", "Height" FROM "Réglage")"));
+    ASSERT_TRUE(reglage.next());
+    EXPECT_EQ(std::tuple(reglage.value(0).toInt(), reglage.value(1).toDouble(),
+                         reglage.value(2).toDouble(), reglage.value(3).toDouble(),
+                         reglage.value(4).toDouble()),
+              std::tuple(1, -35.5, 40.0, 20.0, -40.0));
+    reglage.finish(); // the second user's read ends
     EXPECT_EQ(std::tuple(e.id_poste, e.id_depart, e.id_reglage, e.id_protection),
               std::tuple(1, 1, 1, PD3A));
     EXPECT_FALSE(e.EtudeModifiee || e.Sauvegarde);
@@ -139,8 +144,7 @@ TEST_F(Sauvegarde, UneEtapeQuiEchoueLaisseLaBaseCommeAvant) {
     Etude a = Etude_("A", "B");
     ASSERT_TRUE(OuvrirEtSauver(a));
     // The link table refuses: Ligne, Départ, Piquage, Poste and Protection were already written.
-    Executer(R"(CREATE TRIGGER refus BEFORE INSERT ON "Tournesol")"
-             R"( BEGIN SELECT RAISE(ABORT, 'link table refused'); END)");
+    Refuser("Tournesol", "INSERT", "link table refused");
     const std::string avant = Contenu();
 
     Etude e = Etude_("C", "D", "E", RXAP);
@@ -165,7 +169,7 @@ TEST_F(Sauvegarde, UneEtapeQuiEchoueLaisseLaBaseCommeAvant) {
     EXPECT_TRUE(e.EtudeModifiee);
     EXPECT_FALSE(e.ConnexionOuverte);
 
-    Executer("DROP TRIGGER refus");
+    Permettre("Tournesol");
     EXPECT_TRUE(base_->Sauver(e, d_));
     EXPECT_EQ(base_->Piquages("C", "D"), std::vector<std::string>{"E"});
 }
@@ -174,8 +178,7 @@ TEST_F(Sauvegarde, UnReglageRefuseDansTRAnnuleToutLaSauvegarde) {
     Etude vide;
     ASSERT_TRUE(base_->OuvrirConnexion(vide, d_));
     base_->FermerConnexion(vide);
-    Executer(R"(CREATE TRIGGER refus BEFORE INSERT ON "TR" WHEN NEW."id_pos" = 3)"
-             R"( BEGIN SELECT RAISE(ABORT, 'setting refused'); END)");
+    Refuser("TR", "INSERT", "setting refused", R"(NEW."id_pos" = 3)");
     const std::string avant = Contenu();
     Etude e = Etude_("A", "B");
     EXPECT_FALSE(base_->Sauver(e, d_));

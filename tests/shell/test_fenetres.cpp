@@ -384,3 +384,44 @@ TEST(Demarre, QuitterUneEtudeModifieeDemandeSiLOnSauve) {
     EXPECT_TRUE(sauvee.Ferme());
     EXPECT_EQ(d.Messages().size(), questions);
 }
+
+namespace {
+// A base that holds the PD3A number 2 of one line, saved by one user.
+class BaseUnRelaisSigne : public BaseSansLigne {
+public:
+    std::vector<std::string> Protections(const std::string&, const std::string&,
+                                         const std::string&) override {
+        return {"PD3A", NOUVELLE_PROTECTION};
+    }
+    SignatureSauvegarde DerniereSauvegarde(const std::string& poste, const std::string& depart,
+                                           const std::string& piquage,
+                                           const std::string& protection, int numero) override {
+        if (poste == "BAYET" && depart == "COMMENTRY" && piquage.empty() && protection == "PD3A" &&
+            numero == 2)
+            return {"jdupont", "2026-03-14T09:26:53Z"};
+        return {};
+    }
+};
+} // namespace
+
+TEST(Titre, LeRelaisChoisiDitQuiLAEnregistreEtQuand) {
+    Etude e;
+    DialogueSansFenetre d;
+    BaseUnRelaisSigne base;
+    PanneauTitre t(e, d, &base);
+    EXPECT_FALSE(t.Trouver("lblsauvé")->Visible);
+    Saisir(t, "txtposte", "BAYET");
+    Saisir(t, "txtDépart", "COMMENTRY");
+    Saisir(t, "txtProtection", "PD3A");
+    EXPECT_FALSE(t.Trouver("lblsauvé")->Visible); // no number yet
+    Saisir(t, "txtnuméro", "2");
+    EXPECT_TRUE(t.Trouver("lblsauvé")->Visible);
+    EXPECT_EQ(t.Trouver("lblsauvé")->Texte(), "saved by jdupont on 2026-03-14 09:26:53 UTC");
+    // Another number, or another relay, that the base does not sign: nothing is said.
+    Saisir(t, "txtnuméro", "3");
+    EXPECT_FALSE(t.Trouver("lblsauvé")->Visible);
+    Saisir(t, "txtnuméro", "2");
+    Saisir(t, "txtProtection", NOUVELLE_PROTECTION);
+    EXPECT_FALSE(t.Trouver("lblsauvé")->Visible);
+    EXPECT_FALSE(t.Trouver("lblsauvé2")->Visible);
+}

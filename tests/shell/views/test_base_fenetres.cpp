@@ -19,6 +19,7 @@
 #include <QApplication>
 #include <QComboBox>
 #include <QFile>
+#include <QLabel>
 #include <QLineEdit>
 #include <QPushButton>
 #include <QRadioButton>
@@ -41,7 +42,7 @@ TEST(BaseFenetres, SauverPuisRouvrirParLesListes) {
     Application app(e, d, &base, std::nullopt);
 
     int titres = 0, fenetres = 0;
-    bool listesRemplies = false;
+    bool listesRemplies = false, signe = false;
     std::function<void(QWidget*)> agir = [&](QWidget* w) {
         const QString nom = w->objectName();
         if (nom == "frmtitre") {
@@ -51,6 +52,10 @@ TEST(BaseFenetres, SauverPuisRouvrirParLesListes) {
             } else if (titres == 2) {
                 // The names come back from the base's lists.
                 listesRemplies = ChoisirEtude(w, "SAINT-\"VICTOR\"", "L'ISLE", "PD3A", "2");
+                // Under the relay's number: who saved it, and when.
+                const auto* signature = w->findChild<QLabel*>("lblsauvé");
+                signe = signature && !signature->isHidden() &&
+                        signature->text().startsWith("saved by ");
                 // What stayed in memory from the first pass must not be what comes back.
                 e.Ligne_XLA = 0.0;
                 e.Ligne_Up = 400;
@@ -83,6 +88,7 @@ TEST(BaseFenetres, SauverPuisRouvrirParLesListes) {
         app.Main();
     }
     EXPECT_TRUE(listesRemplies);
+    EXPECT_TRUE(signe);
     EXPECT_EQ(fenetres, 2);
     EXPECT_EQ(titres, 3);
 }
