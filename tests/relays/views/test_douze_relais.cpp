@@ -5,6 +5,7 @@
 #include "../../shell/Ligne225.h"
 #include "../../shell/views/Gestes.h"
 #include "../../shell/views/Vues.h"
+#include "Parcours.h"
 #include "core/Etude.h"
 #include "core/Magasin.h"
 #include "core/Registre.h"
@@ -119,20 +120,7 @@ TEST_P(DouzeRelais, DuTitreAuDiagrammePuisALaBaseEtRetour) {
             ++panneaux;
             QTest::mouseClick(w->findChild<QPushButton*>("Command1"), Qt::LeftButton);
         } else if (nom == "frmDémarre") {
-            auto& demarre =
-                dynamic_cast<PanneauDemarre&>(static_cast<FenetrePanneau*>(w)->Modele());
-            // Before the first action, the start also ends its relay panel's state: on a loaded
-            // machine the window may come up while it still stands.
-            const bool attendre =
-                QApplication::activeModalWidget() != w || demarre.NouvelleLigne() ||
-                (fenetres == 0 && (panneaux == 0 || e.PanneauRelais) && ++attentes < 250);
-            if (attendre) {
-                QPointer<QWidget> garde(w);
-                QTimer::singleShot(20, [&agir, garde] {
-                    if (garde) agir(garde);
-                });
-                return;
-            }
+            if (AttendreFenetre(w, e, fenetres, panneaux, attentes, agir)) return;
             ++fenetres;
             if (fenetres == 1) {
                 EXPECT_EQ(e.ErrCalcul, 0);
@@ -143,16 +131,7 @@ TEST_P(DouzeRelais, DuTitreAuDiagrammePuisALaBaseEtRetour) {
                 rouverte = Liste(e);
             }
             w->findChild<QAction*>("mnuChangerPoste")->trigger();
-        } else if (nom == "frmRéseauOptions") {
-            QTest::mouseClick(w->findChild<QPushButton*>("Command1"), Qt::LeftButton);
-        } else if (nom == "frmréseauvaleurs") {
-            TaperLigne(w->findChild<QLineEdit*>("txtlongueur(0)"), "75", true);
-            TaperLigne(w->findChild<QLineEdit*>("txtrl(0)"), "6.375", true);
-            TaperLigne(w->findChild<QLineEdit*>("txtxl(0)"), "30.375", true);
-            QTest::mouseClick(w->findChild<QPushButton*>("Command1"), Qt::LeftButton);
-        } else if (nom == "frmReportCharge" && w->findChild<QLabel*>("lblErreur")->isVisible()) {
-            TaperLigne(w->findChild<QLineEdit*>("txtxla"), "20", true);
-            QTest::mouseClick(w->findChild<QPushButton*>("Command2"), Qt::LeftButton);
+        } else if (RepondreReseau(w, LIGNE_225)) {
         } else {
             RepondreParDefaut(w);
         }

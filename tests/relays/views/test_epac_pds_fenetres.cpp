@@ -5,6 +5,7 @@
 #include "../../core/views/Pilote.h"
 #include "../../shell/views/Gestes.h"
 #include "../../shell/views/Vues.h"
+#include "Parcours.h"
 #include "core/Etude.h"
 #include "core/views/DialogueQt.h"
 #include "database/BaseEtudesSql.h"
@@ -124,18 +125,7 @@ Resultat Parcourir(const Parcours& p) {
             }
             QTest::mouseClick(w->findChild<QPushButton*>("Command1"), Qt::LeftButton);
         } else if (nom == "frmDémarre") {
-            auto& demarre =
-                dynamic_cast<PanneauDemarre&>(static_cast<FenetrePanneau*>(w)->Modele());
-            const bool attendre = QApplication::activeModalWidget() != w ||
-                                  demarre.NouvelleLigne() ||
-                                  (r.fenetres == 0 && r.panneaux == 0 && ++attentes < 250);
-            if (attendre) {
-                QPointer<QWidget> garde(w);
-                QTimer::singleShot(20, [&agir, garde] {
-                    if (garde) agir(garde);
-                });
-                return;
-            }
+            if (AttendreFenetre(w, e, r.fenetres, r.panneaux, attentes, agir)) return;
             ++r.fenetres;
             auto* diagramme = w->findChild<QWidget*>("imgCaractéristique");
             if (r.fenetres == 1) {
@@ -150,16 +140,7 @@ Resultat Parcourir(const Parcours& p) {
                 r.rouverts = LireReglages(e);
             }
             w->findChild<QAction*>("mnuChangerPoste")->trigger();
-        } else if (nom == "frmRéseauOptions") {
-            QTest::mouseClick(w->findChild<QPushButton*>("Command1"), Qt::LeftButton);
-        } else if (nom == "frmréseauvaleurs") {
-            TaperLigne(w->findChild<QLineEdit*>("txtlongueur(0)"), "32", true);
-            TaperLigne(w->findChild<QLineEdit*>("txtrl(0)"), "3.84", true);
-            TaperLigne(w->findChild<QLineEdit*>("txtxl(0)"), "12.8", true);
-            QTest::mouseClick(w->findChild<QPushButton*>("Command1"), Qt::LeftButton);
-        } else if (nom == "frmReportCharge" && w->findChild<QLabel*>("lblErreur")->isVisible()) {
-            TaperLigne(w->findChild<QLineEdit*>("txtxla"), "14", true);
-            QTest::mouseClick(w->findChild<QPushButton*>("Command2"), Qt::LeftButton);
+        } else if (RepondreReseau(w, LIGNE_90)) {
         } else {
             RepondreParDefaut(w);
         }

@@ -5,6 +5,7 @@
 #include "../../shell/Ligne225.h"
 #include "../../shell/views/Gestes.h"
 #include "../../shell/views/Vues.h"
+#include "Parcours.h"
 #include "core/Etude.h"
 #include "core/views/DialogueQt.h"
 #include "database/BaseEtudesSql.h"
@@ -114,22 +115,7 @@ TEST(FenetresPD3A, DuTitreAuPanneauPuisALaBaseEtRetour) {
             }
             QTest::mouseClick(w->findChild<QPushButton*>("Command1"), Qt::LeftButton);
         } else if (nom == "frmDémarre") {
-            // On a new line the network panels come over the window first: the user acts on
-            // the window once they are done.
-            auto& demarre =
-                dynamic_cast<PanneauDemarre&>(static_cast<FenetrePanneau*>(w)->Modele());
-            // On the first window the relay's panel comes once the network panels are done;
-            // a loaded machine may show the window between two of them (5 s at most).
-            const bool attendre = QApplication::activeModalWidget() != w ||
-                                  demarre.NouvelleLigne() ||
-                                  (fenetres == 0 && panneaux == 0 && ++attentes < 250);
-            if (attendre) {
-                QPointer<QWidget> garde(w);
-                QTimer::singleShot(20, [&agir, garde] {
-                    if (garde) agir(garde);
-                });
-                return;
-            }
+            if (AttendreFenetre(w, e, fenetres, panneaux, attentes, agir)) return;
             ++fenetres;
             auto* diagramme = w->findChild<QWidget*>("imgCaractéristique");
             if (fenetres == 1) {
@@ -167,18 +153,7 @@ TEST(FenetresPD3A, DuTitreAuPanneauPuisALaBaseEtRetour) {
                 rouverts = LireReglages(e);
             }
             w->findChild<QAction*>("mnuChangerPoste")->trigger();
-        } else if (nom == "frmRéseauOptions") {
-            QTest::mouseClick(w->findChild<QPushButton*>("Command1"), Qt::LeftButton);
-        } else if (nom == "frmréseauvaleurs") {
-            TaperLigne(w->findChild<QLineEdit*>("txtlongueur(0)"), "75", true);
-            TaperLigne(w->findChild<QLineEdit*>("txtrl(0)"), "6.375", true);
-            TaperLigne(w->findChild<QLineEdit*>("txtxl(0)"), "30.375", true);
-            QTest::mouseClick(w->findChild<QPushButton*>("Command1"), Qt::LeftButton);
-        } else if (nom == "frmReportCharge" && w->findChild<QLabel*>("lblErreur")->isVisible()) {
-            // A new line has no neighbour reactance yet: the panel shows the failure and takes
-            // the value typed.
-            TaperLigne(w->findChild<QLineEdit*>("txtxla"), "20", true);
-            QTest::mouseClick(w->findChild<QPushButton*>("Command2"), Qt::LeftButton);
+        } else if (RepondreReseau(w, LIGNE_225)) {
         } else {
             RepondreParDefaut(w);
         }

@@ -4,6 +4,7 @@
 #include "../../core/views/Pilote.h"
 #include "../../shell/views/Gestes.h"
 #include "../../shell/views/Vues.h"
+#include "Parcours.h"
 #include "core/Etude.h"
 #include "core/views/DialogueQt.h"
 #include "database/BaseEtudesSql.h"
@@ -104,20 +105,7 @@ TEST(FenetresS321, DuTitreAuxQuadrilateresPuisALaBaseEtRetour) {
             }
             QTest::mouseClick(w->findChild<QPushButton*>("Command1"), Qt::LeftButton);
         } else if (nom == "frmDémarre") {
-            auto& demarre =
-                dynamic_cast<PanneauDemarre&>(static_cast<FenetrePanneau*>(w)->Modele());
-            // Before the first action, the start also ends its relay panel's state: on a loaded
-            // machine the window may come up while it still stands.
-            const bool attendre =
-                QApplication::activeModalWidget() != w || demarre.NouvelleLigne() ||
-                (fenetres == 0 && (panneaux == 0 || e.PanneauRelais) && ++attentes < 250);
-            if (attendre) {
-                QPointer<QWidget> garde(w);
-                QTimer::singleShot(20, [&agir, garde] {
-                    if (garde) agir(garde);
-                });
-                return;
-            }
+            if (AttendreFenetre(w, e, fenetres, panneaux, attentes, agir)) return;
             ++fenetres;
             auto* diagramme = w->findChild<QWidget*>("imgCaractéristique");
             if (fenetres == 1) {
@@ -135,16 +123,7 @@ TEST(FenetresS321, DuTitreAuxQuadrilateresPuisALaBaseEtRetour) {
                 rouverts = LireReglages(e);
             }
             w->findChild<QAction*>("mnuChangerPoste")->trigger();
-        } else if (nom == "frmRéseauOptions") {
-            QTest::mouseClick(w->findChild<QPushButton*>("Command1"), Qt::LeftButton);
-        } else if (nom == "frmréseauvaleurs") {
-            TaperLigne(w->findChild<QLineEdit*>("txtlongueur(0)"), "32", true);
-            TaperLigne(w->findChild<QLineEdit*>("txtrl(0)"), "3.84", true);
-            TaperLigne(w->findChild<QLineEdit*>("txtxl(0)"), "12.8", true);
-            QTest::mouseClick(w->findChild<QPushButton*>("Command1"), Qt::LeftButton);
-        } else if (nom == "frmReportCharge" && w->findChild<QLabel*>("lblErreur")->isVisible()) {
-            TaperLigne(w->findChild<QLineEdit*>("txtxla"), "14", true);
-            QTest::mouseClick(w->findChild<QPushButton*>("Command2"), Qt::LeftButton);
+        } else if (RepondreReseau(w, LIGNE_90)) {
         } else {
             RepondreParDefaut(w);
         }
