@@ -145,4 +145,17 @@ DescriptionChamp ChampEtiquette(std::string nom, std::string texte, std::string 
             .Genre = GenreChamp::Etiquette};
 }
 
+DescriptionChamp ChampTempo(std::string nom, std::string legende, std::string groupe,
+                            Entier16 Etude::*t, double max, double pas) {
+    DescriptionChamp d = ChampValeur(std::move(nom), std::move(legende), "###0", std::move(groupe),
+                                     Lien(t), true, "ms");
+    d.Min = 0.0;
+    d.Max = max;
+    if (pas > 0.0) {
+        d.Pas = pas;
+        d.Arrondi = ModeArrondi::Dessous;
+    }
+    return d;
+}
+
 } // namespace tournesol

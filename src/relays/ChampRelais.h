@@ -161,6 +161,10 @@ DescriptionChamp ChampOption(std::string nom, std::string legende, std::string g
                              double valeur);
 DescriptionChamp ChampCase(std::string nom, std::string legende, std::string groupe, Variable v);
 DescriptionChamp ChampEtiquette(std::string nom, std::string texte, std::string groupe);
+// A timer typed in milliseconds, within 0 to `max`, taken down to the relay's step `pas` (none
+// for 0).
+DescriptionChamp ChampTempo(std::string nom, std::string legende, std::string groupe,
+                            Entier16 Etude::*t, double max, double pas = 0.0);
 // A value the panel shows and nobody types: ChampValeur without typing.
 DescriptionChamp ChampAffiche(std::string nom, std::string legende, std::string format,
                               std::string groupe, Variable v, std::string unite = {});

@@ -9,6 +9,7 @@ class MagasinTR : public BaseEssai {
 protected:
     void SetUp() override {
         BaseEssai::SetUp();
+        if (IsSkipped() || HasFatalFailure()) return;
         Etude vide;
         ASSERT_TRUE(base_->OuvrirConnexion(vide, d_)); // a base with its tables
         base_->FermerConnexion(vide);

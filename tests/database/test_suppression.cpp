@@ -9,6 +9,7 @@ protected:
     // Saves the lines A-B-T (RXAP 1), A-B (PD3A 1 and 2, RXAP 1), A-C (PD3A 1) and X-Y (PD3A 1).
     void SetUp() override {
         BaseEssai::SetUp();
+        if (IsSkipped() || HasFatalFailure()) return;
         // The teed line first: its RXAP 1 is not the RXAP 1 of the line of two ends.
         for (Etude e : {Etude_("A", "B", "T", RXAP, 1), Etude_("A", "B", "", PD3A, 1),
                         Etude_("A", "B", "", PD3A, 2), Etude_("A", "B", "", RXAP, 1),

@@ -15,10 +15,6 @@ constexpr const char* PICK_UP = "Pick up";
 constexpr const char* TIMERS = "timers";
 constexpr const char* CHK_POMPAGE = "chkPompage";
 
-std::string Groupe(const char* onglet, const char* cadre) {
-    return std::string(onglet) + "/" + cadre;
-}
-
 // A pair of fields in secondary and primary ohms: the secondary one shows the variable, its
 // primary twin the image by Kz.
 void Paire(std::vector<DescriptionChamp>& t, const char* bt, const char* ht, std::string legende,
@@ -88,20 +84,20 @@ std::vector<DescriptionChamp> ChampsDesZones() {
     std::vector<DescriptionChamp> t;
     for (const Zone& z : ZONES_EPAC)
         Paire(t, z.souhaiteBT, z.souhaiteHT, z.legende, NatureValeur::Souhaitee,
-              Groupe(ZONES, "Desired"), Lien(z.xBT), true);
+              GroupeFeuille(ZONES, "Desired"), Lien(z.xBT), true);
     for (const Zone& z : ZONES_EPAC)
         Paire(t, z.regleBT, z.regleHT, z.legende, NatureValeur::Reglee,
-              Groupe(ZONES, "set (relay parameters)"), Lien(z.xregBT), false);
+              GroupeFeuille(ZONES, "set (relay parameters)"), Lien(z.xregBT), false);
     t.push_back({.Nom = "lblPas",
                  .Legende = "Reaches from 0.05 to 50 ohms by steps of 0.01 ohm for In = 5 A "
                             "(times 5 for In = 1 A); X1 rounded down, X2, X3 and X4 up",
-                 .Groupe = Groupe(ZONES, "set (relay parameters)"),
+                 .Groupe = GroupeFeuille(ZONES, "set (relay parameters)"),
                  .Genre = GenreChamp::Etiquette});
     return t;
 }
 
 std::vector<DescriptionChamp> ChampsDeMiseEnRoute() {
-    const std::string resistance = Groupe(PICK_UP, "Resistive reach");
+    const std::string resistance = GroupeFeuille(PICK_UP, "Resistive reach");
     std::vector<DescriptionChamp> t;
     // Its range follows the rated current: the computation keeps it.
     DescriptionChamp r = Nombre("Txtrd_bt", "Resistance per loop, desired", "##0.00", resistance,
@@ -122,7 +118,7 @@ std::vector<DescriptionChamp> ChampsDeMiseEnRoute() {
           resistance, Lien(&Etude::Rreg_BT), false);
     t.push_back(Nombre("txtrsurx", "Ratio R / X1", "#0.##", resistance,
                        Lien(&Etude::EPAC, &RelaisEPAC::RsurX)));
-    const std::string angle = Groupe(PICK_UP, "Earth factor and angle");
+    const std::string angle = GroupeFeuille(PICK_UP, "Earth factor and angle");
     t.push_back(Saisi(Nombre("txtko_reg", "Earth factor ko =", "0.00", angle, Lien(&Etude::ko_reg)),
                       0.0, KO_MAX_EPAC, 0.01, ModeArrondi::Proche));
     t.push_back(Saisi(
@@ -130,22 +126,21 @@ std::vector<DescriptionChamp> ChampsDeMiseEnRoute() {
         TETA_MIN_EPAC, TETA_MAX_EPAC, 1.0, ModeArrondi::Proche));
     t.push_back({.Nom = CHK_POMPAGE,
                  .Legende = "Out of step",
-                 .Groupe = Groupe(PICK_UP, "Out of step"),
+                 .Groupe = GroupeFeuille(PICK_UP, "Out of step"),
                  .Genre = GenreChamp::Case,
                  .Valeur = Lien(&Etude::Pompage)});
     t.push_back(Nombre("txtBandeX", "Out of step band along X", "###0.00",
-                       Groupe(PICK_UP, "Out of step"), Lien(&Etude::EPAC, &RelaisEPAC::BandeX),
-                       UNITE_PRIMAIRE));
+                       GroupeFeuille(PICK_UP, "Out of step"),
+                       Lien(&Etude::EPAC, &RelaisEPAC::BandeX), UNITE_PRIMAIRE));
     t.push_back(Nombre("txtBandeR", "Out of step band along R", "###0.00",
-                       Groupe(PICK_UP, "Out of step"), Lien(&Etude::EPAC, &RelaisEPAC::BandeR),
-                       UNITE_PRIMAIRE));
+                       GroupeFeuille(PICK_UP, "Out of step"),
+                       Lien(&Etude::EPAC, &RelaisEPAC::BandeR), UNITE_PRIMAIRE));
     return t;
 }
 
 DescriptionChamp Tempo(std::string nom, std::string legende, Entier16 Etude::*t) {
-    return Saisi(
-        Nombre(std::move(nom), std::move(legende), "###0", Groupe(TIMERS, "Timers"), Lien(t), "ms"),
-        0.0, T_MAX_EPAC, 10.0, ModeArrondi::Dessous);
+    return ChampTempo(std::move(nom), std::move(legende), GroupeFeuille(TIMERS, "Timers"), t,
+                      T_MAX_EPAC, 10.0);
 }
 
 const TableChamps& ChampsEPAC() {
@@ -157,7 +152,7 @@ const TableChamps& ChampsEPAC() {
                                             Tempo("txtt2", "Second zone T2 =", &Etude::T2),
                                             Tempo("txtt3", "Third zone T3 =", &Etude::T3),
                                             Tempo("txtt4", "Backward zone T4 =", &Etude::T4)},
-              ChampsTeleaction(Groupe(TIMERS, "Signalling scheme"))})
+              ChampsTeleaction(GroupeFeuille(TIMERS, "Signalling scheme"))})
             t.insert(t.end(), partie.begin(), partie.end());
         return TableChamps(std::move(t));
     }();

@@ -25,16 +25,8 @@ template <class T> Variable Pd3a(T RelaisPD3A::*membre) {
 // A timer typed in milliseconds, within 0 to `max`, down to tens when `dizaines`.
 DescriptionChamp Tempo(std::string nom, std::string legende, const char* cadre, Entier16 Etude::*t,
                        double max, bool dizaines) {
-    DescriptionChamp d = ChampAffiche(std::move(nom), std::move(legende), "###0",
-                                      GroupeFeuille(TIMERS, cadre), Lien(t), "ms");
-    d.Min = 0.0;
-    d.Max = max;
-    d.Saisie = true;
-    if (dizaines) {
-        d.Pas = 10.0;
-        d.Arrondi = ModeArrondi::Dessous;
-    }
-    return d;
+    return ChampTempo(std::move(nom), std::move(legende), GroupeFeuille(TIMERS, cadre), t, max,
+                      dizaines ? 10.0 : 0.0);
 }
 
 struct Zone {

@@ -11,10 +11,6 @@ constexpr const char* ZONES = "zones";
 constexpr const char* PICK_UP = "Pick up";
 constexpr const char* TIMERS = "timers";
 
-std::string Groupe(const char* onglet, const char* cadre) {
-    return std::string(onglet) + "/" + cadre;
-}
-
 // A reach in secondary ohms and its primary image: the secondary field shows
 // the variable, its twin the image by Kz.
 void Paire(std::vector<DescriptionChamp>& t, const char* bt, const char* ht, std::string legende,
@@ -63,14 +59,14 @@ template <class T> Variable Pds(T RelaisPDS::*membre) {
 std::vector<DescriptionChamp> ChampsDesZones() {
     std::vector<DescriptionChamp> t;
     Paire(t, "txtX1_bt", "txtX1_HT", "First zone reactance X1", NatureValeur::Souhaitee,
-          Groupe(ZONES, "Desired"), Lien(&Etude::X1_BT));
+          GroupeFeuille(ZONES, "Desired"), Lien(&Etude::X1_BT));
     Paire(t, "txtX2_bt", "txtX2_HT", "Second zone reactance X2", NatureValeur::Souhaitee,
-          Groupe(ZONES, "Desired"), Lien(&Etude::X2_BT));
+          GroupeFeuille(ZONES, "Desired"), Lien(&Etude::X2_BT));
     Paire(t, "txtX1reg_BT", "txtX1reg_HT", "First zone reactance X1", NatureValeur::Reglee,
-          Groupe(ZONES, "set"), Lien(&Etude::X1reg_BT));
+          GroupeFeuille(ZONES, "set"), Lien(&Etude::X1reg_BT));
     Paire(t, "txtX2reg_BT", "txtX2reg_HT", "Second zone reactance X2", NatureValeur::Reglee,
-          Groupe(ZONES, "set"), Lien(&Etude::X2reg_BT));
-    const std::string prises = Groupe(ZONES, "Plugs (basic range x percentage)");
+          GroupeFeuille(ZONES, "set"), Lien(&Etude::X2reg_BT));
+    const std::string prises = GroupeFeuille(ZONES, "Plugs (basic range x percentage)");
     t.push_back(Nombre("txtBaseX1", "X1: basic range", "#0.0#", prises, Pds(&RelaisPDS::BaseX1),
                        UNITE_SECONDAIRE));
     t.push_back(Nombre("txtPctX1", "X1: percentage", "##0", prises, Pds(&RelaisPDS::PctX1), "%"));
@@ -82,13 +78,13 @@ std::vector<DescriptionChamp> ChampsDesZones() {
 
 std::vector<DescriptionChamp> ChampsDuDemarrage() {
     std::vector<DescriptionChamp> t;
-    const std::string angle = Groupe(PICK_UP, "Characteristic angle and earth factor");
+    const std::string angle = GroupeFeuille(PICK_UP, "Characteristic angle and earth factor");
     t.push_back(Saisi(
         Nombre("Txtteta", "Characteristic angle θ = ", "#0", angle, Lien(&Etude::teta), "degrees"),
         TETA_MIN_PDS, TETA_MAX_PDS, 5.0));
     t.push_back(Saisi(Nombre("txtko_reg", "Earth factor ko =", "0.0", angle, Lien(&Etude::ko_reg)),
                       0.0, KO_MAX_PDS, 0.1));
-    const std::string cercle = Groupe(PICK_UP, "Starting circle (along the angle)");
+    const std::string cercle = GroupeFeuille(PICK_UP, "Starting circle (along the angle)");
     Paire(t, "txtX3_bt", "txtX3_HT", "Forward reach Zav, desired", NatureValeur::Souhaitee, cercle,
           Lien(&Etude::X3_BT));
     Paire(t, "txtX4_bt", "txtX4_HT", "Backward reach Zar, desired", NatureValeur::Souhaitee, cercle,
@@ -99,7 +95,7 @@ std::vector<DescriptionChamp> ChampsDuDemarrage() {
           Lien(&Etude::X4reg_BT));
     t.push_back(Nombre("txtZavCharge", "Forward reach allowed by the load (0: none)", "###0.00",
                        cercle, Pds(&RelaisPDS::ZavCharge), UNITE_PRIMAIRE));
-    const std::string prises = Groupe(PICK_UP, "Plugs");
+    const std::string prises = GroupeFeuille(PICK_UP, "Plugs");
     t.push_back(Nombre("txtBaseZav", "Zav: basic range", "#0.0#", prises, Pds(&RelaisPDS::BaseZav),
                        UNITE_SECONDAIRE));
     t.push_back(
@@ -110,9 +106,8 @@ std::vector<DescriptionChamp> ChampsDuDemarrage() {
 }
 
 DescriptionChamp Tempo(std::string nom, std::string legende, Entier16 Etude::*t) {
-    return Saisi(
-        Nombre(std::move(nom), std::move(legende), "###0", Groupe(TIMERS, "Timers"), Lien(t), "ms"),
-        0.0, 9900.0, 100.0);
+    return ChampTempo(std::move(nom), std::move(legende), GroupeFeuille(TIMERS, "Timers"), t,
+                      9900.0, 100.0);
 }
 
 const TableChamps& ChampsPDS() {
@@ -123,12 +118,12 @@ const TableChamps& ChampsPDS() {
               std::vector<DescriptionChamp>{
                   {.Nom = "lblT1",
                    .Legende = "First zone: instantaneous",
-                   .Groupe = Groupe(TIMERS, "Timers"),
+                   .Groupe = GroupeFeuille(TIMERS, "Timers"),
                    .Genre = GenreChamp::Etiquette},
                   Tempo("txtt2", "Second zone T2 =", &Etude::T2),
                   Tempo("txtt3", "Third zone (forward starting) T3 =", &Etude::T3),
                   Tempo("txtt4", "Fourth zone (backward starting) T4 =", &Etude::T4)},
-              ChampsTeleaction(Groupe(TIMERS, "Signalling scheme"))})
+              ChampsTeleaction(GroupeFeuille(TIMERS, "Signalling scheme"))})
             t.insert(t.end(), partie.begin(), partie.end());
         return TableChamps(std::move(t));
     }();

@@ -225,10 +225,7 @@ Variable Position(Entier16 Etude::*t) {
 
 DescriptionChamp Tempo(std::string nom, std::string legende, const std::string& groupe,
                        Entier16 Etude::*t, double max) {
-    DescriptionChamp d =
-        Saisi(std::move(nom), std::move(legende), "###0", groupe, Lien(t), 0.0, max);
-    d.Unite = "ms";
-    return d;
+    return ChampTempo(std::move(nom), std::move(legende), groupe, t, max);
 }
 
 std::vector<DescriptionChamp> ChampsDesTempos() {

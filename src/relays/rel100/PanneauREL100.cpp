@@ -14,10 +14,6 @@ constexpr const char* ZONES = "&Zones";
 constexpr const char* RESISTANCE = "&Resistance";
 constexpr const char* TEMPOS = "&Timers";
 
-std::string Groupe(const char* onglet, const char* cadre) {
-    return std::string(onglet) + "/" + cadre;
-}
-
 struct Zone {
     const char* souhaiteBT;
     const char* souhaiteHT;
@@ -77,14 +73,10 @@ DescriptionChamp Regle(const char* nom, const char* legende, const std::string& 
             .Jumeau = jumeau};
 }
 
-DescriptionChamp Mention(const char* nom, const char* texte, const std::string& groupe) {
-    return {.Nom = nom, .Legende = texte, .Groupe = groupe, .Genre = GenreChamp::Etiquette};
-}
-
 std::vector<DescriptionChamp> ChampsZones() {
     std::vector<DescriptionChamp> t;
-    const std::string souhaites = Groupe(ZONES, "Desired values");
-    const std::string regles = Groupe(ZONES, "Set values");
+    const std::string souhaites = GroupeFeuille(ZONES, "Desired values");
+    const std::string regles = GroupeFeuille(ZONES, "Set values");
     for (const Zone& z : ZONES_REL100) {
         t.push_back(Souhaite(z.souhaiteBT, z.legende, souhaites, Lien(z.xBT), z.souhaiteHT));
         t.push_back(Primaire(z.souhaiteHT, souhaites, Lien(z.xHT), NatureValeur::Souhaitee));
@@ -93,15 +85,16 @@ std::vector<DescriptionChamp> ChampsZones() {
         t.push_back(Regle(z.regleBT, z.legende, regles, Lien(z.xregBT), z.regleHT));
         t.push_back(Primaire(z.regleHT, regles, Lien(z.xregHT), NatureValeur::Reglee));
     }
-    t.push_back(Mention("lblPasX",
-                        "Reactances from 0.2 to 150 Ω / In, in steps of 0.05 Ω / In; X1 set below "
-                        "its desired value, the others above",
-                        regles));
+    t.push_back(
+        ChampEtiquette("lblPasX",
+                       "Reactances from 0.2 to 150 Ω / In, in steps of 0.05 Ω / In; X1 set below "
+                       "its desired value, the others above",
+                       regles));
     return t;
 }
 
 std::vector<DescriptionChamp> ChampsResistance() {
-    const std::string portee = Groupe(RESISTANCE, "Resistive reach");
+    const std::string portee = GroupeFeuille(RESISTANCE, "Resistive reach");
     std::vector<DescriptionChamp> t{
         Souhaite("txtR_bt", "R = Pick up resistance (desired)", portee, Lien(&Etude::R_BT),
                  "txtR_HT"),
@@ -109,14 +102,15 @@ std::vector<DescriptionChamp> ChampsResistance() {
         Regle("txtRreg_BT", "R = Pick up resistance (set)", portee, Lien(&Etude::Rreg_BT),
               "txtRreg_HT"),
         Primaire("txtRreg_HT", portee, Lien(&Etude::Rreg_HT), NatureValeur::Reglee),
-        Mention("lblPasR", "From 0.5 to 150 Ω / In, in steps of 0.1 Ω / In, set below", portee),
+        ChampEtiquette("lblPasR", "From 0.5 to 150 Ω / In, in steps of 0.1 Ω / In, set below",
+                       portee),
         {.Nom = "txtrsurx",
          .Legende = "Ratio R / X1",
          .Format = "#0.##",
          .Groupe = portee,
          .Valeur = Lien(&Etude::REL100, &RelaisREL100::RsurX)},
     };
-    const std::string angle = Groupe(RESISTANCE, "Characteristic angle and earth factor");
+    const std::string angle = GroupeFeuille(RESISTANCE, "Characteristic angle and earth factor");
     t.push_back({.Nom = "txtteta",
                  .Legende = "Characteristic angle (45 to 85, steps of 5)",
                  .Unite = "degrees",
@@ -136,24 +130,14 @@ std::vector<DescriptionChamp> ChampsResistance() {
                  .Saisie = true,
                  .Valeur = Lien(&Etude::ko_reg),
                  .Pas = GAMME_KO_REL100.Pas});
-    t.push_back(Mention("lblPompage",
-                        "The external out of step zone is the pick up enlarged 1.25 times",
-                        Groupe(RESISTANCE, "Out of step")));
+    t.push_back(ChampEtiquette("lblPompage",
+                               "The external out of step zone is the pick up enlarged 1.25 times",
+                               GroupeFeuille(RESISTANCE, "Out of step")));
     return t;
 }
 
 DescriptionChamp Tempo(const char* nom, const char* legende, Entier16 Etude::*v) {
-    return {.Nom = nom,
-            .Legende = legende,
-            .Unite = "ms",
-            .Format = "###0",
-            .Min = 0.0,
-            .Max = 9990.0,
-            .Groupe = Groupe(TEMPOS, "Timers"),
-            .Saisie = true,
-            .Valeur = Lien(v),
-            .Pas = 10.0,
-            .Arrondi = ModeArrondi::Dessous};
+    return ChampTempo(nom, legende, GroupeFeuille(TEMPOS, "Timers"), v, 9990.0, 10.0);
 }
 
 std::vector<DescriptionChamp> ChampsTempos() {
@@ -163,7 +147,7 @@ std::vector<DescriptionChamp> ChampsTempos() {
         Tempo("txtt3", "T3 = forward pick up timer", &Etude::T3),
         Tempo("txtt4", "T4 = backward pick up timer", &Etude::T4),
     };
-    const auto signal = ChampsTeleaction(Groupe(TEMPOS, "Signalling scheme"));
+    const auto signal = ChampsTeleaction(GroupeFeuille(TEMPOS, "Signalling scheme"));
     t.insert(t.end(), signal.begin(), signal.end());
     return t;
 }
@@ -171,7 +155,7 @@ std::vector<DescriptionChamp> ChampsTempos() {
 // Every field of the panel, in the order of its sheets, under the relay's label.
 const TableChamps& ChampsREL100() {
     static const TableChamps table = [] {
-        std::vector<DescriptionChamp> t{Mention("lblRelais", PanneauREL100::LIBELLE, "")};
+        std::vector<DescriptionChamp> t{ChampEtiquette("lblRelais", PanneauREL100::LIBELLE, "")};
         for (auto&& partie : {ChampsZones(), ChampsResistance(), ChampsTempos()})
             t.insert(t.end(), partie.begin(), partie.end());
         return TableChamps(std::move(t));

@@ -15,10 +15,6 @@ constexpr const char* POMPAGE = "&Out of step";
 constexpr const char* RESISTANCE = "&Resistance";
 constexpr const char* TEMPOS = "&Timers";
 
-std::string Groupe(const char* onglet, const char* cadre) {
-    return std::string(onglet) + "/" + cadre;
-}
-
 template <class T> Variable Rez1(T RelaisREZ1::*membre) {
     return Lien(&Etude::REZ1, membre);
 }
@@ -82,10 +78,6 @@ DescriptionChamp Regle(const char* nom, const char* legende, const std::string& 
             .Jumeau = jumeau};
 }
 
-DescriptionChamp Mention(const char* nom, const char* texte, const std::string& groupe) {
-    return {.Nom = nom, .Legende = texte, .Groupe = groupe, .Genre = GenreChamp::Etiquette};
-}
-
 // A value the relay works out from the others, shown only.
 Variable Calculee(double (*f)(const Etude&)) {
     return {f, [](Etude&, double) {}};
@@ -93,8 +85,8 @@ Variable Calculee(double (*f)(const Etude&)) {
 
 std::vector<DescriptionChamp> ChampsZones() {
     std::vector<DescriptionChamp> t;
-    const std::string souhaites = Groupe(ZONES, "Desired values");
-    const std::string regles = Groupe(ZONES, "Set values");
+    const std::string souhaites = GroupeFeuille(ZONES, "Desired values");
+    const std::string regles = GroupeFeuille(ZONES, "Set values");
     for (const Zone& z : ZonesREZ1()) {
         t.push_back(Souhaite(z.souhaiteBT, z.legende, souhaites, z.xBT, z.souhaiteHT));
         t.push_back(Primaire(z.souhaiteHT, souhaites, z.xHT, NatureValeur::Souhaitee));
@@ -103,16 +95,17 @@ std::vector<DescriptionChamp> ChampsZones() {
         t.push_back(Regle(z.regleBT, z.legende, regles, z.xregBT, z.regleHT));
         t.push_back(Primaire(z.regleHT, regles, z.xregHT, NatureValeur::Reglee));
     }
-    t.push_back(Mention("lblPasX",
-                        "Reactances from 0.1 to 200 Ω / In, in steps of 0.1 Ω / In; X1 set below "
-                        "its desired value, the others above",
-                        regles));
+    t.push_back(
+        ChampEtiquette("lblPasX",
+                       "Reactances from 0.1 to 200 Ω / In, in steps of 0.1 Ω / In; X1 set below "
+                       "its desired value, the others above",
+                       regles));
     return t;
 }
 
 std::vector<DescriptionChamp> ChampsPompage() {
-    const std::string interne = Groupe(POMPAGE, "Internal out of step zone");
-    const std::string externe = Groupe(POMPAGE, "External out of step zone");
+    const std::string interne = GroupeFeuille(POMPAGE, "Internal out of step zone");
+    const std::string externe = GroupeFeuille(POMPAGE, "External out of step zone");
     return {
         Souhaite("txtZpi_bt", "Zpi = Internal forward and backward reach (desired)", interne,
                  Rez1(&RelaisREZ1::Zpi_BT), "txtZpi_HT"),
@@ -120,8 +113,8 @@ std::vector<DescriptionChamp> ChampsPompage() {
         Regle("txtZpireg_BT", "Zpi = Internal forward and backward reach (set)", interne,
               Rez1(&RelaisREZ1::Zpireg_BT), "txtZpireg_HT"),
         Primaire("txtZpireg_HT", interne, Rez1(&RelaisREZ1::Zpireg_HT), NatureValeur::Reglee),
-        Mention("lblZpi", "Zpi at least 1.15 times the third zone and the backward reactance",
-                interne),
+        ChampEtiquette(
+            "lblZpi", "Zpi at least 1.15 times the third zone and the backward reactance", interne),
         Primaire("txtZpe_HT", externe,
                  Calculee([](const Etude& e) { return FACTEUR_EXTERNE_REZ1 * e.REZ1.Zpireg_HT; }),
                  NatureValeur::Reglee, "Zpe = External reach = 1.25 Zpi"),
@@ -132,7 +125,7 @@ std::vector<DescriptionChamp> ChampsPompage() {
 }
 
 std::vector<DescriptionChamp> ChampsResistance() {
-    const std::string portee = Groupe(RESISTANCE, "Resistive reach");
+    const std::string portee = GroupeFeuille(RESISTANCE, "Resistive reach");
     std::vector<DescriptionChamp> t{
         Souhaite("txtR_bt", "R = Pick up resistance (desired)", portee, Lien(&Etude::R_BT),
                  "txtR_HT"),
@@ -140,7 +133,8 @@ std::vector<DescriptionChamp> ChampsResistance() {
         Regle("txtRreg_BT", "R = Pick up resistance (set)", portee, Lien(&Etude::Rreg_BT),
               "txtRreg_HT"),
         Primaire("txtRreg_HT", portee, Lien(&Etude::Rreg_HT), NatureValeur::Reglee),
-        Mention("lblPasR", "From 0.5 to 200 Ω / In, in steps of 0.5 Ω / In, set below", portee),
+        ChampEtiquette("lblPasR", "From 0.5 to 200 Ω / In, in steps of 0.5 Ω / In, set below",
+                       portee),
         Primaire("txtRpi_HT", portee, Rez1(&RelaisREZ1::Rpi_HT), NatureValeur::Reglee,
                  "Rpi = Internal out of step resistance = 1.15 R"),
         {.Nom = "txtrsurx",
@@ -149,7 +143,7 @@ std::vector<DescriptionChamp> ChampsResistance() {
          .Groupe = portee,
          .Valeur = Rez1(&RelaisREZ1::RsurX)},
     };
-    const std::string angle = Groupe(RESISTANCE, "Characteristic angle and earth factor");
+    const std::string angle = GroupeFeuille(RESISTANCE, "Characteristic angle and earth factor");
     t.push_back({.Nom = "txtteta",
                  .Legende = "Characteristic angle (50 to 85, steps of 5)",
                  .Unite = "degrees",
@@ -173,17 +167,7 @@ std::vector<DescriptionChamp> ChampsResistance() {
 }
 
 DescriptionChamp Tempo(const char* nom, const char* legende, Entier16 Etude::*v) {
-    return {.Nom = nom,
-            .Legende = legende,
-            .Unite = "ms",
-            .Format = "###0",
-            .Min = 0.0,
-            .Max = 9990.0,
-            .Groupe = Groupe(TEMPOS, "Timers"),
-            .Saisie = true,
-            .Valeur = Lien(v),
-            .Pas = 10.0,
-            .Arrondi = ModeArrondi::Dessous};
+    return ChampTempo(nom, legende, GroupeFeuille(TEMPOS, "Timers"), v, 9990.0, 10.0);
 }
 
 std::vector<DescriptionChamp> ChampsTempos() {
@@ -193,7 +177,7 @@ std::vector<DescriptionChamp> ChampsTempos() {
         Tempo("txtt3", "T3 = third zone timer", &Etude::T3),
         Tempo("txtt4", "T4 = backward zone timer", &Etude::T4),
     };
-    const auto signal = ChampsTeleaction(Groupe(TEMPOS, "Signalling scheme"));
+    const auto signal = ChampsTeleaction(GroupeFeuille(TEMPOS, "Signalling scheme"));
     t.insert(t.end(), signal.begin(), signal.end());
     return t;
 }
@@ -201,7 +185,7 @@ std::vector<DescriptionChamp> ChampsTempos() {
 // Every field of the panel, in the order of its sheets, under the relay's label.
 const TableChamps& ChampsREZ1() {
     static const TableChamps table = [] {
-        std::vector<DescriptionChamp> t{Mention("lblRelais", PanneauREZ1::LIBELLE, "")};
+        std::vector<DescriptionChamp> t{ChampEtiquette("lblRelais", PanneauREZ1::LIBELLE, "")};
         for (auto&& partie : {ChampsZones(), ChampsPompage(), ChampsResistance(), ChampsTempos()})
             t.insert(t.end(), partie.begin(), partie.end());
         return TableChamps(std::move(t));

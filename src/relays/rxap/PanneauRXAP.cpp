@@ -166,11 +166,7 @@ void Portee(std::vector<DescriptionChamp>& t, const std::string& groupe, const c
 
 DescriptionChamp Tempo(const char* nom, const char* legende, const char* cadre,
                        Entier16 Etude::*t) {
-    DescriptionChamp d = Affiche(nom, legende, "###0", GroupeFeuille(COMMUN, cadre), Lien(t), "ms");
-    d.Min = 0.0;
-    d.Max = 9999.0;
-    d.Saisie = true;
-    return d;
+    return ChampTempo(nom, legende, GroupeFeuille(COMMUN, cadre), t, 9999.0);
 }
 
 std::vector<DescriptionChamp> ChampsCommuns() {
