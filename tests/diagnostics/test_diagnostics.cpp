@@ -183,6 +183,8 @@ TEST(Diagnostics, PXLPImprimeLesRegles42Et43SansLesMontrer) {
 }
 
 TEST(Diagnostics, UneRegleImprimeLaLimiteDUneAutre) {
+    // The PXLC's own text of rule 34, if it has one, is put back at the end.
+    const TexteRegle avant = TexteDeRegle(34).value_or(TexteRegle{.Numero = 34});
     ASSERT_TRUE(InscrireReglesRelais(
         5, {{.Numero = 34, .Rapport = {"Rule thirty-four, i.e. "}, .ValeurImprimee = 33}}));
     const PanneauEssai pxlc(5);
@@ -191,6 +193,7 @@ TEST(Diagnostics, UneRegleImprimeLaLimiteDUneAutre) {
     PoserRegle(e, 33, 7.5);
     PoserRegle(e, 34, 99.0);
     EXPECT_EQ(RegleRapport(e, 34)->Valeur, "7.5");
+    EXPECT_TRUE(InscrireReglesRelais(5, {avant}));
 }
 
 TEST(Diagnostics, UnRelaisSansPanneauNeDonneAucunVerdict) {
