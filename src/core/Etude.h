@@ -390,7 +390,28 @@ constexpr const char* CleFichier(const char* membre) {
     X(Reel, ZavCharge)
 #define RELAIS_PXLC_VARIABLES(X) \
     X(Booleen, FeuilleReglages)
-#define RELAIS_PXLP_VARIABLES(X)
+#define RELAIS_PXLP_VARIABLES(X) \
+    X(Reel, deltaR_BT) \
+    X(Reel, deltaR_HT) \
+    X(Reel, deltaF) \
+    X(Entier16, ZonesBloquees) \
+    X(Reel, Rmoc_BT) \
+    X(Reel, Rbic_BT) \
+    X(Reel, Rmor_BT) \
+    X(Reel, Rbir_BT) \
+    X(Reel, Rmoc_HT) \
+    X(Reel, Rbic_HT) \
+    X(Reel, Rmor_HT) \
+    X(Reel, Rbir_HT) \
+    X(Reels5, XPct) \
+    X(Reels5, ZonesHT) \
+    X(Reels5, ZonesBT) \
+    X(Reel, RsurX) \
+    X(Reel, Td) \
+    X(Booleen, Maitre) \
+    X(Booleen, PorteeReduite) \
+    X(Booleen, DeclRapide) \
+    X(Entier16, Signal)
 #define RELAIS_PXLN_VARIABLES(X) \
     X(Reel, deltaR_BT) \
     X(Reel, deltaR_HT) \

@@ -4,6 +4,7 @@
 #include "relays/pd3a/CalculPD3A.h"
 #include "relays/pds/CalculPDS.h"
 #include "relays/pxln/CalculPXLN.h"
+#include "relays/pxlp/CalculPXLP.h"
 #include "relays/razoa/CalculRAZOA.h"
 #include "relays/rel100/CalculREL100.h"
 #include "relays/rez1/CalculREZ1.h"
@@ -21,6 +22,7 @@ void InscrireRelais() {
         InscrirePDS();
         InscrireRXAP();
         InscrireS321();
+        InscrirePXLP();
         InscrirePXLN();
         InscrireRAZOA();
         InscrireREL100();

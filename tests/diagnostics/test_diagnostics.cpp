@@ -41,13 +41,6 @@ std::string TexteDe(Panneau& p, const std::string& nom) {
     return p.Trouver(nom)->Texte();
 }
 
-// The PXLP's texts for the last two rules, which its window does not show.
-void TextesPXLP() {
-    ASSERT_TRUE(InscrireReglesRelais(
-        6, {{.Numero = 42, .Rapport = {"Rule forty-two", "It must not overcome "}},
-            {.Numero = 43, .Rapport = {"Rule forty-three, i.e. "}, .ValeurImprimee = 42}}));
-}
-
 } // namespace
 
 TEST(Diagnostics, NumerotationParRelais) {
@@ -162,52 +155,70 @@ TEST(Diagnostics, UneRegleDansLaFenetreEtLeRapport) {
     EXPECT_FALSE(Visible(f, "lblRegle(60)"));
 }
 
-TEST(Diagnostics, PXLPImprimeLaRegle42SansLaMontrer) {
-    TextesPXLP();
-    const PanneauEssai pxlp(6);
+TEST(Diagnostics, PXLPImprimeLesRegles42Et43SansLesMontrer) {
+    InscrireRelais();
     Etude e;
     e.id_protection = 6;
     bool ouverts = false;
     FenetreDiagnostics f(e, ouverts);
     PoserRegle(e, 42, 7.5);
+    PoserRegle(e, 43, 3.25);
     f.Montrer();
     EXPECT_EQ(f.Trouver("lblRegle(42)"), nullptr);
+    EXPECT_EQ(f.Trouver("lblRegle(43)"), nullptr);
     EXPECT_NE(f.Trouver("lblRegle(41)"), nullptr);
     EXPECT_TRUE(Visible(f, "lblConforme(6)"));
     const auto regles = ReglesRapport(e);
-    ASSERT_EQ(regles.size(), 1U);
-    EXPECT_EQ(regles[0].Lignes,
-              (std::vector<std::string>{"Rule forty-two", "It must not overcome "}));
+    ASSERT_EQ(regles.size(), 2U);
+    EXPECT_EQ(regles[0].Lignes, TextesRegleRapport(42));
+    EXPECT_EQ(regles[0].Lignes.size(), 2U);
     EXPECT_EQ(regles[0].Valeur, "7.5");
+    EXPECT_EQ(regles[1].Lignes, TextesRegleRapport(43));
+    EXPECT_EQ(regles[1].Valeur, "3.25");
     EXPECT_EQ(NombreReglesImprimees(e), 9);
-    // A rule may print the limit of another one.
-    PoserRegle(e, 43, 99.0);
-    EXPECT_EQ(RegleRapport(e, 43)->Valeur, "7.5");
+    // A shown rule set among them takes the verdict away.
+    PoserRegle(e, 41, 1.0);
+    f.MajDiagnostics();
+    EXPECT_FALSE(Visible(f, "lblConforme(6)"));
+}
+
+TEST(Diagnostics, UneRegleImprimeLaLimiteDUneAutre) {
+    // The PXLC's own text of rule 34, if it has one, is put back at the end.
+    const TexteRegle avant = TexteDeRegle(34).value_or(TexteRegle{.Numero = 34});
+    ASSERT_TRUE(InscrireReglesRelais(
+        5, {{.Numero = 34, .Rapport = {"Rule thirty-four, i.e. "}, .ValeurImprimee = 33}}));
+    const PanneauEssai pxlc(5);
+    Etude e;
+    e.id_protection = 5;
+    PoserRegle(e, 33, 7.5);
+    PoserRegle(e, 34, 99.0);
+    EXPECT_EQ(RegleRapport(e, 34)->Valeur, "7.5");
+    EXPECT_TRUE(InscrireReglesRelais(5, {avant}));
 }
 
 TEST(Diagnostics, UnRelaisSansPanneauNeDonneAucunVerdict) {
     Etude e;
-    e.id_protection = 6; // PXLP: no panel in this program
-    ASSERT_FALSE(PanneauRelaisInscrit(6));
+    e.id_protection = 5; // PXLC: no panel in this program
+    ASSERT_FALSE(PanneauRelaisInscrit(5));
     bool ouverts = false;
     FenetreDiagnostics f(e, ouverts);
     f.Montrer();
-    EXPECT_TRUE(Visible(f, "fraDiagnostics(6)"));
-    EXPECT_FALSE(Visible(f, "lblConforme(6)"));
+    EXPECT_TRUE(Visible(f, "fraDiagnostics(5)"));
+    EXPECT_FALSE(Visible(f, "lblConforme(5)"));
     EXPECT_TRUE(Visible(f, "lblNonCalcule"));
     EXPECT_EQ(f.Trouver("lblNonCalcule")->Texte(),
-              "Settings of the PXLP not computed (no panel for this relay yet).");
+              "Settings of the PXLC not computed (no panel for this relay yet).");
     // A rule set all the same is still shown: a discordance is never hidden.
-    PoserRegle(e, 38, 4.0);
+    PoserRegle(e, 31, 4.0);
     f.MajDiagnostics();
-    EXPECT_TRUE(Visible(f, "lblRegle(38)"));
-    EXPECT_FALSE(Visible(f, "lblConforme(6)"));
+    EXPECT_TRUE(Visible(f, "lblRegle(31)"));
+    EXPECT_FALSE(Visible(f, "lblConforme(5)"));
     // A relay that can be computed gives its verdict, and no such text.
     {
-        const PanneauEssai pxlp(6);
-        EffacerRegle(e, 38);
+        const PanneauEssai pxlc(5);
+        EffacerRegle(e, 31);
         f.MajDiagnostics();
-        EXPECT_TRUE(Visible(f, "lblConforme(6)"));
+        EXPECT_TRUE(Visible(f, "lblConforme(5)"));
         EXPECT_FALSE(Visible(f, "lblNonCalcule"));
     }
     // Without a relay there is nothing to say either way.

@@ -188,13 +188,13 @@ TEST(PagesRapport, AucuneDiscordance) {
     e.DiagDrapeaux[49] = true;
     EXPECT_EQ(Depuis(Rapport(e).at(0), "Diagnostics"),
               (std::vector<std::string>{"Diagnostics", "No discordance with the setting guide."}));
-    // The PXLP has no panel yet: its settings were never computed, and the report says so
+    // The PXLC has no panel yet: its settings were never computed, and the report says so
     // instead of a verdict.
-    e.id_protection = 6;
+    e.id_protection = 5;
     EXPECT_EQ(
         Depuis(Rapport(e).at(0), "Diagnostics"),
         (std::vector<std::string>{
-            "Diagnostics", "Settings of the PXLP not computed (no panel for this relay yet)."}));
+            "Diagnostics", "Settings of the PXLC not computed (no panel for this relay yet)."}));
 }
 
 TEST(PagesRapport, DiagnosticsDesReglesPosees) {

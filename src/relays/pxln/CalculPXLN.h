@@ -14,8 +14,6 @@ class Dialogue;
 
 inline constexpr int ID_PXLN = 7;
 
-// The text shown on a link toward a customer whose third zone does not fit the load area.
-inline constexpr const char* DONNEES_INCOMPATIBLES_PXLN = "incompatible data";
 // The label shown while the secondary rated current is not 1 A (the computation goes on).
 inline constexpr const char* ERREUR_IN_PXLN =
     "Error: the implemented rated secondary current must be  1 A";

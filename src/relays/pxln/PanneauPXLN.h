@@ -4,6 +4,7 @@
 // the zones, then the zones in ohms and the diagnostics.
 #pragma once
 
+#include "relays/ChampsPXL.h"
 #include "relays/PanneauProtection.h"
 
 namespace tournesol {
@@ -11,8 +12,7 @@ namespace tournesol {
 class PanneauPXLN : public PanneauProtection {
 public:
     static constexpr const char* BOUTON_PARAMETRES = "cmdParametres";
-    static constexpr const char* REMARQUE_DELTAR =
-        "If you change deltaR, the program re-reckon the fault résistance values";
+    static constexpr const char* REMARQUE_DELTAR = REMARQUE_DELTAR_PXL;
 
     PanneauPXLN(Etude& e, Dialogue& d);
 

@@ -1,0 +1,141 @@
+// The PXLP's list in the setting store, its print page, its characteristic and the registration
+// of the relay.
+#include "core/Etude.h"
+#include "core/Magasin.h"
+#include "core/Registre.h"
+#include "diagnostics/Diagnostics.h"
+#include "printing/Impression.h"
+#include "relays/FamillePXL.h"
+#include "relays/ImpressionPXL.h"
+#include "relays/pxlp/CalculPXLP.h"
+#include "relays/pxlp/PanneauPXLP.h"
+
+namespace tournesol {
+
+namespace {
+
+// Every value of the list, in its order and with the type it is stored in. The position of a
+// value is its only name: the order never changes, the list only grows at its end.
+template <class V> void ListePXLP(Etude& e, V&& valeur) {
+    RelaisPXLP& r = e.PXLP;
+    valeur(r.deltaR_BT);
+    valeur(r.deltaR_HT);
+    valeur(r.deltaF);
+    valeur(r.ZonesBloquees);
+    valeur(r.Rmoc_BT);
+    valeur(r.Rmoc_HT);
+    valeur(r.Rbic_BT);
+    valeur(r.Rbic_HT);
+    valeur(r.Rmor_BT);
+    valeur(r.Rmor_HT);
+    valeur(r.Rbir_BT);
+    valeur(r.Rbir_HT);
+    for (double& x : r.XPct)
+        valeur(x);
+    valeur(r.RsurX);
+    valeur(e.T1);
+    valeur(e.T2);
+    valeur(e.T3);
+    valeur(e.T4);
+    valeur(r.Td);
+    valeur(r.Maitre);
+    valeur(e.Teleaction);
+    valeur(r.PorteeReduite);
+    valeur(r.DeclRapide);
+    valeur(r.Signal);
+    valeur(e.Ligne_CRt);
+    valeur(e.Ligne_CRm);
+    valeur(e.RL_eq);
+    valeur(e.XL_eq);
+    valeur(e.Ligne_pp);
+    valeur(e.Is);
+}
+
+void EcrireListePXLP(Etude& e, MagasinReglages& m) {
+    EcrireListe(e, m, [](Etude& x, auto&& f) { ListePXLP(x, f); });
+}
+
+void LireListePXLP(Etude& e, MagasinReglages& m) {
+    LireListe(e, m, [](Etude& x, auto&& f) { ListePXLP(x, f); });
+    // The zones in ohms follow the percentages read; a Kz of zero leaves the secondary ones 0.
+    RelaisPXLP& r = e.PXLP;
+    for (std::size_t i = 0; i < 5; ++i) {
+        r.ZonesHT[i] = r.XPct[i] / 100.0 * e.XL_eq;
+        r.ZonesBT[i] = e.Kz == 0.0 ? 0.0 : r.ZonesHT[i] / e.Kz;
+    }
+}
+
+void DrawPXLP(Plan& plan, const OptionsAffichage& options) {
+    const RelaisPXLP& r = plan.etude().PXLP;
+    DessinerPXL(plan, options, SegmentsPXL(plan.etude(), r.Rmoc_HT, r.deltaR_HT, r.ZonesHT));
+}
+
+void ImprimerPXLP(ContexteImpression& c) {
+    ImpressionSansReglages(c);
+    Etude& e = c.e;
+    if (e.ArretImpression) return;
+    if (DoitImprimer(e)) {
+        DebutProgression(e, c.etat, 3, "Page 2 : settings");
+        ImprimerReglagesPXL(c, ReglagesImprimes(e.PXLP));
+    }
+}
+
+} // namespace
+
+void InscrirePXLP() {
+    InscrirePanneauRelais(ID_PXLP, &FabriquerPanneau<PanneauPXLP>);
+    InscrireTraceRelais(ID_PXLP, &DrawPXLP);
+    InscrireReglagesRelais(ID_PXLP, &EcrireListePXLP, &LireListePXLP);
+    InscrireImpressionRelais(ID_PXLP, &ImprimerPXLP);
+    InscrireReglesRelais(
+        ID_PXLP,
+        {{.Numero = 35,
+          .Rapport = {"The third zone is lower than 1.2 times the second zone, i.e. "},
+          .Fenetre = "The third zone is lower than 1.2 times the second zone, i. e.:"},
+         {.Numero = 36,
+          .Rapport = {"The third zone risks to see the faults beyond the transformers of the "
+                      "remote end.",
+                      "It must not overcome "},
+          .Fenetre = "The third zone may see the faults beyond the transformers of the remote "
+                     "substation. It must not overcome:"},
+         {.Numero = 37,
+          .Rapport = {"The forward pick up risks to see the faults beyond the transformers of the "
+                      "remote end",
+                      "It must not overcome "},
+          .Fenetre = "The downstream pick up may see the faults beyond the transformers of the "
+                     "remote substation. It must not overcome:"},
+         {.Numero = 38,
+          .Rapport = {"The external out of step risks to see the faults beyond the transformers "
+                      "of the remote substation",
+                      "Z2 might not overcome "},
+          .Fenetre = "The external out of step may see the faults beyond the transformers of the "
+                     "remote substation. It must not overcome:"},
+         {.Numero = 39,
+          .Rapport = {"The backward pick up risks to see the faults beyond the transformers of "
+                      "the close substation. ",
+                      "It must not overcome "},
+          .Fenetre = "The upstream pick up may see the faults beyond the transformers of the "
+                     "close substation. It must not overcome:"},
+         {.Numero = 40,
+          .Rapport = {"The external out of step risks to see the faults beyond the transformers "
+                      "of the close substation",
+                      "It might not overcome "},
+          .Fenetre = "The external out of step may see the faults beyond the transformers of the "
+                     "close substation. It must not overcome:"},
+         {.Numero = 41,
+          .Rapport = {"the first zone of the relay located at the remote end risks to overcome",
+                      "the backward zone of the relay", "That last one must be greater than "},
+          .Fenetre = "the first zone of the remote relay may overcome the upstream zone of the "
+                     "close relay. That last one must be at least equal to:"},
+         // The corners of the pick-up, printed in the report only.
+         {.Numero = 42,
+          .Rapport = {"The corner of the forward pick up risks to see the faults beyond the "
+                      "transformers of the remote end",
+                      "Its reach along the line must not overcome "}},
+         {.Numero = 43,
+          .Rapport = {"The corner of the backward pick up risks to see the faults beyond the "
+                      "transformers of the close substation",
+                      "Its reach along the line must not overcome "}}});
+}
+
+} // namespace tournesol
