@@ -389,7 +389,20 @@ constexpr const char* CleFichier(const char* membre) {
     X(Entier16, Decalage) \
     X(Reel, ZavCharge)
 #define RELAIS_PXLC_VARIABLES(X) \
-    X(Booleen, FeuilleReglages)
+    X(Booleen, FeuilleReglages) \
+    X(Reel, deltaR_BT) \
+    X(Reel, deltaR_HT) \
+    X(Reel, deltaF) \
+    X(Entier16, ZonesBloquees) \
+    X(Reel, Rmoc_BT) \
+    X(Reel, Rbic_BT) \
+    X(Reel, Rmoc_HT) \
+    X(Reel, Rbic_HT) \
+    X(Reels5, XPct) \
+    X(Reels5, ZonesHT) \
+    X(Reels5, ZonesBT) \
+    X(Reel, RsurX) \
+    X(Entier16, TypeDecl)
 #define RELAIS_PXLP_VARIABLES(X) \
     X(Reel, deltaR_BT) \
     X(Reel, deltaR_HT) \

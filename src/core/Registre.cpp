@@ -3,6 +3,8 @@
 #include "core/Etude.h"
 #include "core/Panneau.h"
 
+#include <utility>
+
 namespace tournesol {
 
 namespace {
@@ -26,9 +28,9 @@ void InitRegistre(Etude& e) {
         e.ReportAdmis[static_cast<std::size_t>(id - 1)][REPORT_MONOPHASE] = false;
 }
 
-void InscrirePanneauRelais(int id_protection, FabriquePanneauRelais fabrique) {
-    if (RelaisConnu(id_protection))
-        fabriques[static_cast<std::size_t>(id_protection - 1)] = fabrique;
+FabriquePanneauRelais InscrirePanneauRelais(int id_protection, FabriquePanneauRelais fabrique) {
+    if (!RelaisConnu(id_protection)) return nullptr;
+    return std::exchange(fabriques[static_cast<std::size_t>(id_protection - 1)], fabrique);
 }
 
 void InscrireDefautsRelais(int id_protection, DefautsRelais d) {

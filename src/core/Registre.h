@@ -42,9 +42,10 @@ inline bool RelaisConnu(int id_protection) {
 void InitRegistre(Etude& e);
 
 // The making of each relay's panel, filled by the relays as they register; the panel's creation
-// computes its settings. A relay that has not registered has no panel: nullptr.
+// computes its settings. A relay that has not registered has no panel: nullptr. Registering
+// gives back the making it replaces.
 using FabriquePanneauRelais = std::unique_ptr<Panneau> (*)(Etude&, Dialogue&);
-void InscrirePanneauRelais(int id_protection, FabriquePanneauRelais fabrique);
+FabriquePanneauRelais InscrirePanneauRelais(int id_protection, FabriquePanneauRelais fabrique);
 std::unique_ptr<Panneau> CreerPanneauRelais(Etude& e, Dialogue& d);
 // True when relay id_protection has registered its panel, so that its settings can be computed.
 bool PanneauRelaisInscrit(int id_protection);

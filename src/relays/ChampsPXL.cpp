@@ -6,11 +6,12 @@ namespace tournesol {
 
 DescriptionChamp SaisiePXL(std::string nom, std::string legende, std::string unite,
                            std::string format, std::string groupe, Variable v, double min,
-                           double max) {
+                           double max, double pas) {
     DescriptionChamp d = ChampValeur(std::move(nom), std::move(legende), std::move(format),
                                      std::move(groupe), std::move(v), true, std::move(unite));
     d.Min = min;
     d.Max = max;
+    d.Pas = pas;
     return d;
 }
 
@@ -18,17 +19,22 @@ bool EstZonePXL(const std::string& nom) {
     return std::find(ZONES_X_PXL.begin(), ZONES_X_PXL.end(), nom) != ZONES_X_PXL.end();
 }
 
-std::vector<DescriptionChamp> ChampsTemposPXL(Variable td, Variable maitre) {
+std::vector<DescriptionChamp> ChampsTemposPXL(double pas) {
     const std::string cadre = GroupeFeuille(TEMPOS_PXL, "Step timers");
-    std::vector<DescriptionChamp> t{
-        SaisiePXL("txtT1", "First step timer", "ms", "###0", cadre, Lien(&Etude::T1), 0.0, 10000.0),
-        SaisiePXL("txtT2", "Second step timer", "ms", "###0", cadre, Lien(&Etude::T2), 0.0,
-                  10000.0),
-        SaisiePXL("txtT3", "Third step timer", "ms", "###0", cadre, Lien(&Etude::T3), 0.0, 10000.0),
-        SaisiePXL("txtT4", "fourth step timer", "ms", "###0", cadre, Lien(&Etude::T4), 0.0,
-                  10000.0),
+    auto tempo = [&](const char* nom, const char* legende, Entier16 Etude::*t) {
+        return SaisiePXL(nom, legende, "ms", "###0", cadre, Lien(t), 0.0, 10000.0, pas);
+    };
+    return {
+        tempo("txtT1", "First step timer", &Etude::T1),
+        tempo("txtT2", "Second step timer", &Etude::T2),
+        tempo("txtT3", "Third step timer", &Etude::T3),
+        tempo("txtT4", "fourth step timer", &Etude::T4),
         ChampEtiquette("lblTempoMax", "(Value maxi. 10000 ms)", cadre),
     };
+}
+
+std::vector<DescriptionChamp> ChampsTemposPXL(Variable td, Variable maitre) {
+    std::vector<DescriptionChamp> t = ChampsTemposPXL();
     const std::string ligne = GroupeFeuille(TEMPOS_PXL, "Double circuit two ended line ");
     t.push_back(SaisiePXL("txtTd", "Hilt for inversion of direction", "ms", "###0", ligne,
                           std::move(td), 0.0, 1000.0));

@@ -1,4 +1,4 @@
-// The sheets the PXL family's panels (PXLN, PXLP) share: the out-of-step band and the blocked
+// The sheets the PXL family's panels (PXLN, PXLP, PXLC) share: the out-of-step band and the blocked
 // zones, the four loop resistances, the five reaches in percent of the line reactance, the step
 // timers with the double circuit frame, and the signalling scheme. Each panel takes them for its
 // own record, whose settings bear the same names, and adds the sheets of its own.
@@ -7,6 +7,7 @@
 #include "core/Champ.h"
 #include "core/Etude.h"
 #include "core/Format.h"
+#include "relays/FamillePXL.h"
 #include "relays/PanneauProtection.h"
 
 #include <array>
@@ -27,10 +28,10 @@ inline constexpr const char* REMARQUE_DELTAR_PXL =
 inline constexpr std::array<const char*, 5> ZONES_X_PXL{"txtX(0)", "txtX(1)", "txtX(2)", "txtX(3)",
                                                         "txtX(4)"};
 
-// An entry in ohms or percent with its range.
+// An entry in ohms or percent with its range, and its step when the relay has one.
 DescriptionChamp SaisiePXL(std::string nom, std::string legende, std::string unite,
                            std::string format, std::string groupe, Variable v, double min,
-                           double max);
+                           double max, double pas = 0.0);
 
 // Whether the field is one of the five reaches (its exit re-computes the ratio R/X).
 bool EstZonePXL(const std::string& nom);
@@ -46,17 +47,24 @@ template <class R> struct ResistancePXL {
     double R::*vHT;
 };
 
-template <class R> std::array<ResistancePXL<R>, 4> ResistancesPXLTable() {
-    return {{
-        {"txt_rmoc_bt", "txt_Rmoc_HT", "lbl_Rmoc_HT", "phase to earth loop", "classic criterion",
-         &R::Rmoc_BT, &R::Rmoc_HT},
-        {"txt_rbic_bt", "txt_Rbic_HT", "lbl_Rbic_HT", "phase to phase loop", "classic criterion",
-         &R::Rbic_BT, &R::Rbic_HT},
-        {"txt_rmor_bt", "txt_Rmor_HT", "lbl_Rmor_HT", "phase to earth loop", "quick criterion",
-         &R::Rmor_BT, &R::Rmor_HT},
-        {"txt_rbir_bt", "txt_Rbir_HT", "lbl_Rbir_HT", "phase to phase loop", "quick criterion",
-         &R::Rbir_BT, &R::Rbir_HT},
-    }};
+// The classic criterion's two loops, then the quick criterion's on the relays that have it; a
+// relay with the classic criterion only shows its loops under "Maximal detectable resistance".
+template <class R> std::vector<ResistancePXL<R>> ResistancesPXLTable() {
+    const char* classique =
+        CritereRapidePXL<R> ? "classic criterion" : "Maximal detectable resistance";
+    std::vector<ResistancePXL<R>> t{
+        {"txt_rmoc_bt", "txt_Rmoc_HT", "lbl_Rmoc_HT", "phase to earth loop", classique, &R::Rmoc_BT,
+         &R::Rmoc_HT},
+        {"txt_rbic_bt", "txt_Rbic_HT", "lbl_Rbic_HT", "phase to phase loop", classique, &R::Rbic_BT,
+         &R::Rbic_HT},
+    };
+    if constexpr (CritereRapidePXL<R>) {
+        t.push_back({"txt_rmor_bt", "txt_Rmor_HT", "lbl_Rmor_HT", "phase to earth loop",
+                     "quick criterion", &R::Rmor_BT, &R::Rmor_HT});
+        t.push_back({"txt_rbir_bt", "txt_Rbir_HT", "lbl_Rbir_HT", "phase to phase loop",
+                     "quick criterion", &R::Rbir_BT, &R::Rbir_HT});
+    }
+    return t;
 }
 
 // The signalling options: the acceleration is the reduced reach, the blocking its negation.
@@ -70,10 +78,12 @@ template <class R> Signalisation SignalisationPXL(R Etude::*relais) {
 }
 
 // The out-of-step band (secondary entry, primary twin, slip, the remark) and the blocked zones.
-template <class R> std::vector<DescriptionChamp> ChampsPompagePXL(R Etude::*relais) {
+template <class R>
+std::vector<DescriptionChamp> ChampsPompagePXL(R Etude::*relais, const PasPXL& pas = {}) {
     const std::string bande = GroupeFeuille(POMPAGE_PXL, "Out of step band");
-    DescriptionChamp deltar = SaisiePXL(TXT_DELTAR_PXL, "deltaR", "", "#0.0#", bande,
-                                        Lien(relais, &R::deltaR_BT), 0.2, 25.0);
+    DescriptionChamp deltar =
+        SaisiePXL(TXT_DELTAR_PXL, "deltaR", "", "#0.0#", bande, Lien(relais, &R::deltaR_BT),
+                  pas.BandeMin, BANDE_MAX_PXL, pas.Bande);
     deltar.Colonne = ColonneOhms::Secondaire;
     deltar.Jumeau = "txt_deltar_HT";
     std::vector<DescriptionChamp> t{
@@ -97,12 +107,14 @@ template <class R> std::vector<DescriptionChamp> ChampsPompagePXL(R Etude::*rela
     return t;
 }
 
-template <class R> std::vector<DescriptionChamp> ChampsResistancesPXL(R Etude::*relais) {
+// The loop resistances, whole secondary ohms on the relays that take steps.
+template <class R>
+std::vector<DescriptionChamp> ChampsResistancesPXL(R Etude::*relais, const PasPXL& pas = {}) {
     std::vector<DescriptionChamp> t;
     for (const ResistancePXL<R>& r : ResistancesPXLTable<R>()) {
         const std::string cadre = GroupeFeuille(RESISTANCE_PXL, r.cadre);
-        DescriptionChamp bt =
-            SaisiePXL(r.bt, r.legende, "", "##0", cadre, Lien(relais, r.vBT), 0.0, 200.0);
+        DescriptionChamp bt = SaisiePXL(r.bt, r.legende, "", "##0", cadre, Lien(relais, r.vBT), 0.0,
+                                        pas.ResistanceMax, pas.PourcentsEntiers ? 1.0 : 0.0);
         bt.Colonne = ColonneOhms::Secondaire;
         bt.Jumeau = r.ht;
         t.push_back(bt);
@@ -117,18 +129,20 @@ template <class R> std::vector<DescriptionChamp> ChampsResistancesPXL(R Etude::*
     return t;
 }
 
-// The five reaches with their upper limits in percent, and the ratio R/X.
+// The five reaches with their upper limits in percent, in whole per cents on the relays that
+// take them so, and the ratio R/X.
 template <class R>
-std::vector<DescriptionChamp> ChampsZonesPXL(R Etude::*relais,
-                                             const std::array<double, 5>& maxima) {
+std::vector<DescriptionChamp> ChampsZonesPXL(R Etude::*relais, const std::array<double, 5>& maxima,
+                                             const PasPXL& pas = {}) {
     static const std::array<const char*, 5> legendes{"First zone", "Second zone", "Third zone",
                                                      "Limit of forward pick up",
                                                      "Limit of backward pick up"};
     const std::string cadre = GroupeFeuille(ZONES_PXL, "Reactances in % of the line reactance");
     std::vector<DescriptionChamp> t;
     for (std::size_t i = 0; i < 5; ++i)
-        t.push_back(SaisiePXL(ZONES_X_PXL[i], legendes[i], "%", "##0.##", cadre,
-                              Lien(relais, &R::XPct, i), 0.0, maxima[i]));
+        t.push_back(SaisiePXL(
+            ZONES_X_PXL[i], legendes[i], "%", pas.PourcentsEntiers ? "##0" : "##0.##", cadre,
+            Lien(relais, &R::XPct, i), 0.0, maxima[i], pas.PourcentsEntiers ? 1.0 : 0.0));
     t.push_back({.Nom = "txtro",
                  .Legende = "Ratio R/X",
                  .Format = "#0.##",
@@ -137,6 +151,8 @@ std::vector<DescriptionChamp> ChampsZonesPXL(R Etude::*relais,
     return t;
 }
 
+// The four step timers, to the relay's step.
+std::vector<DescriptionChamp> ChampsTemposPXL(double pas = 0.0);
 // The four step timers, then Td and master or slave on a double circuit line.
 std::vector<DescriptionChamp> ChampsTemposPXL(Variable td, Variable maitre);
 

@@ -1,6 +1,7 @@
 #include "relays/FamillePXL.h"
 
 #include "core/Dialogue.h"
+#include "diagnostics/ReglesGuide.h"
 #include "network/Transit.h"
 
 #include <array>
@@ -120,6 +121,52 @@ std::vector<SegmentImage> SegmentsPXL(const Etude& e, double rmoc, double bande,
         segment(Cart(-rr + x / t, x), Cart(rr + x / t, x), e.CouleurZones, 2);
     }
     return s;
+}
+
+void ReglesCommunesPXL(Etude& e, const std::array<int, 6>& n, const std::array<double, 5>& z,
+                       double bande) {
+    const MargesGuide m = Marges(e);
+    DefinirRegle(e, n[0], 1.2 * z[1] > z[2], 1.2 * z[1]);
+    DefinirRegle(e, n[1], m.Rf < 1.15 * z[3], m.Rf / 1.15);
+    DefinirRegle(e, n[2], m.Rf < 1.15 * (bande + z[3]), m.Rf / 1.15);
+    DefinirRegle(e, n[3], m.Rb < 1.15 * z[4], m.Rb / 1.15);
+    DefinirRegle(e, n[4], m.Rb < 1.15 * (bande + z[4]), m.Rb / 1.15);
+    DefinirRegle(e, n[5], e.Ligne_lc && z[4] < m.T, m.T);
+}
+
+std::vector<TexteRegle> TextesReglesCommunesPXL(const std::array<int, 6>& n) {
+    return {{.Numero = n[0],
+             .Rapport = {"The third zone is lower than 1.2 times the second zone, i.e. "},
+             .Fenetre = "The third zone is lower than 1.2 times the second zone, i. e.:"},
+            {.Numero = n[1],
+             .Rapport = {"The forward pick up risks to see the faults beyond the transformers of "
+                         "the remote end",
+                         "It must not overcome "},
+             .Fenetre = "The downstream pick up may see the faults beyond the transformers of the "
+                        "remote substation. It must not overcome:"},
+            {.Numero = n[2],
+             .Rapport = {"The external out of step risks to see the faults beyond the "
+                         "transformers of the remote substation",
+                         "Z2 might not overcome "},
+             .Fenetre = "The external out of step may see the faults beyond the transformers of "
+                        "the remote substation. It must not overcome:"},
+            {.Numero = n[3],
+             .Rapport = {"The backward pick up risks to see the faults beyond the transformers of "
+                         "the close substation. ",
+                         "It must not overcome "},
+             .Fenetre = "The upstream pick up may see the faults beyond the transformers of the "
+                        "close substation. It must not overcome:"},
+            {.Numero = n[4],
+             .Rapport = {"The external out of step risks to see the faults beyond the "
+                         "transformers of the close substation",
+                         "It might not overcome "},
+             .Fenetre = "The external out of step may see the faults beyond the transformers of "
+                        "the close substation. It must not overcome:"},
+            {.Numero = n[5],
+             .Rapport = {"the first zone of the relay located at the remote end risks to overcome",
+                         "the backward zone of the relay", "That last one must be greater than "},
+             .Fenetre = "the first zone of the remote relay may overcome the upstream zone of the "
+                        "close relay. That last one must be at least equal to:"}};
 }
 
 void DessinerPXL(Plan& plan, const OptionsAffichage& options,

@@ -1,14 +1,18 @@
-// The rules the PXL family's relays (PXLN, PXLP) share: reaches in percent of the line
-// reactance, four loop resistances from the load area, an out-of-step band from the slip, and
+// The rules the PXL family's relays (PXLN, PXLP, PXLC-PSEL) share: reaches in percent of the
+// line reactance, loop resistances from the load area, an out-of-step band from the slip, and
 // the same parallelograms on the plane. Each relay's record holds these settings under the same
-// names; the routines take the record.
+// names; the routines take the record. The digital PXLN and PXLP measure the resistance twice
+// (a classic and a quick criterion, four resistances); the static PXLC has the classic one only,
+// and its own steps (`PasPXL`).
 #pragma once
 
 #include "core/Complexe.h"
 #include "core/Erreurs.h"
 #include "core/Etude.h"
 #include "core/Numerique.h"
+#include "diagnostics/Diagnostics.h"
 #include "diagram/Plan.h"
+#include "relays/ChampRelais.h"
 
 #include <algorithm>
 #include <cmath>
@@ -25,6 +29,23 @@ inline constexpr const char* DONNEES_INCOMPATIBLES_PXL = "incompatible data";
 // the swing travels in 15 ms at 1 Hz.
 inline constexpr double BANDE_PAR_HERTZ_PXL = 0.0471238898038;
 inline constexpr double RESISTANCE_MAX_PXL = 200.0;
+inline constexpr double BANDE_MAX_PXL = 25.0;
+
+// The steps and ranges of one relay of the family; the defaults are the digital relays'.
+struct PasPXL {
+    bool PourcentsEntiers = false; // reaches in whole per cents, else in tenths
+    double Bande = 0.0;            // the band's step in secondary ohms, none when 0
+    double BandeMin = 0.2;
+    double ResistanceMax = RESISTANCE_MAX_PXL;
+    double Tempo = 0.0; // the timers' step in ms, none when 0
+};
+
+// The relays that measure the resistance a second time, quickly (Rmor, Rbir).
+template <class R>
+concept CritereRapidePXL = requires(R r) {
+    r.Rmor_BT;
+    r.Rbir_BT;
+};
 
 // The defaults the family's panels take in mode "Return": slip 2 Hz, zones 3, 4, 5 blocked
 // during a swing, Td 50 ms, the signal elaborated by the second zone, signalling with quick
@@ -46,36 +67,51 @@ template <class R> void DefautsPXL(Etude& e, R& r) {
 // force and its area are put back afterwards.
 double DistanceTransitPXL(Etude& e, Dialogue& d, double x3);
 
-// The four resistances from the distance D to the load area and the band: Rmoc the whole part
-// of D / Kz less the band, at most 200, Rbic and Rbir equal to it, Rmor twice it, at most 200.
-template <class R> void ResistancesPXL(const Etude& e, R& r, double distance) {
-    r.Rmoc_BT = std::min(PartieEntiere(Div(distance, e.Kz) - r.deltaR_BT), RESISTANCE_MAX_PXL);
+// The resistances from the distance D to the load area and the band: Rmoc the whole part of
+// D / Kz less the band, at most the relay's limit, Rbic (and Rbir) equal to it, Rmor twice it,
+// at most the limit. A relay with whole steps never goes below 0.
+template <class R>
+void ResistancesPXL(const Etude& e, R& r, double distance, const PasPXL& pas = {}) {
+    r.Rmoc_BT = std::min(PartieEntiere(Div(distance, e.Kz) - r.deltaR_BT), pas.ResistanceMax);
+    if (pas.PourcentsEntiers) r.Rmoc_BT = std::max(r.Rmoc_BT, 0.0);
     r.Rbic_BT = r.Rmoc_BT;
-    r.Rmor_BT = std::min(2.0 * r.Rmoc_BT, RESISTANCE_MAX_PXL);
-    r.Rbir_BT = r.Rmoc_BT;
+    if constexpr (CritereRapidePXL<R>) {
+        r.Rmor_BT = std::min(2.0 * r.Rmoc_BT, pas.ResistanceMax);
+        r.Rbir_BT = r.Rmoc_BT;
+    }
 }
 
-// The primary images of the band and of the four resistances.
+// The primary images of the band and of the resistances.
 template <class R> void ResistancesPrimairesPXL(const Etude& e, R& r) {
     r.deltaR_HT = Verifier(r.deltaR_BT * e.Kz);
     r.Rmoc_HT = Verifier(r.Rmoc_BT * e.Kz);
     r.Rbic_HT = Verifier(r.Rbic_BT * e.Kz);
-    r.Rmor_HT = Verifier(r.Rmor_BT * e.Kz);
-    r.Rbir_HT = Verifier(r.Rbir_BT * e.Kz);
+    if constexpr (CritereRapidePXL<R>) {
+        r.Rmor_HT = Verifier(r.Rmor_BT * e.Kz);
+        r.Rbir_HT = Verifier(r.Rbir_BT * e.Kz);
+    }
 }
 
-// The out-of-step sheet's step: in mode "Return" the band from the slip and the four resistances
-// from the load area; in every mode the band within 0.2 to 25 secondary ohms and its primary
-// image.
-template <class R> void CalculPompagePXL(Etude& e, R& r, Dialogue& d) {
+// The out-of-step sheet's step: in mode "Return" the band from the slip and the resistances from
+// the load area; in every mode the band taken to the relay's step within its range (0.2 to 25
+// secondary ohms on the digital relays) and its primary image.
+template <class R> void CalculPompagePXL(Etude& e, R& r, Dialogue& d, const PasPXL& pas = {}) {
     double distance = 0.0;
     if (e.PanneauRelais) {
         distance = DistanceTransitPXL(e, d, r.XPct[2]);
         r.deltaR_HT = Verifier((e.Ligne_XS + e.XL_eq) * r.deltaF * BANDE_PAR_HERTZ_PXL);
         r.deltaR_BT = Div(r.deltaR_HT, e.Kz);
     }
-    r.deltaR_BT = std::clamp(r.deltaR_BT, 0.2, 25.0);
-    if (e.PanneauRelais) ResistancesPXL(e, r, distance);
+    r.deltaR_BT = std::clamp(ArrondirAuPas(r.deltaR_BT, pas.Bande, ModeArrondi::Proche),
+                             pas.BandeMin, BANDE_MAX_PXL);
+    if (e.PanneauRelais) ResistancesPXL(e, r, distance, pas);
+    ResistancesPrimairesPXL(e, r);
+}
+
+// deltaR changed by hand: the resistances again from the load area, and their primary images.
+template <class R>
+void ResistancesDepuisBandePXL(Etude& e, R& r, Dialogue& d, const PasPXL& pas = {}) {
+    ResistancesPXL(e, r, DistanceTransitPXL(e, d, r.XPct[2]), pas);
     ResistancesPrimairesPXL(e, r);
 }
 
@@ -85,15 +121,19 @@ template <class R> void RapportRsurXPXL(const Etude& e, R& r) {
 }
 
 // The zone percentages from the line in mode "Return" (the backward one kept clear of the
-// resistance), then the ratio R/X.
-template <class R> void CalculZonesPXL(const Etude& e, R& r) {
+// resistance), then the ratio R/X. The first and third zones are taken down to the relay's step,
+// the second one step up; on whole per cents the third zone of a teed line goes down and the
+// backward pick-up up as well.
+template <class R> void CalculZonesPXL(const Etude& e, R& r, const PasPXL& pas = {}) {
     auto& x = r.XPct;
     if (e.PanneauRelais) {
         const double xl = e.XL_eq;
-        x[0] = std::min(PartieEntiere(Div(1000.0 * e.Ligne_Xprim1, xl)) / 10.0, 200.0);
-        x[1] = std::min(PartieEntiere(Div(1000.0 * e.Ligne_Xprim2, xl) + 1.0) / 10.0, 500.0);
+        const double n = pas.PourcentsEntiers ? 1.0 : 10.0; // steps per per cent
+        x[0] = std::min(PartieEntiere(Div(100.0 * n * e.Ligne_Xprim1, xl)) / n, 200.0);
+        x[1] = std::min(PartieEntiere(Div(100.0 * n * e.Ligne_Xprim2, xl) + 1.0) / n, 500.0);
         x[2] =
-            e.Ligne_Tl == 3 ? 1.25 * x[1] : PartieEntiere(Div(1000.0 * e.Ligne_Xprim3, xl)) / 10.0;
+            e.Ligne_Tl == 3 ? 1.25 * x[1] : PartieEntiere(Div(100.0 * n * e.Ligne_Xprim3, xl)) / n;
+        if (pas.PourcentsEntiers) x[2] = PartieEntiere(x[2]);
         x[2] = std::min(x[2], 1000.0);
         x[3] = x[2];
         x[4] = x[3] - 100.0;
@@ -107,6 +147,7 @@ template <class R> void CalculZonesPXL(const Etude& e, R& r) {
         const double rencontre = Div(r.Rmoc_BT * t * t30, t30 + t);
         if (quart > b || rencontre > b)
             x[4] = Div(rencontre < quart ? quart : 1.1 * rencontre, ohmsParPourcent);
+        if (pas.PourcentsEntiers) x[4] = std::ceil(x[4]);
         x[4] = std::min(x[4], 200.0);
     }
     RapportRsurXPXL(e, r);
@@ -119,6 +160,19 @@ template <class R> void ZonesEnOhmsPXL(const Etude& e, R& r) {
         r.ZonesBT[i] = Div(r.ZonesHT[i], e.Kz);
     }
 }
+
+// The rules of the setting guide every relay of the family has, on its reaches in primary ohms
+// and its band, numbered by the relay:
+//   [0] the third zone at least 1.2 times the second;
+//   [1] the forward pick-up, [2] the forward pick-up widened by the band, against the forward
+//       side limit;
+//   [3] the backward pick-up, [4] the backward pick-up widened by the band, against the backward
+//       side limit;
+//   [5] on a long line, the backward pick-up at least the coordination margin.
+void ReglesCommunesPXL(Etude& e, const std::array<int, 6>& numeros,
+                       const std::array<double, 5>& zonesHT, double bande);
+// Their texts, in the report and in the window.
+std::vector<TexteRegle> TextesReglesCommunesPXL(const std::array<int, 6>& numeros);
 
 // The half width of the plane fitted on OK, in primary ohms: 1.2 times the largest of the
 // forward pick-up, Rmoc and the backward pick-up, at most 1000.

@@ -42,16 +42,20 @@ void ImprimerReglagesPXL(ContexteImpression& c, const ReglagesImprimesPXL& r) {
     Page& page = c.page;
     ImprimerTeteReglages(c);
     page.ALaLigne();
-    page.ChoisirGras(true);
-    Rangee(c, {{0, "Maximal detectable resistance on slow measurement"}});
-    page.ChoisirGras(false);
-    Ohms(c, "phase to earth loop", r.ResistancesBT[0], r.ResistancesHT[0], "/l.");
-    Ohms(c, "phase to phase loop", r.ResistancesBT[1], r.ResistancesHT[1], "/l.");
-    page.ChoisirGras(true);
-    Rangee(c, {{0, "Maximal detectable resistance on quick measurement"}});
-    page.ChoisirGras(false);
-    Ohms(c, "phase to earth loop", r.ResistancesBT[2], r.ResistancesHT[2], "/l.");
-    Ohms(c, "phase to phase loop", r.ResistancesBT[3], r.ResistancesHT[3], "/l.");
+    auto resistances = [&](const char* titre, std::size_t premiere) {
+        page.ChoisirGras(true);
+        Rangee(c, {{0, titre}});
+        page.ChoisirGras(false);
+        Ohms(c, "phase to earth loop", r.ResistancesBT[premiere], r.ResistancesHT[premiere], "/l.");
+        Ohms(c, "phase to phase loop", r.ResistancesBT[premiere + 1], r.ResistancesHT[premiere + 1],
+             "/l.");
+    };
+    if (r.CritereRapide) {
+        resistances("Maximal detectable resistance on slow measurement", 0);
+        resistances("Maximal detectable resistance on quick measurement", 2);
+    } else {
+        resistances("Maximal detectable resistance", 0);
+    }
     AvancerProgression(c.e, c.etat, 1);
     page.ALaLigne();
     static const char* const zones[5] = {"First zone reactance", "Second zone reactance",
@@ -59,18 +63,25 @@ void ImprimerReglagesPXL(ContexteImpression& c, const ReglagesImprimesPXL& r) {
                                          "Backward pick up reactance"};
     for (std::size_t i = 0; i < 5; ++i)
         Ohms(c, zones[i], r.ZonesBT[i], r.ZonesHT[i], "/ph.",
-             FormaterNombre(r.Pourcentages[i], FORMAT_POURCENT) + " %");
+             FormaterNombre(r.Pourcentages[i], r.PourcentsEntiers ? "##0" : FORMAT_POURCENT) +
+                 " %");
     AvancerProgression(c.e, c.etat, 1);
+    // R/X with the resistance of the quickest measurement the relay has.
     const double z1 = r.ZonesHT[0];
-    Rangee(c, {{0, "Ratio R/X on the limit of first zone reach (quick)"},
+    const double resistance = r.ResistancesHT[r.CritereRapide ? 2 : 0];
+    Rangee(c, {{0, r.CritereRapide ? "Ratio R/X on the limit of first zone reach (quick)"
+                                   : "Ratio R/X on the limit of first zone reach"},
                {COLONNE_PRIMAIRE_REGLAGES,
-                z1 == 0.0 ? std::string() : FormaterNombre(r.ResistancesHT[2] / z1, "#0.##")}});
+                z1 == 0.0 ? std::string() : FormaterNombre(resistance / z1, "#0.##")}});
     Ohms(c, "Out of step bandwidth", r.BandeBT, r.BandeHT, "/ph.");
     page.ALaLigne();
     Tempo(c, "First step timer", e.T1);
     Tempo(c, "Second step timer", e.T2);
     Tempo(c, "3rd step timer", e.T3);
     Tempo(c, "4th step timer", e.T4);
+    if (!r.Options.empty()) page.ALaLigne();
+    for (const auto& [nom, valeur] : r.Options)
+        Rangee(c, {{0, nom}, {COLONNE_SECONDAIRE_REGLAGES, valeur}});
     AvancerProgression(c.e, c.etat, 1);
 }
 

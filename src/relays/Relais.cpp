@@ -3,6 +3,7 @@
 #include "relays/epac/CalculEPAC.h"
 #include "relays/pd3a/CalculPD3A.h"
 #include "relays/pds/CalculPDS.h"
+#include "relays/pxlc/CalculPXLC.h"
 #include "relays/pxln/CalculPXLN.h"
 #include "relays/pxlp/CalculPXLP.h"
 #include "relays/razoa/CalculRAZOA.h"
@@ -22,6 +23,7 @@ void InscrireRelais() {
         InscrirePDS();
         InscrireRXAP();
         InscrireS321();
+        InscrirePXLC();
         InscrirePXLP();
         InscrirePXLN();
         InscrireRAZOA();

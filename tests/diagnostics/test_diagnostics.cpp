@@ -12,24 +12,21 @@
 #include <cmath>
 #include <gtest/gtest.h>
 #include <limits>
+#include <optional>
 
 using namespace tournesol;
 
 namespace {
 
-// A relay that has no panel of its own gets one for the length of a test, so that its rules are
-// read as those of a computed relay.
-struct PanneauEssai {
-    explicit PanneauEssai(int id) : id_(id), inscrit_(!PanneauRelaisInscrit(id)) {
-        if (inscrit_)
-            InscrirePanneauRelais(
-                id, [](Etude&, Dialogue&) -> std::unique_ptr<Panneau> { return nullptr; });
-    }
-    ~PanneauEssai() {
-        if (inscrit_) InscrirePanneauRelais(id_, nullptr);
-    }
+// A relay's panel withdrawn for the length of a test: it stands for a relay this program cannot
+// compute.
+struct SansPanneau {
+    explicit SansPanneau(int id) : id_(id), panneau_(InscrirePanneauRelais(id, nullptr)) {}
+    ~SansPanneau() { InscrirePanneauRelais(id_, panneau_); }
+    SansPanneau(const SansPanneau&) = delete;
+    SansPanneau& operator=(const SansPanneau&) = delete;
     int id_;
-    bool inscrit_;
+    FabriquePanneauRelais panneau_;
 };
 
 bool Visible(Panneau& p, const std::string& nom) {
@@ -119,7 +116,7 @@ TEST(Diagnostics, FenetreSansDiscordance) {
 }
 
 TEST(Diagnostics, UneRegleDansLaFenetreEtLeRapport) {
-    const PanneauEssai rel100(9);
+    InscrireRelais();
     Etude e;
     e.id_protection = 9;
     bool ouverts = false;
@@ -187,7 +184,7 @@ TEST(Diagnostics, UneRegleImprimeLaLimiteDUneAutre) {
     const TexteRegle avant = TexteDeRegle(34).value_or(TexteRegle{.Numero = 34});
     ASSERT_TRUE(InscrireReglesRelais(
         5, {{.Numero = 34, .Rapport = {"Rule thirty-four, i.e. "}, .ValeurImprimee = 33}}));
-    const PanneauEssai pxlc(5);
+    InscrireRelais();
     Etude e;
     e.id_protection = 5;
     PoserRegle(e, 33, 7.5);
@@ -197,8 +194,10 @@ TEST(Diagnostics, UneRegleImprimeLaLimiteDUneAutre) {
 }
 
 TEST(Diagnostics, UnRelaisSansPanneauNeDonneAucunVerdict) {
+    InscrireRelais();
+    std::optional<SansPanneau> sans(5);
     Etude e;
-    e.id_protection = 5; // PXLC: no panel in this program
+    e.id_protection = 5;
     ASSERT_FALSE(PanneauRelaisInscrit(5));
     bool ouverts = false;
     FenetreDiagnostics f(e, ouverts);
@@ -214,13 +213,11 @@ TEST(Diagnostics, UnRelaisSansPanneauNeDonneAucunVerdict) {
     EXPECT_TRUE(Visible(f, "lblRegle(31)"));
     EXPECT_FALSE(Visible(f, "lblConforme(5)"));
     // A relay that can be computed gives its verdict, and no such text.
-    {
-        const PanneauEssai pxlc(5);
-        EffacerRegle(e, 31);
-        f.MajDiagnostics();
-        EXPECT_TRUE(Visible(f, "lblConforme(5)"));
-        EXPECT_FALSE(Visible(f, "lblNonCalcule"));
-    }
+    sans.reset();
+    EffacerRegle(e, 31);
+    f.MajDiagnostics();
+    EXPECT_TRUE(Visible(f, "lblConforme(5)"));
+    EXPECT_FALSE(Visible(f, "lblNonCalcule"));
     // Without a relay there is nothing to say either way.
     e.id_protection = 0;
     f.MajDiagnostics();

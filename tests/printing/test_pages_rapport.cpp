@@ -3,8 +3,10 @@
 #include "EtudeImprimee.h"
 #include "core/Couleurs.h"
 #include "core/FichierEtude.h"
+#include "core/Registre.h"
 #include "diagnostics/Diagnostics.h"
 #include "network/Transit.h"
+#include "relays/Relais.h"
 #include "shell/Ouverture.h"
 
 #include <cmath>
@@ -188,13 +190,16 @@ TEST(PagesRapport, AucuneDiscordance) {
     e.DiagDrapeaux[49] = true;
     EXPECT_EQ(Depuis(Rapport(e).at(0), "Diagnostics"),
               (std::vector<std::string>{"Diagnostics", "No discordance with the setting guide."}));
-    // The PXLC has no panel yet: its settings were never computed, and the report says so
-    // instead of a verdict.
+    // A relay this program cannot compute (the PXLC's panel withdrawn): its settings were never
+    // computed, and the report says so instead of a verdict.
+    InscrireRelais();
+    const FabriquePanneauRelais panneau = InscrirePanneauRelais(5, nullptr);
     e.id_protection = 5;
     EXPECT_EQ(
         Depuis(Rapport(e).at(0), "Diagnostics"),
         (std::vector<std::string>{
             "Diagnostics", "Settings of the PXLC not computed (no panel for this relay yet)."}));
+    InscrirePanneauRelais(5, panneau);
 }
 
 TEST(PagesRapport, DiagnosticsDesReglesPosees) {

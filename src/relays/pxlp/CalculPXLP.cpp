@@ -30,8 +30,7 @@ void RapportRsurXPXLP(Etude& e) {
 }
 
 void ResistancesDepuisBandePXLP(Etude& e, Dialogue& d) {
-    ResistancesPXL(e, e.PXLP, DistanceTransitPXL(e, d, e.PXLP.XPct[2]));
-    ResistancesPrimairesPXL(e, e.PXLP);
+    ResistancesDepuisBandePXL(e, e.PXLP, d);
 }
 
 void CalculDiagPXLP(Etude& e) {
@@ -39,15 +38,9 @@ void CalculDiagPXLP(Etude& e) {
     ZonesEnOhmsPXL(e, r);
     const auto& z = r.ZonesHT;
     const MargesGuide m = Marges(e);
-    const double bande = r.deltaR_HT;
     EffacerReglesRelais(e, ID_PXLP);
-    DefinirRegle(e, 35, 1.2 * z[1] > z[2], 1.2 * z[1]);
+    ReglesCommunesPXL(e, REGLES_COMMUNES_PXLP, z, r.deltaR_HT);
     DefinirRegle(e, 36, m.Rf < 1.15 * z[2], m.Rf / 1.15);
-    DefinirRegle(e, 37, m.Rf < 1.15 * z[3], m.Rf / 1.15);
-    DefinirRegle(e, 38, m.Rf < 1.15 * (bande + z[3]), m.Rf / 1.15);
-    DefinirRegle(e, 39, m.Rb < 1.15 * z[4], m.Rb / 1.15);
-    DefinirRegle(e, 40, m.Rb < 1.15 * (bande + z[4]), m.Rb / 1.15);
-    DefinirRegle(e, 41, e.Ligne_lc && z[4] < m.T, m.T);
     // The corners of the pick-up lie off the X axis: their reach is taken along the line.
     const double t = std::tan(e.PHI_eq);
     const double coinAvant = std::hypot(r.Rmoc_HT + Div(z[3], t), z[3]) * m.S;

@@ -4,6 +4,7 @@
 // the panel shows them (PanneauPXLP.h).
 #pragma once
 
+#include <array>
 #include <vector>
 
 namespace tournesol {
@@ -12,6 +13,8 @@ struct Etude;
 class Dialogue;
 
 inline constexpr int ID_PXLP = 6;
+// The numbers of the family's common rules on the PXLP (FamillePXL.h).
+inline constexpr std::array<int, 6> REGLES_COMMUNES_PXLP{35, 37, 38, 39, 40, 41};
 
 // The defaults of the panel in mode "Return", those of the family (FamillePXL.h).
 void DefautsPXLP(Etude& e);

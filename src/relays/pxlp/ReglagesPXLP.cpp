@@ -87,55 +87,24 @@ void InscrirePXLP() {
     InscrireTraceRelais(ID_PXLP, &DrawPXLP);
     InscrireReglagesRelais(ID_PXLP, &EcrireListePXLP, &LireListePXLP);
     InscrireImpressionRelais(ID_PXLP, &ImprimerPXLP);
-    InscrireReglesRelais(
-        ID_PXLP,
-        {{.Numero = 35,
-          .Rapport = {"The third zone is lower than 1.2 times the second zone, i.e. "},
-          .Fenetre = "The third zone is lower than 1.2 times the second zone, i. e.:"},
-         {.Numero = 36,
-          .Rapport = {"The third zone risks to see the faults beyond the transformers of the "
-                      "remote end.",
-                      "It must not overcome "},
-          .Fenetre = "The third zone may see the faults beyond the transformers of the remote "
-                     "substation. It must not overcome:"},
-         {.Numero = 37,
-          .Rapport = {"The forward pick up risks to see the faults beyond the transformers of the "
-                      "remote end",
-                      "It must not overcome "},
-          .Fenetre = "The downstream pick up may see the faults beyond the transformers of the "
-                     "remote substation. It must not overcome:"},
-         {.Numero = 38,
-          .Rapport = {"The external out of step risks to see the faults beyond the transformers "
-                      "of the remote substation",
-                      "Z2 might not overcome "},
-          .Fenetre = "The external out of step may see the faults beyond the transformers of the "
-                     "remote substation. It must not overcome:"},
-         {.Numero = 39,
-          .Rapport = {"The backward pick up risks to see the faults beyond the transformers of "
-                      "the close substation. ",
-                      "It must not overcome "},
-          .Fenetre = "The upstream pick up may see the faults beyond the transformers of the "
-                     "close substation. It must not overcome:"},
-         {.Numero = 40,
-          .Rapport = {"The external out of step risks to see the faults beyond the transformers "
-                      "of the close substation",
-                      "It might not overcome "},
-          .Fenetre = "The external out of step may see the faults beyond the transformers of the "
-                     "close substation. It must not overcome:"},
-         {.Numero = 41,
-          .Rapport = {"the first zone of the relay located at the remote end risks to overcome",
-                      "the backward zone of the relay", "That last one must be greater than "},
-          .Fenetre = "the first zone of the remote relay may overcome the upstream zone of the "
-                     "close relay. That last one must be at least equal to:"},
-         // The corners of the pick-up, printed in the report only.
-         {.Numero = 42,
-          .Rapport = {"The corner of the forward pick up risks to see the faults beyond the "
-                      "transformers of the remote end",
-                      "Its reach along the line must not overcome "}},
-         {.Numero = 43,
-          .Rapport = {"The corner of the backward pick up risks to see the faults beyond the "
-                      "transformers of the close substation",
-                      "Its reach along the line must not overcome "}}});
+    std::vector<TexteRegle> regles = TextesReglesCommunesPXL(REGLES_COMMUNES_PXLP);
+    regles.push_back(
+        {.Numero = 36,
+         .Rapport = {"The third zone risks to see the faults beyond the transformers of the "
+                     "remote end.",
+                     "It must not overcome "},
+         .Fenetre = "The third zone may see the faults beyond the transformers of the remote "
+                    "substation. It must not overcome:"});
+    // The corners of the pick-up, printed in the report only.
+    regles.push_back({.Numero = 42,
+                      .Rapport = {"The corner of the forward pick up risks to see the faults "
+                                  "beyond the transformers of the remote end",
+                                  "Its reach along the line must not overcome "}});
+    regles.push_back({.Numero = 43,
+                      .Rapport = {"The corner of the backward pick up risks to see the faults "
+                                  "beyond the transformers of the close substation",
+                                  "Its reach along the line must not overcome "}});
+    InscrireReglesRelais(ID_PXLP, regles);
 }
 
 } // namespace tournesol
