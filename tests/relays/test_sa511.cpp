@@ -2,28 +2,13 @@
 // the four resistances from the load distance and the load angle, the zones, the load distances
 // of each kind of feed, each rule of the setting guide, the stored list, the settings page with
 // the parameter codes, and the panel.
-#include "../printing/EtudeImprimee.h"
-#include "core/Dialogue.h"
-#include "core/Erreurs.h"
-#include "core/Etude.h"
-#include "core/FichierEtude.h"
-#include "core/Magasin.h"
-#include "core/Numerique.h"
-#include "core/Registre.h"
-#include "diagnostics/Diagnostics.h"
+#include "EtudeRelais.h"
 #include "network/Transit.h"
-#include "printing/Impression.h"
-#include "printing/PageEnregistree.h"
-#include "relays/Relais.h"
 #include "relays/sa511/CalculSA511.h"
 #include "relays/sa511/PanneauSA511.h"
 #include "relays/sa511/TraceSA511.h"
-#include "shell/Ouverture.h"
 
-#include <algorithm>
-#include <cmath>
 #include <functional>
-#include <gtest/gtest.h>
 
 using namespace tournesol;
 
@@ -281,25 +266,13 @@ TEST(ZonesSA511, LesResistancesDesZonesSuiventLaMiseEnRoute) {
     EXPECT_EQ(r.Te, 0.01);
 }
 
-// An example line opened as the working window opens it, with the 7SA511 in mode "Return".
-struct EtudeSA511 : ::testing::Test {
-    void Ouvrir(const char* fichier) {
-        InscrireRelais();
-        InitRegistre(e);
-        PreparerOuverture(e);
-        LireFichierEtude(std::string(TOURNESOL_EXEMPLES) + "/" + fichier, e);
-        e.id_protection = ID_SA511;
-        e.PanneauRelais = true;
-        options.Choisir(e.TypeReportCharge);
-        InitEtude(e, d, options);
-        ASSERT_EQ(e.ErrCalcul, 0);
-        e.PanneauRelais = true; // the working window puts "Modify" back once the panel closed
-    }
-    Etude e;
-    OptionsReport options;
-    DialogueSansFenetre d;
+// An example line opened as the working window opens it, with the 7SA511 in mode "Return", and
+// its panel.
+struct EtudeSA511 : EtudeEtPanneau<PanneauSA511> {
+    void Ouvrir(const char* fichier) { Charger(fichier, ID_SA511); }
     DistancesCharge distances;
 };
+using PanneauDuSA511 = EtudeSA511;
 
 TEST_F(EtudeSA511, UneLigneMailleeRegardeLesDeuxCasDeReport) {
     Ouvrir("chesnoy-villevaude-400kV-double.json");
@@ -417,16 +390,13 @@ TEST(DiagnosticsSA511, ChaqueRegleSePoseEtSEfface) {
         Etude e = Conforme();
         c.changer(e);
         CalculDiagSA511(e);
-        for (int n = 1; n <= 6; ++n) {
-            const bool attendue = std::find(c.regles.begin(), c.regles.end(), n) != c.regles.end();
-            EXPECT_EQ(RegleActive(e, n), attendue) << c.regles[0] << " rule " << n;
-        }
+        SCOPED_TRACE(c.regles[0]);
+        Regles(e, 1, 6, c.regles);
         EXPECT_NEAR(ValeurRegle(e, c.regles[0]), c.limite, 1e-5) << c.regles[0];
         Etude remis = Conforme();
         remis.DiagDrapeaux = e.DiagDrapeaux;
         CalculDiagSA511(remis);
-        for (int n = 1; n <= 6; ++n)
-            EXPECT_FALSE(RegleActive(remis, n)) << c.regles[0] << " stays " << n;
+        Regles(remis, 1, 6, {});
     }
     // The long line alone does not set rule 6 while the backward reach covers the remote first
     // zone.
@@ -438,7 +408,6 @@ TEST(DiagnosticsSA511, ChaqueRegleSePoseEtSEfface) {
 }
 
 TEST(MagasinSA511, LaListeRevientAvecSesTypesEtSesPositions) {
-    InscrireRelais();
     Etude e;
     e.id_protection = ID_SA511;
     e.id_reglage = 4;
@@ -452,8 +421,7 @@ TEST(MagasinSA511, LaListeRevientAvecSesTypesEtSesPositions) {
     r.Tvs = 0.05;
     e.Is = 5.0F;
     MagasinMemoire m;
-    ASSERT_TRUE(EcrireReglagesRelais(e, m));
-    EXPECT_EQ(m.Taille(), 48u);
+    const Etude relue = AllerRetour(e, m, 48);
     EXPECT_EQ(std::get<double>(m.LireValeur(4, 0)), 2.5);
     EXPECT_EQ(std::get<std::int16_t>(m.LireValeur(4, 4)), 2);
     EXPECT_EQ(std::get<double>(m.LireValeur(4, 20)), 20.0);
@@ -461,12 +429,6 @@ TEST(MagasinSA511, LaListeRevientAvecSesTypesEtSesPositions) {
     EXPECT_EQ(std::get<std::int16_t>(m.LireValeur(4, 29)), -1);
     EXPECT_EQ(std::get<double>(m.LireValeur(4, 40)), 0.05);
     EXPECT_EQ(std::get<float>(m.LireValeur(4, 47)), 5.0F);
-
-    Etude relue;
-    relue.id_protection = ID_SA511;
-    relue.id_reglage = 4;
-    ASSERT_TRUE(LireReglagesRelais(relue, m));
-    EXPECT_FALSE(relue.FinTR);
     EXPECT_EQ(relue.SA511.ProgBlocage, 2);
     EXPECT_EQ(relue.SA511.Tempo, r.Tempo);
     EXPECT_TRUE(relue.Teleaction);
@@ -536,32 +498,10 @@ TEST(PageSA511, LesReglagesPortentLeursCodes) {
 
     // The relay's settings alone: no line page, the settings on a page of their own.
     e.ImpParties = {false, false, true};
-    PageEnregistree seule;
-    Imprimer(e, d, seule, etat, {{}, {}, "01/01/2026 - 10:00"});
-    ASSERT_EQ(seule.Imprimes.size(), 1u);
-    std::string reglages;
-    for (const PageImprimee& p : seule.Imprimes[0])
-        for (const std::string& l : PageEnregistree::Lignes(p))
-            reglages += l + "\n";
+    const std::string reglages = TexteImprime(e);
     EXPECT_EQ(reglages.find("(1117)"), std::string::npos);
     EXPECT_NE(reglages.find("Pick up setting"), std::string::npos);
 }
-
-// The panel on the double circuit line.
-struct PanneauDuSA511 : EtudeSA511 {
-    PanneauSA511& Panneau(bool retour) {
-        e.PanneauRelais = retour;
-        p = std::make_unique<PanneauSA511>(e, d);
-        p->Ouvrir();
-        return *p;
-    }
-    void Saisir(const std::string& champ, const std::string& texte) {
-        p->Entrer(champ);
-        p->Trouver(champ)->DefinirTexte(texte);
-        p->Quitter(champ);
-    }
-    std::unique_ptr<PanneauSA511> p;
-};
 
 TEST_F(PanneauDuSA511, LesFeuillesDansLOrdreDeLaChaineEtLesCodesDansLesLegendes) {
     Ouvrir("chesnoy-villevaude-400kV-double.json");
