@@ -1,23 +1,13 @@
 // The PD3A, worked out by hand from its wheel tables: the wheels of both variants and their
 // limits, the resistance and its step, the angle and earth factor wheels, the timers, the rules
 // of the setting guide, the characteristic, the stored list and the panel.
-#include "core/Dialogue.h"
-#include "core/Etude.h"
-#include "core/FichierEtude.h"
-#include "core/Magasin.h"
-#include "core/Numerique.h"
-#include "core/Registre.h"
-#include "diagnostics/Diagnostics.h"
+#include "EtudeRelais.h"
 #include "diagram/SurfaceEnregistree.h"
-#include "relays/Relais.h"
 #include "relays/pd3a/CalculPD3A.h"
 #include "relays/pd3a/PanneauPD3A.h"
 #include "relays/pd3a/TracePD3A.h"
-#include "shell/Ouverture.h"
 
-#include <cmath>
 #include <functional>
-#include <gtest/gtest.h>
 
 using namespace tournesol;
 
@@ -170,20 +160,11 @@ TEST(ReglagesPD3A, ResistanceEtSonPas) {
     EXPECT_EQ(e.Rreg_HT, 0.0F);
 }
 
-// The example line computed as the working window opens it.
-struct EtudePD3A : ::testing::Test {
-    EtudePD3A() {
-        InscrireRelais();
-        InitRegistre(e);
-        PreparerOuverture(e);
-        LireFichierEtude(TOURNESOL_EXEMPLES "/champagnier-grande-ile-225kV.json", e);
-        options.Choisir(e.TypeReportCharge);
-        InitEtude(e, d, options);
-    }
-    Etude e;
-    OptionsReport options;
-    DialogueSansFenetre d;
+// The example line computed as the working window opens it, and the PD3A's panel on it.
+struct EtudePD3A : EtudeEtPanneau<PanneauPD3A> {
+    EtudePD3A() { Charger("champagnier-grande-ile-225kV.json"); }
 };
+using PanneauDuPD3A = EtudePD3A;
 
 TEST_F(EtudePD3A, LaResistanceDeRetourLaissePlaceALaCharge) {
     ASSERT_EQ(e.ErrCalcul, 0);
@@ -260,20 +241,15 @@ TEST(DiagnosticsPD3A, ChaqueRegleSePoseEtSEfface) {
         Etude e = Conforme();
         c.changer(e);
         CalculDiagPD3A(e);
-        EXPECT_TRUE(RegleActive(e, c.regle)) << c.regle;
-        EXPECT_NEAR(ValeurRegle(e, c.regle), c.limite, 1e-6) << c.regle;
+        SCOPED_TRACE(c.regle);
         // The backward pick up beyond the close transformers is beyond them with its band too.
-        for (int n = 15; n <= 21; ++n) {
-            if (n != c.regle && !(c.regle == 18 && n == 19)) {
-                EXPECT_FALSE(RegleActive(e, n)) << c.regle << " sets " << n;
-            }
-        }
+        Regles(e, 15, 21, c.regle == 18 ? std::vector<int>{18, 19} : std::vector<int>{c.regle});
+        EXPECT_NEAR(ValeurRegle(e, c.regle), c.limite, 1e-6);
         // Computed again on conforming settings, the rule clears.
         Etude remis = Conforme();
         remis.DiagDrapeaux = e.DiagDrapeaux;
         CalculDiagPD3A(remis);
-        for (int n = 15; n <= 21; ++n)
-            EXPECT_FALSE(RegleActive(remis, n)) << c.regle << " stays " << n;
+        Regles(remis, 15, 21, {});
     }
 }
 
@@ -356,7 +332,6 @@ TEST(CaracteristiquePD3A, ParallelogrammesParCasDeReport) {
 }
 
 TEST(MagasinPD3A, LaListeRevientAvecSesTypes) {
-    InscrireRelais();
     Etude e;
     e.id_protection = ID_PD3A;
     e.id_reglage = 7;
@@ -371,17 +346,10 @@ TEST(MagasinPD3A, LaListeRevientAvecSesTypes) {
     e.Is = 5.0F;
     e.PD3A.Type6562 = true;
     MagasinMemoire m;
-    ASSERT_TRUE(EcrireReglagesRelais(e, m));
-    EXPECT_EQ(m.Taille(), 31u);
+    const Etude relue = AllerRetour(e, m, 31);
     EXPECT_EQ(std::get<float>(m.LireValeur(7, 8)), 22.0F);
     EXPECT_EQ(std::get<std::int16_t>(m.LireValeur(7, 10)), -1);
     EXPECT_EQ(std::get<float>(m.LireValeur(7, 29)), 5.0F);
-
-    Etude relue;
-    relue.id_protection = ID_PD3A;
-    relue.id_reglage = 7;
-    ASSERT_TRUE(LireReglagesRelais(relue, m));
-    EXPECT_FALSE(relue.FinTR);
     EXPECT_EQ(relue.X1_HT, 24.3);
     EXPECT_EQ(relue.X3reg_HT, 55.4);
     EXPECT_TRUE(relue.Pompage);
@@ -392,24 +360,8 @@ TEST(MagasinPD3A, LaListeRevientAvecSesTypes) {
     EXPECT_FALSE(relue.PD3A.Type6062);
 }
 
-// The panel on the example line.
-struct PanneauDuPD3A : EtudePD3A {
-    PanneauPD3A& Ouvrir(bool retour) {
-        e.PanneauRelais = retour;
-        p = std::make_unique<PanneauPD3A>(e, d);
-        p->Ouvrir();
-        return *p;
-    }
-    void Saisir(const std::string& champ, const std::string& texte) {
-        p->Entrer(champ);
-        p->Trouver(champ)->DefinirTexte(texte);
-        p->Quitter(champ);
-    }
-    std::unique_ptr<PanneauPD3A> p;
-};
-
 TEST_F(PanneauDuPD3A, UneReactanceSaisieEstRameneeALaRoue) {
-    Ouvrir(false);
+    Panneau(false);
     ASSERT_EQ(e.ErrCalcul, 0);
     EXPECT_TRUE(p->Trouver("chktype1")->Valeur);
     EXPECT_EQ(p->Trouver("txtk1")->Texte(), "8");
@@ -430,7 +382,7 @@ TEST_F(PanneauDuPD3A, UneReactanceSaisieEstRameneeALaRoue) {
 }
 
 TEST_F(PanneauDuPD3A, LeChangementDeVarianteRecalculeLesZones) {
-    Ouvrir(false);
+    Panneau(false);
     p->Trouver("chktype2")->Valeur = true;
     p->Cliquer("chktype2");
     EXPECT_TRUE(e.PD3A.Type6562);
@@ -443,7 +395,7 @@ TEST_F(PanneauDuPD3A, LeChangementDeVarianteRecalculeLesZones) {
 TEST_F(PanneauDuPD3A, UneLiaisonDeCentraleAvertitAChaqueFeuille) {
     e.Ligne_alim = 1;
     e.R_HT = 30.0;
-    Ouvrir(true);
+    Panneau(true);
     p->ChoixOnglet(1);
     p->ChoixOnglet(2);
     int avis = 0;
@@ -457,7 +409,7 @@ TEST_F(PanneauDuPD3A, UneLiaisonDeCentraleAvertitAChaqueFeuille) {
 
 TEST_F(PanneauDuPD3A, EnRetourLeHorsPompageResteCeluiDeLEtude) {
     e.Pompage = true;
-    Ouvrir(true);
+    Panneau(true);
     EXPECT_TRUE(p->Trouver("chkPompage")->Valeur);
     p->ChoixOnglet(1); // each sheet's computation keeps it
     p->ChoixOnglet(0);
@@ -468,7 +420,7 @@ TEST_F(PanneauDuPD3A, EnRetourLeHorsPompageResteCeluiDeLEtude) {
 }
 
 TEST_F(PanneauDuPD3A, OkEnRetourCadreLePlanSurLesZones) {
-    Ouvrir(true);
+    Panneau(true);
     p->ValiderBouton();
     ASSERT_EQ(e.ErrCalcul, 0);
     EXPECT_NEAR(e.ScaleTop, DemiLargeurPD3A(e), 1e-4);
