@@ -3,25 +3,14 @@
 // steps, the circle kept clear of the load, the rules of the setting guide, the
 // circle and its chords on the plane, the stored list and the panel on the
 // three-ended example line.
-#include "core/Dialogue.h"
-#include "core/Etude.h"
-#include "core/FichierEtude.h"
-#include "core/Magasin.h"
-#include "core/Numerique.h"
-#include "core/Registre.h"
-#include "diagnostics/Diagnostics.h"
+#include "EtudeRelais.h"
 #include "network/Transit.h"
-#include "relays/Relais.h"
 #include "relays/pd3a/CalculPD3A.h"
 #include "relays/pds/CalculPDS.h"
 #include "relays/pds/PanneauPDS.h"
 #include "relays/pds/TracePDS.h"
-#include "shell/Ouverture.h"
 
-#include <cmath>
 #include <functional>
-#include <gtest/gtest.h>
-#include <memory>
 
 using namespace tournesol;
 
@@ -121,20 +110,11 @@ TEST(PrisesPDS, ZonesCercleAngleEtTemporisations) {
     EXPECT_EQ(e.T4, 9900);
 }
 
-// The three-ended example line computed as the working window opens it.
-struct EtudePDS : ::testing::Test {
-    EtudePDS() {
-        InscrireRelais();
-        InitRegistre(e);
-        PreparerOuverture(e);
-        LireFichierEtude(TOURNESOL_EXEMPLES "/beaurepaire-montmeyran-laroche-90kV-3bouts.json", e);
-        options.Choisir(e.TypeReportCharge);
-        InitEtude(e, d, options);
-    }
-    Etude e;
-    OptionsReport options;
-    DialogueSansFenetre d;
+// The three-ended example line computed as the working window opens it, and the PDS's panel.
+struct EtudePDS : EtudeEtPanneau<PanneauPDS> {
+    EtudePDS() { Charger("beaurepaire-montmeyran-laroche-90kV-3bouts.json"); }
 };
+using PanneauDuPDS = EtudePDS;
 
 // The circle through a forward and a backward reach along teta leaves every
 // load point of the case in force, with its margin, outside or on it.
@@ -221,17 +201,13 @@ TEST(DiagnosticsPDS, ChaqueRegleSePoseEtSEfface) {
         Etude e = Conforme();
         c.changer(e);
         CalculDiagPDS(e);
-        EXPECT_TRUE(RegleActive(e, c.regle)) << c.regle;
-        EXPECT_NEAR(ValeurRegle(e, c.regle), c.limite, 1e-6) << c.regle;
-        for (int n = 22; n <= 25; ++n)
-            if (n != c.regle) {
-                EXPECT_FALSE(RegleActive(e, n)) << c.regle << " sets " << n;
-            }
+        SCOPED_TRACE(c.regle);
+        Regles(e, 22, 25, {c.regle});
+        EXPECT_NEAR(ValeurRegle(e, c.regle), c.limite, 1e-6);
         Etude remis = Conforme();
         remis.DiagDrapeaux = e.DiagDrapeaux;
         CalculDiagPDS(remis);
-        for (int n = 22; n <= 25; ++n)
-            EXPECT_FALSE(RegleActive(remis, n)) << c.regle << " stays " << n;
+        Regles(remis, 22, 25, {});
     }
     // The circle's reaches lie along its angle: at 30 degrees of line, half of a
     // forward reach of 46 is 23, short of the forward limit.
@@ -283,7 +259,6 @@ TEST(CaracteristiquePDS, CercleDecaleEtCordesDesZones) {
 }
 
 TEST(MagasinPDS, LaListeRevientAvecSesTypes) {
-    InscrireRelais();
     Etude e;
     e.id_protection = ID_PDS;
     e.id_reglage = 5;
@@ -297,13 +272,7 @@ TEST(MagasinPDS, LaListeRevientAvecSesTypes) {
     e.Verrouillage = true;
     e.Is = 1.0F;
     MagasinMemoire m;
-    ASSERT_TRUE(EcrireReglagesRelais(e, m));
-    EXPECT_EQ(m.Taille(), 24u);
-    Etude relue;
-    relue.id_protection = ID_PDS;
-    relue.id_reglage = 5;
-    ASSERT_TRUE(LireReglagesRelais(relue, m));
-    EXPECT_FALSE(relue.FinTR);
+    const Etude relue = AllerRetour(e, m, 24);
     EXPECT_EQ(relue.X1_HT, 9.5);
     EXPECT_EQ(relue.X3reg_HT, 41.25);
     EXPECT_EQ(relue.X4reg_HT, 8.25);
@@ -315,23 +284,8 @@ TEST(MagasinPDS, LaListeRevientAvecSesTypes) {
     EXPECT_EQ(relue.Is, 1.0F);
 }
 
-struct PanneauDuPDS : EtudePDS {
-    PanneauPDS& Ouvrir(bool retour) {
-        e.PanneauRelais = retour;
-        p = std::make_unique<PanneauPDS>(e, d);
-        p->Ouvrir();
-        return *p;
-    }
-    void Saisir(const std::string& champ, const std::string& texte) {
-        p->Entrer(champ);
-        p->Trouver(champ)->DefinirTexte(texte);
-        p->Quitter(champ);
-    }
-    std::unique_ptr<PanneauPDS> p;
-};
-
 TEST_F(PanneauDuPDS, LesSaisiesSontRameneesAuxPrises) {
-    Ouvrir(true);
+    Panneau(true);
     ASSERT_EQ(e.ErrCalcul, 0);
     ASSERT_EQ(e.Is, 1.0F); // ranges of 5 to 160 ohms
     Saisir("txtX1_bt", "12.3");
@@ -352,7 +306,7 @@ TEST_F(PanneauDuPDS, LesSaisiesSontRameneesAuxPrises) {
 
 TEST_F(PanneauDuPDS, UneLiaisonDeCentraleAvertitAChaqueFeuille) {
     e.Ligne_alim = 2;
-    Ouvrir(true);
+    Panneau(true);
     p->ChoixOnglet(1);
     p->ChoixOnglet(2);
     int avis = 0;
