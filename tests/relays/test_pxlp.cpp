@@ -1,21 +1,11 @@
 // The PXLP, worked out by hand: its rules of the setting guide (35 to 43), its characteristic
 // and plane, its stored list, and its panel on the example line.
-#include "core/Dialogue.h"
-#include "core/Etude.h"
-#include "core/FichierEtude.h"
-#include "core/Magasin.h"
-#include "core/Registre.h"
-#include "diagnostics/Diagnostics.h"
+#include "EtudeRelais.h"
 #include "relays/FamillePXL.h"
-#include "relays/Relais.h"
 #include "relays/pxlp/CalculPXLP.h"
 #include "relays/pxlp/PanneauPXLP.h"
-#include "shell/Ouverture.h"
 
-#include <algorithm>
-#include <cmath>
 #include <functional>
-#include <gtest/gtest.h>
 
 using namespace tournesol;
 
@@ -84,17 +74,14 @@ TEST(DiagnosticsPXLP, ChaqueRegleSePoseEtSEfface) {
          50.0 / 1.15},
     };
     for (const Cas& c : cas) {
+        SCOPED_TRACE(c.nom);
         Etude e = Conforme();
         CalculDiagPXLP(e);
-        for (int n = 35; n <= 43; ++n)
-            EXPECT_FALSE(RegleActive(e, n)) << "agreeing settings, rule " << n;
+        Regles(e, 35, 43, {});
         c.changer(e);
         CalculDiagPXLP(e);
-        for (int n = 35; n <= 43; ++n) {
-            const bool attendue = std::find(c.regles.begin(), c.regles.end(), n) != c.regles.end();
-            EXPECT_EQ(RegleActive(e, n), attendue) << c.nom << ", rule " << n;
-        }
-        EXPECT_NEAR(ValeurRegle(e, c.regles.front()), c.limite, 1e-5) << c.nom;
+        Regles(e, 35, 43, c.regles);
+        EXPECT_NEAR(ValeurRegle(e, c.regles.front()), c.limite, 1e-5);
         // Back to agreeing settings: the rules clear.
         const Etude conforme = Conforme();
         e.PXLP = conforme.PXLP;
@@ -102,8 +89,7 @@ TEST(DiagnosticsPXLP, ChaqueRegleSePoseEtSEfface) {
         e.Ligne_XAM = conforme.Ligne_XAM;
         e.Ligne_X1PB = conforme.Ligne_X1PB;
         CalculDiagPXLP(e);
-        for (int n = 35; n <= 43; ++n)
-            EXPECT_FALSE(RegleActive(e, n)) << c.nom << " cleared, rule " << n;
+        Regles(e, 35, 43, {});
     }
     // The coordination with the remote relay is a long line's only.
     Etude courte = Conforme();
@@ -151,7 +137,6 @@ TEST(CaracteristiquePXLP, ParallelogrammesZonesEtPlan) {
 }
 
 TEST(MagasinPXLP, LaListeRevientAvecSesTypes) {
-    InscrireRelais();
     Etude e;
     e.id_protection = ID_PXLP;
     e.id_reglage = 4;
@@ -165,20 +150,13 @@ TEST(MagasinPXLP, LaListeRevientAvecSesTypes) {
     e.PXLP.Signal = 1;
     e.Is = 5.0F;
     MagasinMemoire m;
-    ASSERT_TRUE(EcrireReglagesRelais(e, m));
-    EXPECT_EQ(m.Taille(), 34u);
+    const Etude relue = AllerRetour(e, m, 34);
     EXPECT_EQ(std::get<double>(m.LireValeur(4, 0)), 4.5);
     EXPECT_EQ(std::get<std::int16_t>(m.LireValeur(4, 3)), 3);
     EXPECT_EQ(std::get<double>(m.LireValeur(4, 16)), 60.0); // the backward reach
     EXPECT_EQ(std::get<std::int16_t>(m.LireValeur(4, 19)), 250);
     EXPECT_EQ(std::get<float>(m.LireValeur(4, 33)), 5.0F); // Is, last
 
-    Etude relue;
-    relue.id_protection = ID_PXLP;
-    relue.id_reglage = 4;
-    relue.Kz = 2.0;
-    ASSERT_TRUE(LireReglagesRelais(relue, m));
-    EXPECT_FALSE(relue.FinTR);
     EXPECT_EQ(relue.PXLP.ZonesBloquees, 3);
     EXPECT_EQ(relue.T2, 250);
     EXPECT_TRUE(relue.PXLP.Maitre);
@@ -188,37 +166,13 @@ TEST(MagasinPXLP, LaListeRevientAvecSesTypes) {
 }
 
 // The panel on the example line.
-struct PanneauDuPXLP : ::testing::Test {
-    PanneauDuPXLP() {
-        InscrireRelais();
-        InitRegistre(e);
-        PreparerOuverture(e);
-        LireFichierEtude(
-            std::string(TOURNESOL_EXEMPLES "/") + "champagnier-grande-ile-225kV-pxlp.json", e);
-        options.Choisir(e.TypeReportCharge);
-        InitEtude(e, d, options);
-    }
-    PanneauPXLP& Ouvrir(bool retour) {
-        e.PanneauRelais = retour;
-        p = std::make_unique<PanneauPXLP>(e, scripte);
-        p->Ouvrir();
-        return *p;
-    }
-    static void Saisir(Panneau& p, const std::string& champ, const std::string& texte) {
-        p.Entrer(champ);
-        p.Trouver(champ)->DefinirTexte(texte);
-        p.Quitter(champ);
-    }
-    Etude e;
-    OptionsReport options;
-    DialogueSansFenetre d;
-    DialogueScripte scripte;
-    std::unique_ptr<PanneauPXLP> p;
+struct PanneauDuPXLP : EtudeEtPanneau<PanneauPXLP, DialogueScripte> {
+    PanneauDuPXLP() { Charger("champagnier-grande-ile-225kV-pxlp.json"); }
 };
 
 TEST_F(PanneauDuPXLP, LeRetourCalculeLaFamilleEtLesChampsSontBornes) {
     ASSERT_EQ(e.ErrCalcul, 0);
-    Ouvrir(true);
+    Panneau(true);
     ASSERT_EQ(e.ErrCalcul, 0);
     const RelaisPXLP& r = e.PXLP;
     // The family's defaults and rules: the band from the slip, Rmor twice Rmoc within 200.
@@ -232,16 +186,16 @@ TEST_F(PanneauDuPXLP, LeRetourCalculeLaFamilleEtLesChampsSontBornes) {
     EXPECT_EQ(p->Trouver("txtInerr"), nullptr);
     // A band below 0.2 becomes 0.2; the resistances follow and the remark comes up.
     EXPECT_FALSE(p->Trouver("lblRemarque")->Visible);
-    Saisir(*p, "txt_deltar", "0,1");
+    Saisir("txt_deltar", "0,1");
     EXPECT_DOUBLE_EQ(r.deltaR_BT, 0.2);
     EXPECT_TRUE(p->Trouver("lblRemarque")->Visible);
     EXPECT_EQ(p->Trouver("lbl_Rmoc_HT")->Texte(),
               "(" + p->Trouver("txt_Rmoc_HT")->Texte() + " ohm HT)");
     // A resistance beyond 200 takes 200.
-    Saisir(*p, "txt_rmor_bt", "240");
+    Saisir("txt_rmor_bt", "240");
     EXPECT_EQ(r.Rmor_BT, 200.0);
     // The first zone's percentage gives R/X at once.
-    Saisir(*p, "txtX(0)", "50");
+    Saisir("txtX(0)", "50");
     EXPECT_NEAR(r.RsurX, r.Rmoc_HT / (0.5 * e.XL_eq), 1e-12);
 }
 
