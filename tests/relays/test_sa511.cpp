@@ -405,6 +405,11 @@ TEST(DiagnosticsSA511, ChaqueRegleSePoseEtSEfface) {
     e.Ligne_X1PB = 20.0F; // T = 26 - 21.2 = 4.8 < 5
     CalculDiagSA511(e);
     EXPECT_FALSE(RegleActive(e, 6));
+    // Nor does a short line, however far the remote first zone reaches.
+    e.Ligne_lc = false;
+    e.Ligne_X1PB = 50.0F;
+    CalculDiagSA511(e);
+    EXPECT_FALSE(RegleActive(e, 6));
 }
 
 TEST(MagasinSA511, LaListeRevientAvecSesTypesEtSesPositions) {
