@@ -253,24 +253,6 @@ TEST(DiagnosticsPD3A, ChaqueRegleSePoseEtSEfface) {
     }
 }
 
-TEST(DiagnosticsPD3A, LaRegle18ImprimeLaLimiteDeLa17) {
-    InscrireRelais();
-    Etude e;
-    e.id_protection = ID_PD3A;
-    e.X3reg_HT = 100.0;
-    e.X4reg_HT = 50.0;
-    e.Ligne_XAV = 10.0;
-    e.Ligne_XAM = 10.0;
-    e.XL_eq = 10.0;
-    CalculDiagPD3A(e);
-    ASSERT_TRUE(RegleActive(e, 17));
-    ASSERT_TRUE(RegleActive(e, 18));
-    const auto regle = RegleRapport(e, 18);
-    ASSERT_TRUE(regle);
-    EXPECT_EQ(regle->Valeur, "14.78"); // (8 + 9) / 1.15, not 8 / 1.15
-    EXPECT_EQ(regle->Lignes.back(), "It must not overcome:    ");
-}
-
 TEST(CaracteristiquePD3A, ParallelogrammesParCasDeReport) {
     Etude e;
     e.teta = 45.0F;
