@@ -4,6 +4,7 @@
 #pragma once
 
 #include "../printing/EtudeImprimee.h"
+#include "core/Complexe.h"
 #include "core/Dialogue.h"
 #include "core/Erreurs.h"
 #include "core/Etude.h"
@@ -26,6 +27,14 @@
 #include <vector>
 
 namespace tournesol {
+
+// The point `p` of the plane stands at (re, im), within `tol`.
+inline ::testing::AssertionResult Au(const Complexe& p, double re, double im, double tol = 1e-9) {
+    if (std::fabs(p.Re - re) <= tol && std::fabs(p.Im - im) <= tol)
+        return ::testing::AssertionSuccess();
+    return ::testing::AssertionFailure()
+           << "(" << p.Re << ", " << p.Im << ") instead of (" << re << ", " << im << ")";
+}
 
 // The example `fichier` read and computed as the working window opens it. With a relay given,
 // that relay is put on the line first, in mode "Return", and the computation must succeed; the

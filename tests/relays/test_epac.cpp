@@ -226,15 +226,11 @@ TEST(CaracteristiqueEPAC, ParallelogrammesEtBandeTouteAutour) {
     // The single-phase slots are empty in the three-phase case.
     EXPECT_EQ(s[1].A.Module + s[1].B.Module, 0.0);
     // Out of step: bottom right corner, then top right corner, the band on every side.
-    EXPECT_NEAR(s[5].A.Re, rt + 2.0 * k - 8.0, 1e-9);
-    EXPECT_NEAR(s[5].A.Im, -8.0, 1e-9);
-    EXPECT_NEAR(s[5].B.Re, rt + 2.0 * k + 23.0, 1e-9);
-    EXPECT_NEAR(s[5].B.Im, 23.0, 1e-9);
+    EXPECT_TRUE(Au(s[5].A, rt + 2.0 * k - 8.0, -8.0));
+    EXPECT_TRUE(Au(s[5].B, rt + 2.0 * k + 23.0, 23.0));
     // The three-phase parallelogram's top left corner, and the backward zone's limit.
-    EXPECT_NEAR(s[10].B.Re, -rt + 20.0, 1e-9);
-    EXPECT_NEAR(s[10].B.Im, 20.0, 1e-9);
-    EXPECT_NEAR(s[16].A.Re, rt - 5.0, 1e-9);
-    EXPECT_NEAR(s[16].A.Im, -5.0, 1e-9);
+    EXPECT_TRUE(Au(s[10].B, -rt + 20.0, 20.0));
+    EXPECT_TRUE(Au(s[16].A, rt - 5.0, -5.0));
     EXPECT_NEAR(s[0].A.Module, 100.0, 1e-9);
 
     // Single phase: Rm = Rreg CRm / CRcourant = 5, no out of step drawn.

@@ -275,8 +275,7 @@ TEST(CaracteristiquePD3A, ParallelogrammesParCasDeReport) {
     const double rt = 5.0 * (1.0 / std::sqrt(3.0) + 1.0);
     // The three phase parallelogram's top right corner, and the first zone's limit.
     EXPECT_EQ(s[10].Couleur, 0x00FF00);
-    EXPECT_NEAR(s[10].B.Re, rt + 20.0, 1e-9);
-    EXPECT_NEAR(s[10].B.Im, 20.0, 1e-9);
+    EXPECT_TRUE(Au(s[10].B, rt + 20.0, 20.0));
     EXPECT_EQ(s[14].Couleur, 0x0000FF);
     EXPECT_NEAR(s[14].A.Re, rt + 8.0, 1e-9);
     EXPECT_NEAR(s[14].B.Re, -rt + 8.0, 1e-9);
@@ -309,8 +308,7 @@ TEST(CaracteristiquePD3A, ParallelogrammesParCasDeReport) {
     e.TypeReportCharge = 1;
     s = SegmentsPD3A(e);
     ASSERT_EQ(s.size(), 14u);
-    EXPECT_NEAR(s[1].A.Re, 5.0 - 5.0, 1e-9);
-    EXPECT_NEAR(s[1].A.Im, -5.0, 1e-9);
+    EXPECT_TRUE(Au(s[1].A, 5.0 - 5.0, -5.0));
 }
 
 TEST(MagasinPD3A, LaListeRevientAvecSesTypes) {

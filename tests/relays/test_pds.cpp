@@ -243,8 +243,7 @@ TEST(CaracteristiquePDS, CercleDecaleEtCordesDesZones) {
     ASSERT_EQ(f.Arcs.size(), 1u);
     ASSERT_EQ(f.Segments.size(), 3u);
     // Centre at 8 along the angle, radius 12: through 20 forward and 4 backward.
-    EXPECT_NEAR(f.Arcs[0].Centre.Re, 0.0, 1e-9);
-    EXPECT_NEAR(f.Arcs[0].Centre.Im, 8.0, 1e-9);
+    EXPECT_TRUE(Au(f.Arcs[0].Centre, 0.0, 8.0));
     EXPECT_NEAR(f.Arcs[0].Debut.Im, 20.0, 1e-9);
     EXPECT_EQ(f.Arcs[0].Couleur, 0x00FF00);
     // The first zone cuts the circle at its widest: from 12 to -12.

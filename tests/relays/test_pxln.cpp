@@ -238,23 +238,17 @@ TEST(CaracteristiquePXLN, ParallelogrammesEtZones) {
     const std::vector<SegmentImage> s = SegmentsPXLN(e);
     ASSERT_EQ(s.size(), 12u);
     // The directional line: 100 ohms at -30 degrees, through the origin.
-    EXPECT_NEAR(s[0].A.Re, 100.0 * std::cos(PI / 6.0), 1e-9);
-    EXPECT_NEAR(s[0].A.Im, -50.0, 1e-9);
-    EXPECT_NEAR(s[0].B.Re, -100.0 * std::cos(PI / 6.0), 1e-9);
-    EXPECT_NEAR(s[0].B.Im, 50.0, 1e-9);
+    EXPECT_TRUE(Au(s[0].A, 100.0 * std::cos(PI / 6.0), -50.0));
+    EXPECT_TRUE(Au(s[0].B, -100.0 * std::cos(PI / 6.0), 50.0));
     // The pick-up: from (10 - 10 / 2, -10) to (10 + 30 / 2, 30), then across to (-10 + 15, 30).
-    EXPECT_NEAR(s[1].A.Re, 5.0, 1e-9);
-    EXPECT_NEAR(s[1].A.Im, -10.0, 1e-9);
-    EXPECT_NEAR(s[1].B.Re, 25.0, 1e-9);
-    EXPECT_NEAR(s[1].B.Im, 30.0, 1e-9);
+    EXPECT_TRUE(Au(s[1].A, 5.0, -10.0));
+    EXPECT_TRUE(Au(s[1].B, 25.0, 30.0));
     EXPECT_NEAR(s[2].B.Re, 5.0, 1e-9);
     EXPECT_NEAR(s[4].B.Re, s[1].A.Re, 1e-9); // closed
     EXPECT_EQ(s[1].Couleur, e.CouleurTriphase);
     // The out of step, 2 ohms wider on every side: (12 + (-12) / 2, -12) and (12 + 32 / 2, 32).
-    EXPECT_NEAR(s[5].A.Re, 6.0, 1e-9);
-    EXPECT_NEAR(s[5].A.Im, -12.0, 1e-9);
-    EXPECT_NEAR(s[5].B.Re, 28.0, 1e-9);
-    EXPECT_NEAR(s[5].B.Im, 32.0, 1e-9);
+    EXPECT_TRUE(Au(s[5].A, 6.0, -12.0));
+    EXPECT_TRUE(Au(s[5].B, 28.0, 32.0));
     // Zone 2 at 24 ohms, dashed, from -10 + 12 to 10 + 12.
     EXPECT_NEAR(s[10].A.Re, 2.0, 1e-9);
     EXPECT_NEAR(s[10].B.Re, 22.0, 1e-9);

@@ -393,8 +393,7 @@ TEST(CaracteristiqueRAZOA, CercleOuLentilleParCasDeReport) {
     EXPECT_EQ(arcs[0].Couleur, 0x00FF00);
     EXPECT_NEAR(arcs[0].Centre.Module, (q * 10.0 - q * 5.0) / 2.0, 1e-9);
     EXPECT_NEAR(arcs[0].Centre.Argument, axe, 1e-9);
-    EXPECT_NEAR(arcs[0].Debut.Re, q * 10.0 * std::cos(axe), 1e-9);
-    EXPECT_NEAR(arcs[0].Debut.Im, q * 10.0 * std::sin(axe), 1e-9);
+    EXPECT_TRUE(Au(arcs[0].Debut, q * 10.0 * std::cos(axe), q * 10.0 * std::sin(axe)));
     EXPECT_NEAR(arcs[0].Fin.Re, arcs[0].Debut.Re, 1e-12);
     // Earth, report case 1: reaches 2 Zf CRm / Ceq and 2 Zr CRm / Ceq on teta.
     e.TypeReportCharge = 1;

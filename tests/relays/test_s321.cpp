@@ -231,8 +231,7 @@ TEST(S321, CerclesEtQuadrilateres) {
     // turned round.
     EXPECT_NEAR(f.Arcs[0].Centre.Module, 5.0, 1e-12);
     EXPECT_NEAR(f.Arcs[0].Debut.Module, 10.0, 1e-12);
-    EXPECT_NEAR(f.Arcs[2].Centre.Re, -2.0 * std::cos(e.PHI_eq), 1e-12);
-    EXPECT_NEAR(f.Arcs[2].Centre.Im, -2.0 * std::sin(e.PHI_eq), 1e-12);
+    EXPECT_TRUE(Au(f.Arcs[2].Centre, -2.0 * std::cos(e.PHI_eq), -2.0 * std::sin(e.PHI_eq), 1e-12));
     EXPECT_EQ(f.Arcs[3].Couleur, e.CouleurTriphase);
     for (const SegmentImage& s : f.Segments)
         EXPECT_TRUE(EmplacementVide(s)); // no out of step

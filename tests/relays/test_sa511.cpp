@@ -103,28 +103,22 @@ TEST(CaracteristiqueSA511, PolygonesDirectionnelEtZones) {
     // The pick-up in primary ohms: its top from (-20, 40) to (20, 40).
     EXPECT_EQ(s[0].Couleur, 0x00FF00);
     EXPECT_NEAR(s[0].A.Re, -20.0, 1e-9);
-    EXPECT_NEAR(s[0].B.Re, 20.0, 1e-9);
-    EXPECT_NEAR(s[0].B.Im, 40.0, 1e-9);
+    EXPECT_TRUE(Au(s[0].B, 20.0, 40.0));
     // The band 3 ohms outside it.
     EXPECT_EQ(s[12].Couleur, 0xFF0000);
-    EXPECT_NEAR(s[12].B.Re, 23.0, 1e-9);
-    EXPECT_NEAR(s[12].B.Im, 43.0, 1e-9);
+    EXPECT_TRUE(Au(s[12].B, 23.0, 43.0));
     // The directional line through the origin at -45 degrees, of radius R2E Kz / cos 45.
     const SegmentImage& dir = s[24];
     EXPECT_EQ(dir.Couleur, 0x00FFFF);
     EXPECT_EQ(dir.Style, 1);
-    EXPECT_NEAR(dir.A.Re, -12.0, 1e-9);
-    EXPECT_NEAR(dir.A.Im, 12.0, 1e-9);
-    EXPECT_NEAR(dir.B.Re, 12.0, 1e-9);
-    EXPECT_NEAR(dir.B.Im, -12.0, 1e-9);
+    EXPECT_TRUE(Au(dir.A, -12.0, 12.0));
+    EXPECT_TRUE(Au(dir.B, 12.0, -12.0));
     // The first zone: its reach at 8 from -8 (8 / tan 45) to R1E Kz = 6, its resistive side
     // from (6, -6) up to (6, 8).
     EXPECT_EQ(s[25].Style, 2);
     EXPECT_NEAR(s[25].A.Re, -8.0, 1e-9);
-    EXPECT_NEAR(s[25].B.Re, 6.0, 1e-9);
-    EXPECT_NEAR(s[25].B.Im, 8.0, 1e-9);
-    EXPECT_NEAR(s[26].A.Re, 6.0, 1e-9);
-    EXPECT_NEAR(s[26].A.Im, -6.0, 1e-9);
+    EXPECT_TRUE(Au(s[25].B, 6.0, 8.0));
+    EXPECT_TRUE(Au(s[26].A, 6.0, -6.0));
     // The second zone's reach at 16.
     EXPECT_NEAR(s[27].A.Im, 16.0, 1e-9);
     EXPECT_NEAR(s[28].B.Re, 12.0, 1e-9);
