@@ -17,39 +17,36 @@ using namespace tournesol;
 namespace {
 
 TEST(PrisesPDS, LaPlusPetiteGammeEtLePourcentage) {
-    // 5 A: ranges 1, 2, 4, 8, 16, 32 ohms.
-    double x = 3.03;
-    Prise p = PrisePDS(x, 1.0, true);
-    EXPECT_EQ(p.Base, 4.0);
-    EXPECT_EQ(p.Pct, 75);
-    EXPECT_NEAR(p.Reglage(), 3.0, 1e-12);
-    x = 3.03;
-    p = PrisePDS(x, 1.0, false);
-    EXPECT_EQ(p.Pct, 76);
-    EXPECT_NEAR(p.Reglage(), 3.04, 1e-12);
-    // A reach equal to a range is its whole range, not the next one at half.
-    x = 4.0;
-    p = PrisePDS(x, 1.0, true);
-    EXPECT_EQ(p.Base, 4.0);
-    EXPECT_EQ(p.Pct, 100);
-    // Beyond the relay's range: 40 % of the first range, the whole of the last.
-    x = 0.1;
-    p = PrisePDS(x, 1.0, true);
-    EXPECT_EQ(x, 0.4);
-    EXPECT_EQ(p.Base, 1.0);
-    EXPECT_EQ(p.Pct, 40);
-    x = 40.0;
-    p = PrisePDS(x, 1.0, false);
-    EXPECT_EQ(x, 32.0);
-    EXPECT_EQ(p.Pct, 100);
-    // 1 A: five times higher.
-    x = 12.3;
-    p = PrisePDS(x, 5.0, true);
-    EXPECT_EQ(p.Base, 20.0);
-    EXPECT_EQ(p.Pct, 61);
-    EXPECT_NEAR(p.Reglage(), 12.2, 1e-12);
+    struct Cas {
+        double x, facteur; // the reach, and 1 at 5 A or 5 at 1 A
+        bool dessous;      // rounded down, or up
+        double limitee, base;
+        int pct;
+        double reglage;
+    };
+    const Cas cas[] = {
+        // 5 A: ranges 1, 2, 4, 8, 16, 32 ohms.
+        {3.03, 1.0, true, 3.03, 4.0, 75, 3.0},
+        {3.03, 1.0, false, 3.03, 4.0, 76, 3.04},
+        // A reach equal to a range is its whole range, not the next one at half.
+        {4.0, 1.0, true, 4.0, 4.0, 100, 4.0},
+        // Beyond the relay's range: 40 % of the first range, the whole of the last.
+        {0.1, 1.0, true, 0.4, 1.0, 40, 0.4},
+        {40.0, 1.0, false, 32.0, 32.0, 100, 32.0},
+        // 1 A: five times higher.
+        {12.3, 5.0, true, 12.3, 20.0, 61, 12.2},
+    };
+    for (const Cas& c : cas) {
+        SCOPED_TRACE(testing::Message() << c.x << (c.dessous ? " down" : " up"));
+        double x = c.x;
+        const Prise p = PrisePDS(x, c.facteur, c.dessous);
+        EXPECT_EQ(x, c.limitee);
+        EXPECT_EQ(p.Base, c.base);
+        EXPECT_EQ(p.Pct, c.pct);
+        EXPECT_NEAR(p.Reglage(), c.reglage, 1e-12);
+    }
     // A reach that is no number is a computation failure.
-    x = std::nan("");
+    double x = std::nan("");
     EXPECT_ANY_THROW(PrisePDS(x, 1.0, true));
 }
 
