@@ -50,14 +50,10 @@ TEST(PasREL100, LesReactancesEtLaResistanceSuiventLeCourantNominal) {
 TEST(CaracteristiqueREL100, QuadrilatereZonePompageDirectionnelEtZones) {
     const double t = std::tan(DegToRad(60.0));
     const auto q = Quadrilatere(10.0, 40.0, 15.0, DegToRad(60.0));
-    const double attendus[4][2] = {{10.0 - 15.0 / t, -15.0},
-                                   {10.0 + 40.0 / t, 40.0},
-                                   {-10.0 + 40.0 / t, 40.0},
-                                   {-10.0 - 15.0 / t, -15.0}};
-    for (std::size_t i = 0; i < 4; ++i) {
-        EXPECT_NEAR(q[i].Re, attendus[i][0], 1e-9) << i;
-        EXPECT_NEAR(q[i].Im, attendus[i][1], 1e-9) << i;
-    }
+    EXPECT_TRUE(Au(q[0], 10.0 - 15.0 / t, -15.0));
+    EXPECT_TRUE(Au(q[1], 10.0 + 40.0 / t, 40.0));
+    EXPECT_TRUE(Au(q[2], -10.0 + 40.0 / t, 40.0));
+    EXPECT_TRUE(Au(q[3], -10.0 - 15.0 / t, -15.0));
 
     Etude e;
     e.teta = 60.0F;
