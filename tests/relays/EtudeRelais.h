@@ -21,6 +21,7 @@
 
 #include <algorithm>
 #include <cmath>
+#include <functional>
 #include <gtest/gtest.h>
 #include <memory>
 #include <string>
@@ -108,6 +109,33 @@ inline void Regles(const Etude& e, int premiere, int derniere, const std::vector
     for (int n = premiere; n <= derniere; ++n) {
         const bool attendue = std::find(posees.begin(), posees.end(), n) != posees.end();
         EXPECT_EQ(RegleActive(e, n), attendue) << "rule " << n;
+    }
+}
+
+// One case of a relay's rules: what it changes in settings that agree with the guide, and the
+// rules that change sets, the first of them with the limit given.
+struct CasRegles {
+    std::vector<int> regles;
+    std::function<void(Etude&)> changer;
+    double limite;
+};
+
+// Each case, computed by `calculer` on the settings `conforme` gives, sets exactly its rules
+// among `premiere` to `derniere`, the first with its limit within `tol`; computed again on
+// agreeing settings, with the flags the case left, every rule clears.
+inline void ReglesPoseesEtEffacees(Etude (*conforme)(), void (*calculer)(Etude&), int premiere,
+                                   int derniere, const std::vector<CasRegles>& cas, double tol) {
+    for (const CasRegles& c : cas) {
+        SCOPED_TRACE(c.regles.front());
+        Etude e = conforme();
+        c.changer(e);
+        calculer(e);
+        Regles(e, premiere, derniere, c.regles);
+        EXPECT_NEAR(ValeurRegle(e, c.regles.front()), c.limite, tol);
+        Etude remis = conforme();
+        remis.DiagDrapeaux = e.DiagDrapeaux;
+        calculer(remis);
+        Regles(remis, premiere, derniere, {});
     }
 }
 

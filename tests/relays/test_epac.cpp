@@ -154,45 +154,29 @@ Etude Conforme() {
 }
 
 TEST(DiagnosticsEPAC, ChaqueRegleSePoseEtSEfface) {
-    struct Cas {
-        int regle;
-        std::function<void(Etude&)> changer;
-        double limite;
-    };
     // Forward limit (0.8 x 40 + 0.9 x 20) / 1.15 = 43.48, backward 32 / 1.15 = 27.83. Each
     // sets its rule alone: without out of step, the reaches beyond the limits leave the
     // out-of-step rules 9 and 11 down.
-    const std::vector<Cas> cas{
-        {7, [](Etude& e) { e.X3reg_HT = 11.9; }, 12.0},
-        {8, [](Etude& e) { e.X3reg_HT = 44.0; }, 50.0 / 1.15},
-        {9,
+    const std::vector<CasRegles> cas{
+        {{7}, [](Etude& e) { e.X3reg_HT = 11.9; }, 12.0},
+        {{8}, [](Etude& e) { e.X3reg_HT = 44.0; }, 50.0 / 1.15},
+        {{9},
          [](Etude& e) {
              e.Pompage = true;
              e.X3reg_HT = 30.0;
              e.EPAC.BandeX = 20.0F;
          },
          50.0 / 1.15},
-        {10, [](Etude& e) { e.Ligne_XAM = 4.0; }, 3.2 / 1.15},
-        {11,
+        {{10}, [](Etude& e) { e.Ligne_XAM = 4.0; }, 3.2 / 1.15},
+        {{11},
          [](Etude& e) {
              e.Pompage = true;
              e.EPAC.BandeX = 23.0F;
          },
          32.0 / 1.15},
-        {12, [](Etude& e) { e.Ligne_X1PB = 25.0F; }, 32.5 - 21.2},
+        {{12}, [](Etude& e) { e.Ligne_X1PB = 25.0F; }, 32.5 - 21.2},
     };
-    for (const Cas& c : cas) {
-        SCOPED_TRACE(c.regle);
-        Etude e = Conforme();
-        c.changer(e);
-        CalculDiagEPAC(e);
-        Regles(e, 7, 12, {c.regle});
-        EXPECT_NEAR(ValeurRegle(e, c.regle), c.limite, 1e-6);
-        Etude remis = Conforme();
-        remis.DiagDrapeaux = e.DiagDrapeaux;
-        CalculDiagEPAC(remis);
-        Regles(remis, 7, 12, {});
-    }
+    ReglesPoseesEtEffacees(Conforme, CalculDiagEPAC, 7, 12, cas, 1e-6);
     // The coordination with the remote relay holds only on a long line.
     Etude court = Conforme();
     court.Ligne_lc = false;

@@ -218,39 +218,22 @@ Etude Conforme() {
 }
 
 TEST(DiagnosticsPD3A, ChaqueRegleSePoseEtSEfface) {
-    struct Cas {
-        int regle;
-        std::function<void(Etude&)> changer;
-        double limite;
-    };
-    const std::vector<Cas> cas{
-        {15, [](Etude& e) { e.X3reg_HT = 11.0; }, 12.0},
-        {16,
+    const std::vector<CasRegles> cas{
+        {{15}, [](Etude& e) { e.X3reg_HT = 11.0; }, 12.0},
+        {{16},
          [](Etude& e) {
              e.Pompage = true;
              e.PD3A.BandeX = 15.0F;
          },
          15.0},
-        {17, [](Etude& e) { e.Ligne_XAV = 0.0; }, 18.0 / 1.15},
-        {18, [](Etude& e) { e.Ligne_XAM = 4.0; }, 3.2 / 1.15},
-        {19, [](Etude& e) { e.PD3A.BandeX = 25.0F; }, 32.0 / 1.15},
-        {20, [](Etude& e) { e.R_HT = 24.0; }, 32.0},
-        {21, [](Etude& e) { e.Ligne_X1PB = 25.0F; }, 32.5 - 21.2},
-    };
-    for (const Cas& c : cas) {
-        Etude e = Conforme();
-        c.changer(e);
-        CalculDiagPD3A(e);
-        SCOPED_TRACE(c.regle);
+        {{17}, [](Etude& e) { e.Ligne_XAV = 0.0; }, 18.0 / 1.15},
         // The backward pick up beyond the close transformers is beyond them with its band too.
-        Regles(e, 15, 21, c.regle == 18 ? std::vector<int>{18, 19} : std::vector<int>{c.regle});
-        EXPECT_NEAR(ValeurRegle(e, c.regle), c.limite, 1e-6);
-        // Computed again on conforming settings, the rule clears.
-        Etude remis = Conforme();
-        remis.DiagDrapeaux = e.DiagDrapeaux;
-        CalculDiagPD3A(remis);
-        Regles(remis, 15, 21, {});
-    }
+        {{18, 19}, [](Etude& e) { e.Ligne_XAM = 4.0; }, 3.2 / 1.15},
+        {{19}, [](Etude& e) { e.PD3A.BandeX = 25.0F; }, 32.0 / 1.15},
+        {{20}, [](Etude& e) { e.R_HT = 24.0; }, 32.0},
+        {{21}, [](Etude& e) { e.Ligne_X1PB = 25.0F; }, 32.5 - 21.2},
+    };
+    ReglesPoseesEtEffacees(Conforme, CalculDiagPD3A, 15, 21, cas, 1e-6);
 }
 
 TEST(CaracteristiquePD3A, ParallelogrammesParCasDeReport) {

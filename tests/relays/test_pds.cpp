@@ -183,29 +183,13 @@ Etude Conforme() {
 }
 
 TEST(DiagnosticsPDS, ChaqueRegleSePoseEtSEfface) {
-    struct Cas {
-        int regle;
-        std::function<void(Etude&)> changer;
-        double limite;
+    const std::vector<CasRegles> cas{
+        {{22}, [](Etude& e) { e.X3reg_HT = 11.9; }, 12.0},
+        {{23}, [](Etude& e) { e.X3reg_HT = 44.0; }, 50.0 / 1.15},
+        {{24}, [](Etude& e) { e.Ligne_XAM = 4.0; }, 3.2 / 1.15},
+        {{25}, [](Etude& e) { e.Ligne_X1PB = 25.0F; }, 32.5 - 21.2},
     };
-    const std::vector<Cas> cas{
-        {22, [](Etude& e) { e.X3reg_HT = 11.9; }, 12.0},
-        {23, [](Etude& e) { e.X3reg_HT = 44.0; }, 50.0 / 1.15},
-        {24, [](Etude& e) { e.Ligne_XAM = 4.0; }, 3.2 / 1.15},
-        {25, [](Etude& e) { e.Ligne_X1PB = 25.0F; }, 32.5 - 21.2},
-    };
-    for (const Cas& c : cas) {
-        Etude e = Conforme();
-        c.changer(e);
-        CalculDiagPDS(e);
-        SCOPED_TRACE(c.regle);
-        Regles(e, 22, 25, {c.regle});
-        EXPECT_NEAR(ValeurRegle(e, c.regle), c.limite, 1e-6);
-        Etude remis = Conforme();
-        remis.DiagDrapeaux = e.DiagDrapeaux;
-        CalculDiagPDS(remis);
-        Regles(remis, 22, 25, {});
-    }
+    ReglesPoseesEtEffacees(Conforme, CalculDiagPDS, 22, 25, cas, 1e-6);
     // The circle's reaches lie along its angle: at 30 degrees of line, half of a
     // forward reach of 46 is 23, short of the forward limit.
     Etude e = Conforme();

@@ -349,12 +349,7 @@ Etude Conforme() {
 }
 
 TEST(DiagnosticsSA511, ChaqueRegleSePoseEtSEfface) {
-    struct Cas {
-        std::vector<int> regles;
-        std::function<void(Etude&)> changer;
-        double limite; // of the first rule
-    };
-    const std::vector<Cas> cas{
+    const std::vector<CasRegles> cas{
         {{1}, [](Etude& e) { e.SA511.XV = 11.0; }, 12.0},
         // Without remote transformers the forward reach and its band pass the line.
         {{2, 3}, [](Etude& e) { e.Ligne_XAV = 0.0F; }, 18.0 / 1.15},
@@ -380,18 +375,7 @@ TEST(DiagnosticsSA511, ChaqueRegleSePoseEtSEfface) {
          },
          65.0 - 21.2},
     };
-    for (const Cas& c : cas) {
-        Etude e = Conforme();
-        c.changer(e);
-        CalculDiagSA511(e);
-        SCOPED_TRACE(c.regles[0]);
-        Regles(e, 1, 6, c.regles);
-        EXPECT_NEAR(ValeurRegle(e, c.regles[0]), c.limite, 1e-5) << c.regles[0];
-        Etude remis = Conforme();
-        remis.DiagDrapeaux = e.DiagDrapeaux;
-        CalculDiagSA511(remis);
-        Regles(remis, 1, 6, {});
-    }
+    ReglesPoseesEtEffacees(Conforme, CalculDiagSA511, 1, 6, cas, 1e-5);
     // The long line alone does not set rule 6 while the backward reach covers the remote first
     // zone.
     Etude e = Conforme();
