@@ -172,53 +172,21 @@ Etude Conforme() {
 }
 
 TEST(DiagnosticsPXLN, ChaqueRegleSePoseEtSEfface) {
-    struct Cas {
-        const char* nom;
-        std::function<void(Etude&)> changer;
-        std::vector<int> regles;
-        double limite; // of the first rule
+    const std::vector<CasRegles> cas{
+        // Third zone under 1.2 times the second.
+        {{44}, [](Etude& e) { e.PXLN.XPct[3] = 140.0; }, 28.8},
+        // Forward pick up beyond the remote transformers.
+        {{45, 46}, [](Etude& e) { e.Ligne_XAV = 5.0F; }, 22.0 / 1.15},
+        // External out of step alone beyond them.
+        {{46}, [](Etude& e) { e.Ligne_XAV = 21.875F; }, 35.5 / 1.15},
+        // Backward pick up beyond the close transformers.
+        {{47, 48}, [](Etude& e) { e.Ligne_XAM = 10.0F; }, 8.0 / 1.15},
+        // Backward out of step alone.
+        {{48}, [](Etude& e) { e.Ligne_XAM = 15.0F; }, 12.0 / 1.15},
+        // The remote first zone beyond the backward zone.
+        {{49}, [](Etude& e) { e.Ligne_X1PB = 30.0F; }, 39.0 - 21.2},
     };
-    const std::vector<Cas> cas{
-        {"third zone under 1.2 times the second",
-         [](Etude& e) { e.PXLN.XPct[3] = 140.0; },
-         {44},
-         28.8},
-        {"forward pick up beyond the remote transformers",
-         [](Etude& e) { e.Ligne_XAV = 5.0F; },
-         {45, 46},
-         22.0 / 1.15},
-        {"external out of step alone beyond them",
-         [](Etude& e) { e.Ligne_XAV = 21.875F; },
-         {46},
-         35.5 / 1.15},
-        {"backward pick up beyond the close transformers",
-         [](Etude& e) { e.Ligne_XAM = 10.0F; },
-         {47, 48},
-         8.0 / 1.15},
-        {"backward out of step alone", [](Etude& e) { e.Ligne_XAM = 15.0F; }, {48}, 12.0 / 1.15},
-        {"the remote first zone beyond the backward zone",
-         [](Etude& e) { e.Ligne_X1PB = 30.0F; },
-         {49},
-         39.0 - 21.2},
-    };
-    for (const Cas& c : cas) {
-        SCOPED_TRACE(c.nom);
-        Etude e = Conforme();
-        CalculDiagPXLN(e);
-        Regles(e, 44, 49, {});
-        c.changer(e);
-        CalculDiagPXLN(e);
-        Regles(e, 44, 49, c.regles);
-        EXPECT_NEAR(ValeurRegle(e, c.regles.front()), c.limite, 1e-5);
-        // Back to agreeing settings: the rule clears.
-        Etude conforme = Conforme();
-        e.PXLN.XPct = conforme.PXLN.XPct;
-        e.Ligne_XAV = conforme.Ligne_XAV;
-        e.Ligne_XAM = conforme.Ligne_XAM;
-        e.Ligne_X1PB = conforme.Ligne_X1PB;
-        CalculDiagPXLN(e);
-        Regles(e, 44, 49, {});
-    }
+    ReglesPoseesEtEffacees(Conforme, CalculDiagPXLN, 44, 49, cas, 1e-5);
     // The coordination with the remote relay is a long line's only.
     Etude courte = Conforme();
     courte.Ligne_lc = false;

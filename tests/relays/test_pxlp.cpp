@@ -29,68 +29,33 @@ Etude Conforme() {
 }
 
 TEST(DiagnosticsPXLP, ChaqueRegleSePoseEtSEfface) {
-    struct Cas {
-        const char* nom;
-        std::function<void(Etude&)> changer;
-        std::vector<int> regles;
-        double limite; // of the first rule
-    };
-    const std::vector<Cas> cas{
-        {"third zone under 1.2 times the second",
-         [](Etude& e) { e.PXLP.XPct[2] = 110.0; },
-         {35},
-         28.8},
-        {"third zone alone beyond the remote transformers",
-         [](Etude& e) { e.PXLP.XPct[2] = 230.0; },
-         {36},
-         50.0 / 1.15},
-        {"every forward reach beyond them",
-         [](Etude& e) { e.Ligne_XAV = 5.0F; },
-         {36, 37, 38, 42},
-         22.0 / 1.15},
-        // The forward corner reaches 1.15 x hypot(19, 30) x sin(phi) = 36.53: a limit of 36.7
-        // leaves it, and catches only the pick-up widened by the band (1.15 x 32 = 36.8).
-        {"forward out of step alone", [](Etude& e) { e.Ligne_XAV = 23.375F; }, {38}, 36.7 / 1.15},
-        {"every backward reach beyond the close transformers",
-         [](Etude& e) { e.Ligne_XAM = 10.0F; },
-         {39, 40, 43},
-         8.0 / 1.15},
-        {"the remote first zone beyond the backward zone",
-         [](Etude& e) { e.Ligne_X1PB = 30.0F; },
-         {41},
-         39.0 - 21.2},
-        // Rmoc 30: the backward corner reaches 1.15 x hypot(35, 10) x sin(phi) = 37.4 > 32,
-        // the forward one 55.6, under a forward limit pushed to 98.
-        {"the backward corner alone",
+    const std::vector<CasRegles> cas{
+        // Third zone under 1.2 times the second.
+        {{35}, [](Etude& e) { e.PXLP.XPct[2] = 110.0; }, 28.8},
+        // Third zone alone beyond the remote transformers.
+        {{36}, [](Etude& e) { e.PXLP.XPct[2] = 230.0; }, 50.0 / 1.15},
+        // Every forward reach beyond them.
+        {{36, 37, 38, 42}, [](Etude& e) { e.Ligne_XAV = 5.0F; }, 22.0 / 1.15},
+        // Forward out of step alone: the forward corner reaches 1.15 x hypot(19, 30) x sin(phi)
+        // = 36.53; a limit of 36.7 leaves it, and catches only the pick-up widened by the band
+        // (1.15 x 32 = 36.8).
+        {{38}, [](Etude& e) { e.Ligne_XAV = 23.375F; }, 36.7 / 1.15},
+        // Every backward reach beyond the close transformers.
+        {{39, 40, 43}, [](Etude& e) { e.Ligne_XAM = 10.0F; }, 8.0 / 1.15},
+        // The remote first zone beyond the backward zone.
+        {{41}, [](Etude& e) { e.Ligne_X1PB = 30.0F; }, 39.0 - 21.2},
+        // The backward corner alone: with Rmoc 30 it reaches 1.15 x hypot(35, 10) x sin(phi) =
+        // 37.4 > 32, the forward one 55.6, under a forward limit pushed to 98.
+        {{43},
          [](Etude& e) {
              e.PXLP.Rmoc_HT = 30.0;
              e.Ligne_XAV = 100.0F;
          },
-         {43},
          32.0 / 1.15},
-        {"both corners with a wide resistance",
-         [](Etude& e) { e.PXLP.Rmoc_HT = 40.0; },
-         {42, 43},
-         50.0 / 1.15},
+        // Both corners with a wide resistance.
+        {{42, 43}, [](Etude& e) { e.PXLP.Rmoc_HT = 40.0; }, 50.0 / 1.15},
     };
-    for (const Cas& c : cas) {
-        SCOPED_TRACE(c.nom);
-        Etude e = Conforme();
-        CalculDiagPXLP(e);
-        Regles(e, 35, 43, {});
-        c.changer(e);
-        CalculDiagPXLP(e);
-        Regles(e, 35, 43, c.regles);
-        EXPECT_NEAR(ValeurRegle(e, c.regles.front()), c.limite, 1e-5);
-        // Back to agreeing settings: the rules clear.
-        const Etude conforme = Conforme();
-        e.PXLP = conforme.PXLP;
-        e.Ligne_XAV = conforme.Ligne_XAV;
-        e.Ligne_XAM = conforme.Ligne_XAM;
-        e.Ligne_X1PB = conforme.Ligne_X1PB;
-        CalculDiagPXLP(e);
-        Regles(e, 35, 43, {});
-    }
+    ReglesPoseesEtEffacees(Conforme, CalculDiagPXLP, 35, 43, cas, 1e-5);
     // The coordination with the remote relay is a long line's only.
     Etude courte = Conforme();
     courte.Ligne_lc = false;
