@@ -8,8 +8,6 @@
 #include "relays/epac/TraceEPAC.h"
 #include "relays/pd3a/CalculPD3A.h"
 
-#include <functional>
-
 using namespace tournesol;
 
 namespace {

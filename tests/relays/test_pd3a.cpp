@@ -7,8 +7,6 @@
 #include "relays/pd3a/PanneauPD3A.h"
 #include "relays/pd3a/TracePD3A.h"
 
-#include <functional>
-
 using namespace tournesol;
 
 namespace {

@@ -10,8 +10,6 @@
 #include "relays/pds/PanneauPDS.h"
 #include "relays/pds/TracePDS.h"
 
-#include <functional>
-
 using namespace tournesol;
 
 namespace {

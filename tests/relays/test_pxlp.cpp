@@ -5,8 +5,6 @@
 #include "relays/pxlp/CalculPXLP.h"
 #include "relays/pxlp/PanneauPXLP.h"
 
-#include <functional>
-
 using namespace tournesol;
 
 namespace {
