@@ -72,30 +72,9 @@ TEST(Impression, DoitImprimerSelonLaSorteDePage) {
     EXPECT_FALSE(DoitImprimer(e));
 }
 
-TEST(Impression, BarreDeProgression) {
-    Etude e;
-    EtatImpression etat;
-    AvancerProgression(e, etat, 3); // not started: nothing moves
-    EXPECT_DOUBLE_EQ(etat.Progression, 0.0);
-    DebutProgression(e, etat, 4, "Page 2 : Line");
-    EXPECT_TRUE(e.ProgressionActive);
-    EXPECT_DOUBLE_EQ(e.PasProgression, 25.0);
-    EXPECT_EQ(etat.TexteProgression, "Page 2 : Line");
-    AvancerProgression(e, etat, 1);
-    EXPECT_DOUBLE_EQ(etat.Progression, 25.0);
-    AvancerProgression(e, etat, 10);
-    EXPECT_DOUBLE_EQ(etat.Progression, 100.0);
-    PlacerProgression(e, etat, -2);
-    EXPECT_DOUBLE_EQ(etat.Progression, 0.0);
-    PlacerProgression(e, etat, 3);
-    EXPECT_DOUBLE_EQ(etat.Progression, 75.0);
-    FinProgression(e, etat);
-    PlacerProgression(e, etat, 1);
-    EXPECT_DOUBLE_EQ(etat.Progression, 75.0);
-}
-
-// What the progress panel is told: every change of the bar while it is open, then its closing.
-TEST(Impression, LeSuiviDeLaBarre) {
+// The bar, and what the progress panel is told: every change of the bar while it is open, then
+// its closing.
+TEST(Impression, BarreDeProgressionEtSonSuivi) {
     struct Etape {
         bool ouvert;
         double valeur;
@@ -108,16 +87,33 @@ TEST(Impression, LeSuiviDeLaBarre) {
     etat.SuiviProgression = [&suivi](bool ouvert, double valeur, const std::string& texte) {
         suivi.push_back({ouvert, valeur, texte});
     };
-    AvancerProgression(e, etat, 1); // closed: nothing to tell
+    AvancerProgression(e, etat, 3); // not started: nothing moves, nothing is told
+    EXPECT_DOUBLE_EQ(etat.Progression, 0.0);
     DebutProgression(e, etat, 4, "Page 2 : Line");
+    EXPECT_TRUE(e.ProgressionActive);
+    EXPECT_DOUBLE_EQ(e.PasProgression, 25.0);
+    EXPECT_EQ(etat.TexteProgression, "Page 2 : Line");
     AvancerProgression(e, etat, 1);
+    EXPECT_DOUBLE_EQ(etat.Progression, 25.0);
+    AvancerProgression(e, etat, 10);
+    EXPECT_DOUBLE_EQ(etat.Progression, 100.0);
+    PlacerProgression(e, etat, -2);
+    EXPECT_DOUBLE_EQ(etat.Progression, 0.0);
     PlacerProgression(e, etat, 7);
+    EXPECT_DOUBLE_EQ(etat.Progression, 100.0);
+    PlacerProgression(e, etat, 3);
+    EXPECT_DOUBLE_EQ(etat.Progression, 75.0);
     FinProgression(e, etat);
     PlacerProgression(e, etat, 1);
-    EXPECT_EQ(suivi, (std::vector<Etape>{{true, 0.0, "Page 2 : Line"},
-                                         {true, 25.0, "Page 2 : Line"},
-                                         {true, 100.0, "Page 2 : Line"},
-                                         {false, 100.0, ""}}));
+    EXPECT_DOUBLE_EQ(etat.Progression, 75.0);
+    const std::string t = "Page 2 : Line";
+    EXPECT_EQ(suivi, (std::vector<Etape>{{true, 0.0, t},
+                                         {true, 25.0, t},
+                                         {true, 100.0, t},
+                                         {true, 0.0, t},
+                                         {true, 100.0, t},
+                                         {true, 75.0, t},
+                                         {false, 75.0, ""}}));
 }
 
 TEST(Impression, AllerColonneLaisseVoirEchap) {

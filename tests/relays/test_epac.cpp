@@ -1,26 +1,12 @@
 // The EPAC worked out by hand: its digital steps and ranges (which follow the rated current),
 // the resistive reach and the angle, the rules of the setting guide, the characteristic with its
 // out-of-step band all round, the stored list and the panel on an example line.
-#include "core/Dialogue.h"
-#include "core/Etude.h"
-#include "core/FichierEtude.h"
+#include "EtudeRelais.h"
 #include "core/Format.h"
-#include "core/Magasin.h"
-#include "core/Numerique.h"
-#include "core/Registre.h"
-#include "diagnostics/Diagnostics.h"
-#include "relays/Relais.h"
 #include "relays/epac/CalculEPAC.h"
 #include "relays/epac/PanneauEPAC.h"
 #include "relays/epac/TraceEPAC.h"
 #include "relays/pd3a/CalculPD3A.h"
-#include "shell/Ouverture.h"
-
-#include <algorithm>
-#include <cmath>
-#include <functional>
-#include <gtest/gtest.h>
-#include <memory>
 
 using namespace tournesol;
 
@@ -117,20 +103,11 @@ TEST(PasEPAC, ResistanceAngleFacteurDeTerreEtTemporisations) {
     EXPECT_NEAR(e.ko_reg, 1.23, 1e-9);
 }
 
-// The example line computed as the working window opens it.
-struct EtudeEPAC : ::testing::Test {
-    EtudeEPAC() {
-        InscrireRelais();
-        InitRegistre(e);
-        PreparerOuverture(e);
-        LireFichierEtude(TOURNESOL_EXEMPLES "/le-cheylas-pontcharra-225kV-epac.json", e);
-        options.Choisir(e.TypeReportCharge);
-        InitEtude(e, d, options);
-    }
-    Etude e;
-    OptionsReport options;
-    DialogueSansFenetre d;
+// The example line computed as the working window opens it, and the EPAC's panel on it.
+struct EtudeEPAC : EtudeEtPanneau<PanneauEPAC> {
+    EtudeEPAC() { Charger("le-cheylas-pontcharra-225kV-epac.json"); }
 };
+using PanneauDeLEPAC = EtudeEPAC;
 
 TEST_F(EtudeEPAC, LaResistanceDeRetourEstCelleDuPD3AAvecSesBandes) {
     ASSERT_EQ(e.ErrCalcul, 0);
@@ -175,57 +152,29 @@ Etude Conforme() {
 }
 
 TEST(DiagnosticsEPAC, ChaqueRegleSePoseEtSEfface) {
-    struct Cas {
-        int regle;
-        std::function<void(Etude&)> changer;
-        double limite;
-        std::vector<int> aussi;
-    };
-    // Forward limit (0.8 x 40 + 0.9 x 20) / 1.15 = 43.48, backward 32 / 1.15 = 27.83.
-    const std::vector<Cas> cas{
-        {7, [](Etude& e) { e.X3reg_HT = 11.9; }, 12.0, {}},
-        {8, [](Etude& e) { e.X3reg_HT = 44.0; }, 50.0 / 1.15, {9}},
-        {9,
+    // Forward limit (0.8 x 40 + 0.9 x 20) / 1.15 = 43.48, backward 32 / 1.15 = 27.83. Each
+    // sets its rule alone: without out of step, the reaches beyond the limits leave the
+    // out-of-step rules 9 and 11 down.
+    const std::vector<CasRegles> cas{
+        {{7}, [](Etude& e) { e.X3reg_HT = 11.9; }, 12.0},
+        {{8}, [](Etude& e) { e.X3reg_HT = 44.0; }, 50.0 / 1.15},
+        {{9},
          [](Etude& e) {
              e.Pompage = true;
              e.X3reg_HT = 30.0;
              e.EPAC.BandeX = 20.0F;
          },
-         50.0 / 1.15,
-         {}},
-        {10, [](Etude& e) { e.Ligne_XAM = 4.0; }, 3.2 / 1.15, {11}},
-        {11,
+         50.0 / 1.15},
+        {{10}, [](Etude& e) { e.Ligne_XAM = 4.0; }, 3.2 / 1.15},
+        {{11},
          [](Etude& e) {
              e.Pompage = true;
              e.EPAC.BandeX = 23.0F;
          },
-         32.0 / 1.15,
-         {}},
-        {12, [](Etude& e) { e.Ligne_X1PB = 25.0F; }, 32.5 - 21.2, {}},
+         32.0 / 1.15},
+        {{12}, [](Etude& e) { e.Ligne_X1PB = 25.0F; }, 32.5 - 21.2},
     };
-    for (const Cas& c : cas) {
-        Etude e = Conforme();
-        c.changer(e);
-        CalculDiagEPAC(e);
-        EXPECT_TRUE(RegleActive(e, c.regle)) << c.regle;
-        EXPECT_NEAR(ValeurRegle(e, c.regle), c.limite, 1e-6) << c.regle;
-        for (int n = 7; n <= 12; ++n) {
-            const bool attendu = n == c.regle || std::count(c.aussi.begin(), c.aussi.end(), n);
-            // Without out of step, the out-of-step rules never fire.
-            if (!e.Pompage && (n == 9 || n == 11)) {
-                EXPECT_FALSE(RegleActive(e, n)) << c.regle << " sets " << n;
-                continue;
-            }
-            if (!attendu) {
-                EXPECT_FALSE(RegleActive(e, n)) << c.regle << " sets " << n;
-            }
-        }
-        Etude remis = Conforme();
-        remis.DiagDrapeaux = e.DiagDrapeaux;
-        CalculDiagEPAC(remis);
-        for (int n = 7; n <= 12; ++n)
-            EXPECT_FALSE(RegleActive(remis, n)) << c.regle << " stays " << n;
-    }
+    ReglesPoseesEtEffacees(Conforme, CalculDiagEPAC, 7, 12, cas, 1e-6);
     // The coordination with the remote relay holds only on a long line.
     Etude court = Conforme();
     court.Ligne_lc = false;
@@ -259,15 +208,11 @@ TEST(CaracteristiqueEPAC, ParallelogrammesEtBandeTouteAutour) {
     // The single-phase slots are empty in the three-phase case.
     EXPECT_EQ(s[1].A.Module + s[1].B.Module, 0.0);
     // Out of step: bottom right corner, then top right corner, the band on every side.
-    EXPECT_NEAR(s[5].A.Re, rt + 2.0 * k - 8.0, 1e-9);
-    EXPECT_NEAR(s[5].A.Im, -8.0, 1e-9);
-    EXPECT_NEAR(s[5].B.Re, rt + 2.0 * k + 23.0, 1e-9);
-    EXPECT_NEAR(s[5].B.Im, 23.0, 1e-9);
+    EXPECT_TRUE(Au(s[5].A, rt + 2.0 * k - 8.0, -8.0));
+    EXPECT_TRUE(Au(s[5].B, rt + 2.0 * k + 23.0, 23.0));
     // The three-phase parallelogram's top left corner, and the backward zone's limit.
-    EXPECT_NEAR(s[10].B.Re, -rt + 20.0, 1e-9);
-    EXPECT_NEAR(s[10].B.Im, 20.0, 1e-9);
-    EXPECT_NEAR(s[16].A.Re, rt - 5.0, 1e-9);
-    EXPECT_NEAR(s[16].A.Im, -5.0, 1e-9);
+    EXPECT_TRUE(Au(s[10].B, -rt + 20.0, 20.0));
+    EXPECT_TRUE(Au(s[16].A, rt - 5.0, -5.0));
     EXPECT_NEAR(s[0].A.Module, 100.0, 1e-9);
 
     // Single phase: Rm = Rreg CRm / CRcourant = 5, no out of step drawn.
@@ -285,7 +230,6 @@ TEST(CaracteristiqueEPAC, ParallelogrammesEtBandeTouteAutour) {
 }
 
 TEST(MagasinEPAC, LaListeRevientAvecSesTypes) {
-    InscrireRelais();
     Etude e;
     e.id_protection = ID_EPAC;
     e.id_reglage = 4;
@@ -300,16 +244,9 @@ TEST(MagasinEPAC, LaListeRevientAvecSesTypes) {
     e.Acceleration = true;
     e.Is = 5.0F;
     MagasinMemoire m;
-    ASSERT_TRUE(EcrireReglagesRelais(e, m));
-    EXPECT_EQ(m.Taille(), 29u);
+    const Etude relue = AllerRetour(e, m, 29);
     EXPECT_EQ(std::get<float>(m.LireValeur(4, 8)), 44.5F);
     EXPECT_EQ(std::get<std::int16_t>(m.LireValeur(4, 10)), -1);
-
-    Etude relue;
-    relue.id_protection = ID_EPAC;
-    relue.id_reglage = 4;
-    ASSERT_TRUE(LireReglagesRelais(relue, m));
-    EXPECT_FALSE(relue.FinTR);
     EXPECT_EQ(relue.X2_HT, 31.5);
     EXPECT_EQ(relue.X4reg_HT, 12.25);
     EXPECT_TRUE(relue.Pompage);
@@ -321,23 +258,8 @@ TEST(MagasinEPAC, LaListeRevientAvecSesTypes) {
     EXPECT_EQ(relue.Is, 5.0F);
 }
 
-struct PanneauDeLEPAC : EtudeEPAC {
-    PanneauEPAC& Ouvrir(bool retour) {
-        e.PanneauRelais = retour;
-        p = std::make_unique<PanneauEPAC>(e, d);
-        p->Ouvrir();
-        return *p;
-    }
-    void Saisir(const std::string& champ, const std::string& texte) {
-        p->Entrer(champ);
-        p->Trouver(champ)->DefinirTexte(texte);
-        p->Quitter(champ);
-    }
-    std::unique_ptr<PanneauEPAC> p;
-};
-
 TEST_F(PanneauDeLEPAC, LesSaisiesSontRameneesAuxPasDuRelais) {
-    Ouvrir(true);
+    Panneau(true);
     ASSERT_EQ(e.ErrCalcul, 0);
     Saisir("txtX1_bt", "3.459");
     EXPECT_EQ(p->Trouver("txtX1reg_BT")->Texte(), "3.45");
@@ -355,7 +277,7 @@ TEST_F(PanneauDeLEPAC, LesSaisiesSontRameneesAuxPasDuRelais) {
 }
 
 TEST_F(PanneauDeLEPAC, LeHorsPompageSuitLaCaseEtOkCadreLePlan) {
-    Ouvrir(true);
+    Panneau(true);
     ASSERT_TRUE(p->Trouver("chkPompage")->Valeur);
     EXPECT_GT(e.EPAC.BandeX, 0.0F);
     p->Trouver("chkPompage")->Valeur = false;
@@ -369,7 +291,7 @@ TEST_F(PanneauDeLEPAC, LeHorsPompageSuitLaCaseEtOkCadreLePlan) {
 
 TEST_F(PanneauDeLEPAC, UneLiaisonDeCentraleAvertitAChaqueFeuille) {
     e.Ligne_alim = 1;
-    Ouvrir(true);
+    Panneau(true);
     p->ChoixOnglet(1);
     int avis = 0;
     for (const MessageAffiche& m : d.Messages())

@@ -3,19 +3,11 @@
 // box, twins by the CT ratio and in cycles, its signalling options, a sheet dialog with Cancel,
 // digit-led names in the study file, 32-bit values and a place's block in the store, the pulled
 // load points, and a page that runs over two pages with wrapped lines and symbol marks.
-#include "../printing/EtudeImprimee.h"
-#include "core/Dialogue.h"
-#include "core/Etude.h"
-#include "core/FichierEtude.h"
-#include "core/Magasin.h"
-#include "core/Numerique.h"
+#include "EtudeRelais.h"
 #include "network/Transit.h"
 #include "printing/Redacteur.h"
 #include "relays/PanneauFeuilles.h"
 #include "relays/PanneauProtection.h"
-
-#include <cmath>
-#include <gtest/gtest.h>
 
 using namespace tournesol;
 
@@ -131,11 +123,6 @@ struct Mecanismes : ::testing::Test {
         e.Ligne_PHI[1] = DegToRad(75.0);
         e.RAZOA.str26 = "0N";
         e.Ligne_pp = 2;
-    }
-    void Saisir(Panneau& p, const std::string& champ, const std::string& texte) {
-        p.Entrer(champ);
-        p.Trouver(champ)->DefinirTexte(texte);
-        p.Quitter(champ);
     }
     Etude e;
     DialogueScripte d;

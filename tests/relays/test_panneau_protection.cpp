@@ -274,7 +274,9 @@ TEST_F(Panneau3, RaccourcisAlt) {
 TEST_F(Panneau3, AvisDesLiaisonsCentralePoste) {
     e.Ligne_alim = 2;
     struct RelaisAvis : RelaisEssai {
-        RelaisAvis(Etude& e, Dialogue& d) : RelaisEssai(e, d, 3) { DeclarerAvisCentrale(AvisCentrale("PD3A")); }
+        RelaisAvis(Etude& e, Dialogue& d) : RelaisEssai(e, d, 3) {
+            DeclarerAvisCentrale(AvisCentrale("PD3A"));
+        }
     } r(e, d);
     r.Ouvrir();
     r.ChoixOnglet(1);

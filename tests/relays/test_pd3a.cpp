@@ -1,23 +1,11 @@
 // The PD3A, worked out by hand from its wheel tables: the wheels of both variants and their
 // limits, the resistance and its step, the angle and earth factor wheels, the timers, the rules
 // of the setting guide, the characteristic, the stored list and the panel.
-#include "core/Dialogue.h"
-#include "core/Etude.h"
-#include "core/FichierEtude.h"
-#include "core/Magasin.h"
-#include "core/Numerique.h"
-#include "core/Registre.h"
-#include "diagnostics/Diagnostics.h"
+#include "EtudeRelais.h"
 #include "diagram/SurfaceEnregistree.h"
-#include "relays/Relais.h"
 #include "relays/pd3a/CalculPD3A.h"
 #include "relays/pd3a/PanneauPD3A.h"
 #include "relays/pd3a/TracePD3A.h"
-#include "shell/Ouverture.h"
-
-#include <cmath>
-#include <functional>
-#include <gtest/gtest.h>
 
 using namespace tournesol;
 
@@ -170,20 +158,11 @@ TEST(ReglagesPD3A, ResistanceEtSonPas) {
     EXPECT_EQ(e.Rreg_HT, 0.0F);
 }
 
-// The example line computed as the working window opens it.
-struct EtudePD3A : ::testing::Test {
-    EtudePD3A() {
-        InscrireRelais();
-        InitRegistre(e);
-        PreparerOuverture(e);
-        LireFichierEtude(TOURNESOL_EXEMPLES "/champagnier-grande-ile-225kV.json", e);
-        options.Choisir(e.TypeReportCharge);
-        InitEtude(e, d, options);
-    }
-    Etude e;
-    OptionsReport options;
-    DialogueSansFenetre d;
+// The example line computed as the working window opens it, and the PD3A's panel on it.
+struct EtudePD3A : EtudeEtPanneau<PanneauPD3A> {
+    EtudePD3A() { Charger("champagnier-grande-ile-225kV.json"); }
 };
+using PanneauDuPD3A = EtudePD3A;
 
 TEST_F(EtudePD3A, LaResistanceDeRetourLaissePlaceALaCharge) {
     ASSERT_EQ(e.ErrCalcul, 0);
@@ -237,62 +216,22 @@ Etude Conforme() {
 }
 
 TEST(DiagnosticsPD3A, ChaqueRegleSePoseEtSEfface) {
-    struct Cas {
-        int regle;
-        std::function<void(Etude&)> changer;
-        double limite;
-    };
-    const std::vector<Cas> cas{
-        {15, [](Etude& e) { e.X3reg_HT = 11.0; }, 12.0},
-        {16,
+    const std::vector<CasRegles> cas{
+        {{15}, [](Etude& e) { e.X3reg_HT = 11.0; }, 12.0},
+        {{16},
          [](Etude& e) {
              e.Pompage = true;
              e.PD3A.BandeX = 15.0F;
          },
          15.0},
-        {17, [](Etude& e) { e.Ligne_XAV = 0.0; }, 18.0 / 1.15},
-        {18, [](Etude& e) { e.Ligne_XAM = 4.0; }, 3.2 / 1.15},
-        {19, [](Etude& e) { e.PD3A.BandeX = 25.0F; }, 32.0 / 1.15},
-        {20, [](Etude& e) { e.R_HT = 24.0; }, 32.0},
-        {21, [](Etude& e) { e.Ligne_X1PB = 25.0F; }, 32.5 - 21.2},
-    };
-    for (const Cas& c : cas) {
-        Etude e = Conforme();
-        c.changer(e);
-        CalculDiagPD3A(e);
-        EXPECT_TRUE(RegleActive(e, c.regle)) << c.regle;
-        EXPECT_NEAR(ValeurRegle(e, c.regle), c.limite, 1e-6) << c.regle;
+        {{17}, [](Etude& e) { e.Ligne_XAV = 0.0; }, 18.0 / 1.15},
         // The backward pick up beyond the close transformers is beyond them with its band too.
-        for (int n = 15; n <= 21; ++n) {
-            if (n != c.regle && !(c.regle == 18 && n == 19)) {
-                EXPECT_FALSE(RegleActive(e, n)) << c.regle << " sets " << n;
-            }
-        }
-        // Computed again on conforming settings, the rule clears.
-        Etude remis = Conforme();
-        remis.DiagDrapeaux = e.DiagDrapeaux;
-        CalculDiagPD3A(remis);
-        for (int n = 15; n <= 21; ++n)
-            EXPECT_FALSE(RegleActive(remis, n)) << c.regle << " stays " << n;
-    }
-}
-
-TEST(DiagnosticsPD3A, LaRegle18ImprimeLaLimiteDeLa17) {
-    InscrireRelais();
-    Etude e;
-    e.id_protection = ID_PD3A;
-    e.X3reg_HT = 100.0;
-    e.X4reg_HT = 50.0;
-    e.Ligne_XAV = 10.0;
-    e.Ligne_XAM = 10.0;
-    e.XL_eq = 10.0;
-    CalculDiagPD3A(e);
-    ASSERT_TRUE(RegleActive(e, 17));
-    ASSERT_TRUE(RegleActive(e, 18));
-    const auto regle = RegleRapport(e, 18);
-    ASSERT_TRUE(regle);
-    EXPECT_EQ(regle->Valeur, "14.78"); // (8 + 9) / 1.15, not 8 / 1.15
-    EXPECT_EQ(regle->Lignes.back(), "It must not overcome:    ");
+        {{18, 19}, [](Etude& e) { e.Ligne_XAM = 4.0; }, 3.2 / 1.15},
+        {{19}, [](Etude& e) { e.PD3A.BandeX = 25.0F; }, 32.0 / 1.15},
+        {{20}, [](Etude& e) { e.R_HT = 24.0; }, 32.0},
+        {{21}, [](Etude& e) { e.Ligne_X1PB = 25.0F; }, 32.5 - 21.2},
+    };
+    ReglesPoseesEtEffacees(Conforme, CalculDiagPD3A, 15, 21, cas, 1e-6);
 }
 
 TEST(CaracteristiquePD3A, ParallelogrammesParCasDeReport) {
@@ -317,8 +256,7 @@ TEST(CaracteristiquePD3A, ParallelogrammesParCasDeReport) {
     const double rt = 5.0 * (1.0 / std::sqrt(3.0) + 1.0);
     // The three phase parallelogram's top right corner, and the first zone's limit.
     EXPECT_EQ(s[10].Couleur, 0x00FF00);
-    EXPECT_NEAR(s[10].B.Re, rt + 20.0, 1e-9);
-    EXPECT_NEAR(s[10].B.Im, 20.0, 1e-9);
+    EXPECT_TRUE(Au(s[10].B, rt + 20.0, 20.0));
     EXPECT_EQ(s[14].Couleur, 0x0000FF);
     EXPECT_NEAR(s[14].A.Re, rt + 8.0, 1e-9);
     EXPECT_NEAR(s[14].B.Re, -rt + 8.0, 1e-9);
@@ -351,12 +289,10 @@ TEST(CaracteristiquePD3A, ParallelogrammesParCasDeReport) {
     e.TypeReportCharge = 1;
     s = SegmentsPD3A(e);
     ASSERT_EQ(s.size(), 14u);
-    EXPECT_NEAR(s[1].A.Re, 5.0 - 5.0, 1e-9);
-    EXPECT_NEAR(s[1].A.Im, -5.0, 1e-9);
+    EXPECT_TRUE(Au(s[1].A, 5.0 - 5.0, -5.0));
 }
 
 TEST(MagasinPD3A, LaListeRevientAvecSesTypes) {
-    InscrireRelais();
     Etude e;
     e.id_protection = ID_PD3A;
     e.id_reglage = 7;
@@ -371,17 +307,10 @@ TEST(MagasinPD3A, LaListeRevientAvecSesTypes) {
     e.Is = 5.0F;
     e.PD3A.Type6562 = true;
     MagasinMemoire m;
-    ASSERT_TRUE(EcrireReglagesRelais(e, m));
-    EXPECT_EQ(m.Taille(), 31u);
+    const Etude relue = AllerRetour(e, m, 31);
     EXPECT_EQ(std::get<float>(m.LireValeur(7, 8)), 22.0F);
     EXPECT_EQ(std::get<std::int16_t>(m.LireValeur(7, 10)), -1);
     EXPECT_EQ(std::get<float>(m.LireValeur(7, 29)), 5.0F);
-
-    Etude relue;
-    relue.id_protection = ID_PD3A;
-    relue.id_reglage = 7;
-    ASSERT_TRUE(LireReglagesRelais(relue, m));
-    EXPECT_FALSE(relue.FinTR);
     EXPECT_EQ(relue.X1_HT, 24.3);
     EXPECT_EQ(relue.X3reg_HT, 55.4);
     EXPECT_TRUE(relue.Pompage);
@@ -392,24 +321,8 @@ TEST(MagasinPD3A, LaListeRevientAvecSesTypes) {
     EXPECT_FALSE(relue.PD3A.Type6062);
 }
 
-// The panel on the example line.
-struct PanneauDuPD3A : EtudePD3A {
-    PanneauPD3A& Ouvrir(bool retour) {
-        e.PanneauRelais = retour;
-        p = std::make_unique<PanneauPD3A>(e, d);
-        p->Ouvrir();
-        return *p;
-    }
-    void Saisir(const std::string& champ, const std::string& texte) {
-        p->Entrer(champ);
-        p->Trouver(champ)->DefinirTexte(texte);
-        p->Quitter(champ);
-    }
-    std::unique_ptr<PanneauPD3A> p;
-};
-
 TEST_F(PanneauDuPD3A, UneReactanceSaisieEstRameneeALaRoue) {
-    Ouvrir(false);
+    Panneau(false);
     ASSERT_EQ(e.ErrCalcul, 0);
     EXPECT_TRUE(p->Trouver("chktype1")->Valeur);
     EXPECT_EQ(p->Trouver("txtk1")->Texte(), "8");
@@ -430,7 +343,7 @@ TEST_F(PanneauDuPD3A, UneReactanceSaisieEstRameneeALaRoue) {
 }
 
 TEST_F(PanneauDuPD3A, LeChangementDeVarianteRecalculeLesZones) {
-    Ouvrir(false);
+    Panneau(false);
     p->Trouver("chktype2")->Valeur = true;
     p->Cliquer("chktype2");
     EXPECT_TRUE(e.PD3A.Type6562);
@@ -443,7 +356,7 @@ TEST_F(PanneauDuPD3A, LeChangementDeVarianteRecalculeLesZones) {
 TEST_F(PanneauDuPD3A, UneLiaisonDeCentraleAvertitAChaqueFeuille) {
     e.Ligne_alim = 1;
     e.R_HT = 30.0;
-    Ouvrir(true);
+    Panneau(true);
     p->ChoixOnglet(1);
     p->ChoixOnglet(2);
     int avis = 0;
@@ -457,7 +370,7 @@ TEST_F(PanneauDuPD3A, UneLiaisonDeCentraleAvertitAChaqueFeuille) {
 
 TEST_F(PanneauDuPD3A, EnRetourLeHorsPompageResteCeluiDeLEtude) {
     e.Pompage = true;
-    Ouvrir(true);
+    Panneau(true);
     EXPECT_TRUE(p->Trouver("chkPompage")->Valeur);
     p->ChoixOnglet(1); // each sheet's computation keeps it
     p->ChoixOnglet(0);
@@ -468,7 +381,7 @@ TEST_F(PanneauDuPD3A, EnRetourLeHorsPompageResteCeluiDeLEtude) {
 }
 
 TEST_F(PanneauDuPD3A, OkEnRetourCadreLePlanSurLesZones) {
-    Ouvrir(true);
+    Panneau(true);
     p->ValiderBouton();
     ASSERT_EQ(e.ErrCalcul, 0);
     EXPECT_NEAR(e.ScaleTop, DemiLargeurPD3A(e), 1e-4);

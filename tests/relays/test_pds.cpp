@@ -3,64 +3,48 @@
 // steps, the circle kept clear of the load, the rules of the setting guide, the
 // circle and its chords on the plane, the stored list and the panel on the
 // three-ended example line.
-#include "core/Dialogue.h"
-#include "core/Etude.h"
-#include "core/FichierEtude.h"
-#include "core/Magasin.h"
-#include "core/Numerique.h"
-#include "core/Registre.h"
-#include "diagnostics/Diagnostics.h"
+#include "EtudeRelais.h"
 #include "network/Transit.h"
-#include "relays/Relais.h"
 #include "relays/pd3a/CalculPD3A.h"
 #include "relays/pds/CalculPDS.h"
 #include "relays/pds/PanneauPDS.h"
 #include "relays/pds/TracePDS.h"
-#include "shell/Ouverture.h"
-
-#include <cmath>
-#include <functional>
-#include <gtest/gtest.h>
-#include <memory>
 
 using namespace tournesol;
 
 namespace {
 
 TEST(PrisesPDS, LaPlusPetiteGammeEtLePourcentage) {
-    // 5 A: ranges 1, 2, 4, 8, 16, 32 ohms.
-    double x = 3.03;
-    Prise p = PrisePDS(x, 1.0, true);
-    EXPECT_EQ(p.Base, 4.0);
-    EXPECT_EQ(p.Pct, 75);
-    EXPECT_NEAR(p.Reglage(), 3.0, 1e-12);
-    x = 3.03;
-    p = PrisePDS(x, 1.0, false);
-    EXPECT_EQ(p.Pct, 76);
-    EXPECT_NEAR(p.Reglage(), 3.04, 1e-12);
-    // A reach equal to a range is its whole range, not the next one at half.
-    x = 4.0;
-    p = PrisePDS(x, 1.0, true);
-    EXPECT_EQ(p.Base, 4.0);
-    EXPECT_EQ(p.Pct, 100);
-    // Beyond the relay's range: 40 % of the first range, the whole of the last.
-    x = 0.1;
-    p = PrisePDS(x, 1.0, true);
-    EXPECT_EQ(x, 0.4);
-    EXPECT_EQ(p.Base, 1.0);
-    EXPECT_EQ(p.Pct, 40);
-    x = 40.0;
-    p = PrisePDS(x, 1.0, false);
-    EXPECT_EQ(x, 32.0);
-    EXPECT_EQ(p.Pct, 100);
-    // 1 A: five times higher.
-    x = 12.3;
-    p = PrisePDS(x, 5.0, true);
-    EXPECT_EQ(p.Base, 20.0);
-    EXPECT_EQ(p.Pct, 61);
-    EXPECT_NEAR(p.Reglage(), 12.2, 1e-12);
+    struct Cas {
+        double x, facteur; // the reach, and 1 at 5 A or 5 at 1 A
+        bool dessous;      // rounded down, or up
+        double limitee, base;
+        int pct;
+        double reglage;
+    };
+    const Cas cas[] = {
+        // 5 A: ranges 1, 2, 4, 8, 16, 32 ohms.
+        {3.03, 1.0, true, 3.03, 4.0, 75, 3.0},
+        {3.03, 1.0, false, 3.03, 4.0, 76, 3.04},
+        // A reach equal to a range is its whole range, not the next one at half.
+        {4.0, 1.0, true, 4.0, 4.0, 100, 4.0},
+        // Beyond the relay's range: 40 % of the first range, the whole of the last.
+        {0.1, 1.0, true, 0.4, 1.0, 40, 0.4},
+        {40.0, 1.0, false, 32.0, 32.0, 100, 32.0},
+        // 1 A: five times higher.
+        {12.3, 5.0, true, 12.3, 20.0, 61, 12.2},
+    };
+    for (const Cas& c : cas) {
+        SCOPED_TRACE(testing::Message() << c.x << (c.dessous ? " down" : " up"));
+        double x = c.x;
+        const Prise p = PrisePDS(x, c.facteur, c.dessous);
+        EXPECT_EQ(x, c.limitee);
+        EXPECT_EQ(p.Base, c.base);
+        EXPECT_EQ(p.Pct, c.pct);
+        EXPECT_NEAR(p.Reglage(), c.reglage, 1e-12);
+    }
     // A reach that is no number is a computation failure.
-    x = std::nan("");
+    double x = std::nan("");
     EXPECT_ANY_THROW(PrisePDS(x, 1.0, true));
 }
 
@@ -121,20 +105,11 @@ TEST(PrisesPDS, ZonesCercleAngleEtTemporisations) {
     EXPECT_EQ(e.T4, 9900);
 }
 
-// The three-ended example line computed as the working window opens it.
-struct EtudePDS : ::testing::Test {
-    EtudePDS() {
-        InscrireRelais();
-        InitRegistre(e);
-        PreparerOuverture(e);
-        LireFichierEtude(TOURNESOL_EXEMPLES "/beaurepaire-montmeyran-laroche-90kV-3bouts.json", e);
-        options.Choisir(e.TypeReportCharge);
-        InitEtude(e, d, options);
-    }
-    Etude e;
-    OptionsReport options;
-    DialogueSansFenetre d;
+// The three-ended example line computed as the working window opens it, and the PDS's panel.
+struct EtudePDS : EtudeEtPanneau<PanneauPDS> {
+    EtudePDS() { Charger("beaurepaire-montmeyran-laroche-90kV-3bouts.json"); }
 };
+using PanneauDuPDS = EtudePDS;
 
 // The circle through a forward and a backward reach along teta leaves every
 // load point of the case in force, with its margin, outside or on it.
@@ -206,33 +181,13 @@ Etude Conforme() {
 }
 
 TEST(DiagnosticsPDS, ChaqueRegleSePoseEtSEfface) {
-    struct Cas {
-        int regle;
-        std::function<void(Etude&)> changer;
-        double limite;
+    const std::vector<CasRegles> cas{
+        {{22}, [](Etude& e) { e.X3reg_HT = 11.9; }, 12.0},
+        {{23}, [](Etude& e) { e.X3reg_HT = 44.0; }, 50.0 / 1.15},
+        {{24}, [](Etude& e) { e.Ligne_XAM = 4.0; }, 3.2 / 1.15},
+        {{25}, [](Etude& e) { e.Ligne_X1PB = 25.0F; }, 32.5 - 21.2},
     };
-    const std::vector<Cas> cas{
-        {22, [](Etude& e) { e.X3reg_HT = 11.9; }, 12.0},
-        {23, [](Etude& e) { e.X3reg_HT = 44.0; }, 50.0 / 1.15},
-        {24, [](Etude& e) { e.Ligne_XAM = 4.0; }, 3.2 / 1.15},
-        {25, [](Etude& e) { e.Ligne_X1PB = 25.0F; }, 32.5 - 21.2},
-    };
-    for (const Cas& c : cas) {
-        Etude e = Conforme();
-        c.changer(e);
-        CalculDiagPDS(e);
-        EXPECT_TRUE(RegleActive(e, c.regle)) << c.regle;
-        EXPECT_NEAR(ValeurRegle(e, c.regle), c.limite, 1e-6) << c.regle;
-        for (int n = 22; n <= 25; ++n)
-            if (n != c.regle) {
-                EXPECT_FALSE(RegleActive(e, n)) << c.regle << " sets " << n;
-            }
-        Etude remis = Conforme();
-        remis.DiagDrapeaux = e.DiagDrapeaux;
-        CalculDiagPDS(remis);
-        for (int n = 22; n <= 25; ++n)
-            EXPECT_FALSE(RegleActive(remis, n)) << c.regle << " stays " << n;
-    }
+    ReglesPoseesEtEffacees(Conforme, CalculDiagPDS, 22, 25, cas, 1e-6);
     // The circle's reaches lie along its angle: at 30 degrees of line, half of a
     // forward reach of 46 is 23, short of the forward limit.
     Etude e = Conforme();
@@ -267,8 +222,7 @@ TEST(CaracteristiquePDS, CercleDecaleEtCordesDesZones) {
     ASSERT_EQ(f.Arcs.size(), 1u);
     ASSERT_EQ(f.Segments.size(), 3u);
     // Centre at 8 along the angle, radius 12: through 20 forward and 4 backward.
-    EXPECT_NEAR(f.Arcs[0].Centre.Re, 0.0, 1e-9);
-    EXPECT_NEAR(f.Arcs[0].Centre.Im, 8.0, 1e-9);
+    EXPECT_TRUE(Au(f.Arcs[0].Centre, 0.0, 8.0));
     EXPECT_NEAR(f.Arcs[0].Debut.Im, 20.0, 1e-9);
     EXPECT_EQ(f.Arcs[0].Couleur, 0x00FF00);
     // The first zone cuts the circle at its widest: from 12 to -12.
@@ -283,7 +237,6 @@ TEST(CaracteristiquePDS, CercleDecaleEtCordesDesZones) {
 }
 
 TEST(MagasinPDS, LaListeRevientAvecSesTypes) {
-    InscrireRelais();
     Etude e;
     e.id_protection = ID_PDS;
     e.id_reglage = 5;
@@ -297,13 +250,7 @@ TEST(MagasinPDS, LaListeRevientAvecSesTypes) {
     e.Verrouillage = true;
     e.Is = 1.0F;
     MagasinMemoire m;
-    ASSERT_TRUE(EcrireReglagesRelais(e, m));
-    EXPECT_EQ(m.Taille(), 24u);
-    Etude relue;
-    relue.id_protection = ID_PDS;
-    relue.id_reglage = 5;
-    ASSERT_TRUE(LireReglagesRelais(relue, m));
-    EXPECT_FALSE(relue.FinTR);
+    const Etude relue = AllerRetour(e, m, 24);
     EXPECT_EQ(relue.X1_HT, 9.5);
     EXPECT_EQ(relue.X3reg_HT, 41.25);
     EXPECT_EQ(relue.X4reg_HT, 8.25);
@@ -315,23 +262,8 @@ TEST(MagasinPDS, LaListeRevientAvecSesTypes) {
     EXPECT_EQ(relue.Is, 1.0F);
 }
 
-struct PanneauDuPDS : EtudePDS {
-    PanneauPDS& Ouvrir(bool retour) {
-        e.PanneauRelais = retour;
-        p = std::make_unique<PanneauPDS>(e, d);
-        p->Ouvrir();
-        return *p;
-    }
-    void Saisir(const std::string& champ, const std::string& texte) {
-        p->Entrer(champ);
-        p->Trouver(champ)->DefinirTexte(texte);
-        p->Quitter(champ);
-    }
-    std::unique_ptr<PanneauPDS> p;
-};
-
 TEST_F(PanneauDuPDS, LesSaisiesSontRameneesAuxPrises) {
-    Ouvrir(true);
+    Panneau(true);
     ASSERT_EQ(e.ErrCalcul, 0);
     ASSERT_EQ(e.Is, 1.0F); // ranges of 5 to 160 ohms
     Saisir("txtX1_bt", "12.3");
@@ -352,7 +284,7 @@ TEST_F(PanneauDuPDS, LesSaisiesSontRameneesAuxPrises) {
 
 TEST_F(PanneauDuPDS, UneLiaisonDeCentraleAvertitAChaqueFeuille) {
     e.Ligne_alim = 2;
-    Ouvrir(true);
+    Panneau(true);
     p->ChoixOnglet(1);
     p->ChoixOnglet(2);
     int avis = 0;

@@ -2,23 +2,12 @@
 // resistances, the out-of-step band, the rules of the setting guide, the characteristic, the
 // stored list, the panel with its rated current check and its parameter sheet, and the listing
 // of the relay's setting tool line by line.
-#include "core/Dialogue.h"
-#include "core/Etude.h"
-#include "core/FichierEtude.h"
-#include "core/Magasin.h"
-#include "core/Numerique.h"
-#include "core/Registre.h"
-#include "diagnostics/Diagnostics.h"
+#include "EtudeRelais.h"
 #include "relays/PanneauFeuilles.h"
-#include "relays/Relais.h"
 #include "relays/pxln/CalculPXLN.h"
 #include "relays/pxln/PanneauPXLN.h"
 #include "relays/pxln/ParametresPXLN.h"
 #include "relays/pxln/TracePXLN.h"
-#include "shell/Ouverture.h"
-
-#include <cmath>
-#include <gtest/gtest.h>
 
 using namespace tournesol;
 
@@ -128,23 +117,13 @@ TEST(ResistancesPXLN, ParBoucleDepuisLaChargeEtLaBande) {
     EXPECT_EQ(r.Rmoc_BT, 200.0);
 }
 
-// The example line with its PXLN, computed as the working window opens it.
-struct EtudePXLN : ::testing::Test {
-    void Charger(const char* fichier) {
-        InscrireRelais();
-        InitRegistre(e);
-        PreparerOuverture(e);
-        LireFichierEtude(std::string(TOURNESOL_EXEMPLES "/") + fichier, e);
-        options.Choisir(e.TypeReportCharge);
-        InitEtude(e, d, options);
-    }
-    Etude e;
-    OptionsReport options;
-    DialogueSansFenetre d;
+// The example line with its PXLN, computed as the working window opens it, and the panel.
+struct EtudePXLN : EtudeEtPanneau<PanneauPXLN, DialogueScripte> {
+    EtudePXLN() { Charger("champagnier-grande-ile-225kV-pxln.json"); }
 };
+using PanneauDuPXLN = EtudePXLN;
 
 TEST_F(EtudePXLN, LaBandeEtLesResistancesDeRetourSuiventLaLigne) {
-    Charger("champagnier-grande-ile-225kV-pxln.json");
     ASSERT_EQ(e.ErrCalcul, 0);
     e.PanneauRelais = true;
     const Entier16 cas = e.TypeReportCharge;
@@ -168,7 +147,6 @@ TEST_F(EtudePXLN, LaBandeEtLesResistancesDeRetourSuiventLaLigne) {
 }
 
 TEST_F(EtudePXLN, UneLiaisonClienteTropChargeeEstSignaleeEtLeCalculContinue) {
-    Charger("champagnier-grande-ile-225kV-pxln.json");
     e.PanneauRelais = true;
     e.Ligne_alim = 3;
     e.Ligne_itclient = 1900.0;
@@ -194,57 +172,21 @@ Etude Conforme() {
 }
 
 TEST(DiagnosticsPXLN, ChaqueRegleSePoseEtSEfface) {
-    struct Cas {
-        const char* nom;
-        std::function<void(Etude&)> changer;
-        std::vector<int> regles;
-        double limite; // of the first rule
+    const std::vector<CasRegles> cas{
+        // Third zone under 1.2 times the second.
+        {{44}, [](Etude& e) { e.PXLN.XPct[3] = 140.0; }, 28.8},
+        // Forward pick up beyond the remote transformers.
+        {{45, 46}, [](Etude& e) { e.Ligne_XAV = 5.0F; }, 22.0 / 1.15},
+        // External out of step alone beyond them.
+        {{46}, [](Etude& e) { e.Ligne_XAV = 21.875F; }, 35.5 / 1.15},
+        // Backward pick up beyond the close transformers.
+        {{47, 48}, [](Etude& e) { e.Ligne_XAM = 10.0F; }, 8.0 / 1.15},
+        // Backward out of step alone.
+        {{48}, [](Etude& e) { e.Ligne_XAM = 15.0F; }, 12.0 / 1.15},
+        // The remote first zone beyond the backward zone.
+        {{49}, [](Etude& e) { e.Ligne_X1PB = 30.0F; }, 39.0 - 21.2},
     };
-    const std::vector<Cas> cas{
-        {"third zone under 1.2 times the second",
-         [](Etude& e) { e.PXLN.XPct[3] = 140.0; },
-         {44},
-         28.8},
-        {"forward pick up beyond the remote transformers",
-         [](Etude& e) { e.Ligne_XAV = 5.0F; },
-         {45, 46},
-         22.0 / 1.15},
-        {"external out of step alone beyond them",
-         [](Etude& e) { e.Ligne_XAV = 21.875F; },
-         {46},
-         35.5 / 1.15},
-        {"backward pick up beyond the close transformers",
-         [](Etude& e) { e.Ligne_XAM = 10.0F; },
-         {47, 48},
-         8.0 / 1.15},
-        {"backward out of step alone", [](Etude& e) { e.Ligne_XAM = 15.0F; }, {48}, 12.0 / 1.15},
-        {"the remote first zone beyond the backward zone",
-         [](Etude& e) { e.Ligne_X1PB = 30.0F; },
-         {49},
-         39.0 - 21.2},
-    };
-    for (const Cas& c : cas) {
-        Etude e = Conforme();
-        CalculDiagPXLN(e);
-        for (int n = 44; n <= 49; ++n)
-            EXPECT_FALSE(RegleActive(e, n)) << "agreeing settings, rule " << n;
-        c.changer(e);
-        CalculDiagPXLN(e);
-        for (int n = 44; n <= 49; ++n) {
-            const bool attendue = std::find(c.regles.begin(), c.regles.end(), n) != c.regles.end();
-            EXPECT_EQ(RegleActive(e, n), attendue) << c.nom << ", rule " << n;
-        }
-        EXPECT_NEAR(ValeurRegle(e, c.regles.front()), c.limite, 1e-5) << c.nom;
-        // Back to agreeing settings: the rule clears.
-        Etude conforme = Conforme();
-        e.PXLN.XPct = conforme.PXLN.XPct;
-        e.Ligne_XAV = conforme.Ligne_XAV;
-        e.Ligne_XAM = conforme.Ligne_XAM;
-        e.Ligne_X1PB = conforme.Ligne_X1PB;
-        CalculDiagPXLN(e);
-        for (int n = 44; n <= 49; ++n)
-            EXPECT_FALSE(RegleActive(e, n)) << c.nom << " cleared, rule " << n;
-    }
+    ReglesPoseesEtEffacees(Conforme, CalculDiagPXLN, 44, 49, cas, 1e-5);
     // The coordination with the remote relay is a long line's only.
     Etude courte = Conforme();
     courte.Ligne_lc = false;
@@ -264,23 +206,17 @@ TEST(CaracteristiquePXLN, ParallelogrammesEtZones) {
     const std::vector<SegmentImage> s = SegmentsPXLN(e);
     ASSERT_EQ(s.size(), 12u);
     // The directional line: 100 ohms at -30 degrees, through the origin.
-    EXPECT_NEAR(s[0].A.Re, 100.0 * std::cos(PI / 6.0), 1e-9);
-    EXPECT_NEAR(s[0].A.Im, -50.0, 1e-9);
-    EXPECT_NEAR(s[0].B.Re, -100.0 * std::cos(PI / 6.0), 1e-9);
-    EXPECT_NEAR(s[0].B.Im, 50.0, 1e-9);
+    EXPECT_TRUE(Au(s[0].A, 100.0 * std::cos(PI / 6.0), -50.0));
+    EXPECT_TRUE(Au(s[0].B, -100.0 * std::cos(PI / 6.0), 50.0));
     // The pick-up: from (10 - 10 / 2, -10) to (10 + 30 / 2, 30), then across to (-10 + 15, 30).
-    EXPECT_NEAR(s[1].A.Re, 5.0, 1e-9);
-    EXPECT_NEAR(s[1].A.Im, -10.0, 1e-9);
-    EXPECT_NEAR(s[1].B.Re, 25.0, 1e-9);
-    EXPECT_NEAR(s[1].B.Im, 30.0, 1e-9);
+    EXPECT_TRUE(Au(s[1].A, 5.0, -10.0));
+    EXPECT_TRUE(Au(s[1].B, 25.0, 30.0));
     EXPECT_NEAR(s[2].B.Re, 5.0, 1e-9);
     EXPECT_NEAR(s[4].B.Re, s[1].A.Re, 1e-9); // closed
     EXPECT_EQ(s[1].Couleur, e.CouleurTriphase);
     // The out of step, 2 ohms wider on every side: (12 + (-12) / 2, -12) and (12 + 32 / 2, 32).
-    EXPECT_NEAR(s[5].A.Re, 6.0, 1e-9);
-    EXPECT_NEAR(s[5].A.Im, -12.0, 1e-9);
-    EXPECT_NEAR(s[5].B.Re, 28.0, 1e-9);
-    EXPECT_NEAR(s[5].B.Im, 32.0, 1e-9);
+    EXPECT_TRUE(Au(s[5].A, 6.0, -12.0));
+    EXPECT_TRUE(Au(s[5].B, 28.0, 32.0));
     // Zone 2 at 24 ohms, dashed, from -10 + 12 to 10 + 12.
     EXPECT_NEAR(s[10].A.Re, 2.0, 1e-9);
     EXPECT_NEAR(s[10].B.Re, 22.0, 1e-9);
@@ -293,7 +229,6 @@ TEST(CaracteristiquePXLN, ParallelogrammesEtZones) {
 }
 
 TEST(MagasinPXLN, LaListeRevientAvecSesTypes) {
-    InscrireRelais();
     Etude e;
     e.id_protection = ID_PXLN;
     e.id_reglage = 4;
@@ -310,8 +245,7 @@ TEST(MagasinPXLN, LaListeRevientAvecSesTypes) {
     e.PXLN.ParamPXLN[P_ENCMONO - 1] = 1.0;
     e.Is = 1.0F;
     MagasinMemoire m;
-    ASSERT_TRUE(EcrireReglagesRelais(e, m));
-    EXPECT_EQ(m.Taille(), 67u);
+    const Etude relue = AllerRetour(e, m, 67);
     EXPECT_EQ(std::get<double>(m.LireValeur(4, 0)), 4.5);
     EXPECT_EQ(std::get<std::int16_t>(m.LireValeur(4, 3)), 3);
     EXPECT_EQ(std::get<std::int16_t>(m.LireValeur(4, 6)), -1);
@@ -321,12 +255,6 @@ TEST(MagasinPXLN, LaListeRevientAvecSesTypes) {
     EXPECT_EQ(std::get<double>(m.LireValeur(4, 40)), 110.0);     // the rated voltage
     EXPECT_EQ(std::get<float>(m.LireValeur(4, 66)), 1.0F);       // Is, last
 
-    Etude relue;
-    relue.id_protection = ID_PXLN;
-    relue.id_reglage = 4;
-    relue.Kz = 2.0;
-    ASSERT_TRUE(LireReglagesRelais(relue, m));
-    EXPECT_FALSE(relue.FinTR);
     EXPECT_EQ(relue.PXLN.ZonesBloquees, 3);
     EXPECT_TRUE(relue.PXLN.OptIi);
     EXPECT_EQ(relue.T2, 250);
@@ -336,41 +264,23 @@ TEST(MagasinPXLN, LaListeRevientAvecSesTypes) {
     EXPECT_DOUBLE_EQ(relue.PXLN.ZonesBT[4], 9.0);
 }
 
-// The panel on the example line.
-struct PanneauDuPXLN : EtudePXLN {
-    PanneauDuPXLN() { Charger("champagnier-grande-ile-225kV-pxln.json"); }
-    PanneauPXLN& Ouvrir(bool retour) {
-        e.PanneauRelais = retour;
-        p = std::make_unique<PanneauPXLN>(e, scripte);
-        p->Ouvrir();
-        return *p;
-    }
-    static void Saisir(Panneau& p, const std::string& champ, const std::string& texte) {
-        p.Entrer(champ);
-        p.Trouver(champ)->DefinirTexte(texte);
-        p.Quitter(champ);
-    }
-    DialogueScripte scripte;
-    std::unique_ptr<PanneauPXLN> p;
-};
-
 TEST_F(PanneauDuPXLN, UnCourantNominalAutreQueUnAEstSignaleEtLeCalculContinue) {
-    Ouvrir(true);
+    Panneau(true);
     EXPECT_FALSE(p->Trouver("txtInerr")->Visible);
     e.Is = 5.0F;
     e.PXLN.XPct = {};
-    Ouvrir(true);
+    Panneau(true);
     EXPECT_EQ(e.ErrCalcul, 0);
     EXPECT_TRUE(p->Trouver("txtInerr")->Visible);
     EXPECT_EQ(p->Trouver("txtInerr")->Texte(),
               "Error: the implemented rated secondary current must be  1 A");
-    EXPECT_TRUE(scripte.Messages().empty()); // a label, not a message
+    EXPECT_TRUE(d.Messages().empty()); // a label, not a message
     EXPECT_DOUBLE_EQ(e.PXLN.XPct[0], 80.0);
     EXPECT_DOUBLE_EQ(e.PXLN.ZonesHT[0], 0.8 * e.XL_eq);
 }
 
 TEST_F(PanneauDuPXLN, LesChampsSontBornesEtLeursSuitesCalculees) {
-    Ouvrir(false);
+    Panneau(false);
     ASSERT_EQ(e.ErrCalcul, 0);
     const double rmoc = e.PXLN.Rmoc_BT;
     // A band below 0.2 becomes 0.2; the resistances follow and the remark comes up.
@@ -397,10 +307,10 @@ TEST_F(PanneauDuPXLN, LesChampsSontBornesEtLeursSuitesCalculees) {
 }
 
 TEST_F(PanneauDuPXLN, LesParametresSeGardentParOKEtNonParAnnuler) {
-    Ouvrir(false);
+    Panneau(false);
     ASSERT_DOUBLE_EQ(ParametrePXLN(e, P_TENSION), 100.0); // the default of a new study
     // Cancel: the value typed and limited stays in the sheet.
-    scripte.QuandPanneau(NOM_PARAMETRES_PXLN, [](Panneau& f) {
+    d.QuandPanneau(NOM_PARAMETRES_PXLN, [](tournesol::Panneau& f) {
         Saisir(f, "Tension", "130");
         EXPECT_EQ(f.Trouver("Tension")->Texte(), "120");
         f.Cliquer(PanneauFeuilles::BOUTON_ANNULER);
@@ -408,7 +318,7 @@ TEST_F(PanneauDuPXLN, LesParametresSeGardentParOKEtNonParAnnuler) {
     p->Cliquer(PanneauPXLN::BOUTON_PARAMETRES);
     EXPECT_DOUBLE_EQ(ParametrePXLN(e, P_TENSION), 100.0);
     // OK takes the sheet: a voltage below 40 becomes 40, a list its entry's index.
-    scripte.QuandPanneau(NOM_PARAMETRES_PXLN, [](Panneau& f) {
+    d.QuandPanneau(NOM_PARAMETRES_PXLN, [](tournesol::Panneau& f) {
         EXPECT_EQ(f.Titre(), "PXLN : parameters");
         EXPECT_EQ(f.Trouver("Intensité")->Texte(), "1");
         Saisir(f, "Tension", "12");

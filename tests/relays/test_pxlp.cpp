@@ -1,21 +1,9 @@
 // The PXLP, worked out by hand: its rules of the setting guide (35 to 43), its characteristic
 // and plane, its stored list, and its panel on the example line.
-#include "core/Dialogue.h"
-#include "core/Etude.h"
-#include "core/FichierEtude.h"
-#include "core/Magasin.h"
-#include "core/Registre.h"
-#include "diagnostics/Diagnostics.h"
+#include "EtudeRelais.h"
 #include "relays/FamillePXL.h"
-#include "relays/Relais.h"
 #include "relays/pxlp/CalculPXLP.h"
 #include "relays/pxlp/PanneauPXLP.h"
-#include "shell/Ouverture.h"
-
-#include <algorithm>
-#include <cmath>
-#include <functional>
-#include <gtest/gtest.h>
 
 using namespace tournesol;
 
@@ -39,72 +27,33 @@ Etude Conforme() {
 }
 
 TEST(DiagnosticsPXLP, ChaqueRegleSePoseEtSEfface) {
-    struct Cas {
-        const char* nom;
-        std::function<void(Etude&)> changer;
-        std::vector<int> regles;
-        double limite; // of the first rule
-    };
-    const std::vector<Cas> cas{
-        {"third zone under 1.2 times the second",
-         [](Etude& e) { e.PXLP.XPct[2] = 110.0; },
-         {35},
-         28.8},
-        {"third zone alone beyond the remote transformers",
-         [](Etude& e) { e.PXLP.XPct[2] = 230.0; },
-         {36},
-         50.0 / 1.15},
-        {"every forward reach beyond them",
-         [](Etude& e) { e.Ligne_XAV = 5.0F; },
-         {36, 37, 38, 42},
-         22.0 / 1.15},
-        // The forward corner reaches 1.15 x hypot(19, 30) x sin(phi) = 36.53: a limit of 36.7
-        // leaves it, and catches only the pick-up widened by the band (1.15 x 32 = 36.8).
-        {"forward out of step alone", [](Etude& e) { e.Ligne_XAV = 23.375F; }, {38}, 36.7 / 1.15},
-        {"every backward reach beyond the close transformers",
-         [](Etude& e) { e.Ligne_XAM = 10.0F; },
-         {39, 40, 43},
-         8.0 / 1.15},
-        {"the remote first zone beyond the backward zone",
-         [](Etude& e) { e.Ligne_X1PB = 30.0F; },
-         {41},
-         39.0 - 21.2},
-        // Rmoc 30: the backward corner reaches 1.15 x hypot(35, 10) x sin(phi) = 37.4 > 32,
-        // the forward one 55.6, under a forward limit pushed to 98.
-        {"the backward corner alone",
+    const std::vector<CasRegles> cas{
+        // Third zone under 1.2 times the second.
+        {{35}, [](Etude& e) { e.PXLP.XPct[2] = 110.0; }, 28.8},
+        // Third zone alone beyond the remote transformers.
+        {{36}, [](Etude& e) { e.PXLP.XPct[2] = 230.0; }, 50.0 / 1.15},
+        // Every forward reach beyond them.
+        {{36, 37, 38, 42}, [](Etude& e) { e.Ligne_XAV = 5.0F; }, 22.0 / 1.15},
+        // Forward out of step alone: the forward corner reaches 1.15 x hypot(19, 30) x sin(phi)
+        // = 36.53; a limit of 36.7 leaves it, and catches only the pick-up widened by the band
+        // (1.15 x 32 = 36.8).
+        {{38}, [](Etude& e) { e.Ligne_XAV = 23.375F; }, 36.7 / 1.15},
+        // Every backward reach beyond the close transformers.
+        {{39, 40, 43}, [](Etude& e) { e.Ligne_XAM = 10.0F; }, 8.0 / 1.15},
+        // The remote first zone beyond the backward zone.
+        {{41}, [](Etude& e) { e.Ligne_X1PB = 30.0F; }, 39.0 - 21.2},
+        // The backward corner alone: with Rmoc 30 it reaches 1.15 x hypot(35, 10) x sin(phi) =
+        // 37.4 > 32, the forward one 55.6, under a forward limit pushed to 98.
+        {{43},
          [](Etude& e) {
              e.PXLP.Rmoc_HT = 30.0;
              e.Ligne_XAV = 100.0F;
          },
-         {43},
          32.0 / 1.15},
-        {"both corners with a wide resistance",
-         [](Etude& e) { e.PXLP.Rmoc_HT = 40.0; },
-         {42, 43},
-         50.0 / 1.15},
+        // Both corners with a wide resistance.
+        {{42, 43}, [](Etude& e) { e.PXLP.Rmoc_HT = 40.0; }, 50.0 / 1.15},
     };
-    for (const Cas& c : cas) {
-        Etude e = Conforme();
-        CalculDiagPXLP(e);
-        for (int n = 35; n <= 43; ++n)
-            EXPECT_FALSE(RegleActive(e, n)) << "agreeing settings, rule " << n;
-        c.changer(e);
-        CalculDiagPXLP(e);
-        for (int n = 35; n <= 43; ++n) {
-            const bool attendue = std::find(c.regles.begin(), c.regles.end(), n) != c.regles.end();
-            EXPECT_EQ(RegleActive(e, n), attendue) << c.nom << ", rule " << n;
-        }
-        EXPECT_NEAR(ValeurRegle(e, c.regles.front()), c.limite, 1e-5) << c.nom;
-        // Back to agreeing settings: the rules clear.
-        const Etude conforme = Conforme();
-        e.PXLP = conforme.PXLP;
-        e.Ligne_XAV = conforme.Ligne_XAV;
-        e.Ligne_XAM = conforme.Ligne_XAM;
-        e.Ligne_X1PB = conforme.Ligne_X1PB;
-        CalculDiagPXLP(e);
-        for (int n = 35; n <= 43; ++n)
-            EXPECT_FALSE(RegleActive(e, n)) << c.nom << " cleared, rule " << n;
-    }
+    ReglesPoseesEtEffacees(Conforme, CalculDiagPXLP, 35, 43, cas, 1e-5);
     // The coordination with the remote relay is a long line's only.
     Etude courte = Conforme();
     courte.Ligne_lc = false;
@@ -130,13 +79,10 @@ TEST(CaracteristiquePXLP, ParallelogrammesZonesEtPlan) {
     const std::vector<SegmentImage> s = SegmentsPXL(e, r.Rmoc_HT, r.deltaR_HT, r.ZonesHT);
     ASSERT_EQ(s.size(), 12u);
     // The pick-up: from (10 - 10 / 2, -10) to (10 + 30 / 2, 30).
-    EXPECT_NEAR(s[1].A.Re, 5.0, 1e-9);
-    EXPECT_NEAR(s[1].A.Im, -10.0, 1e-9);
-    EXPECT_NEAR(s[1].B.Re, 25.0, 1e-9);
-    EXPECT_NEAR(s[1].B.Im, 30.0, 1e-9);
+    EXPECT_TRUE(Au(s[1].A, 5.0, -10.0));
+    EXPECT_TRUE(Au(s[1].B, 25.0, 30.0));
     // The out of step, 2 ohms wider on every side: (12 + 32 / 2, 32).
-    EXPECT_NEAR(s[5].B.Re, 28.0, 1e-9);
-    EXPECT_NEAR(s[5].B.Im, 32.0, 1e-9);
+    EXPECT_TRUE(Au(s[5].B, 28.0, 32.0));
     // Zone 1 at 16 ohms, dashed, from -10 + 8 to 10 + 8.
     EXPECT_NEAR(s[9].A.Re, -2.0, 1e-9);
     EXPECT_NEAR(s[9].B.Re, 18.0, 1e-9);
@@ -151,7 +97,6 @@ TEST(CaracteristiquePXLP, ParallelogrammesZonesEtPlan) {
 }
 
 TEST(MagasinPXLP, LaListeRevientAvecSesTypes) {
-    InscrireRelais();
     Etude e;
     e.id_protection = ID_PXLP;
     e.id_reglage = 4;
@@ -165,20 +110,13 @@ TEST(MagasinPXLP, LaListeRevientAvecSesTypes) {
     e.PXLP.Signal = 1;
     e.Is = 5.0F;
     MagasinMemoire m;
-    ASSERT_TRUE(EcrireReglagesRelais(e, m));
-    EXPECT_EQ(m.Taille(), 34u);
+    const Etude relue = AllerRetour(e, m, 34);
     EXPECT_EQ(std::get<double>(m.LireValeur(4, 0)), 4.5);
     EXPECT_EQ(std::get<std::int16_t>(m.LireValeur(4, 3)), 3);
     EXPECT_EQ(std::get<double>(m.LireValeur(4, 16)), 60.0); // the backward reach
     EXPECT_EQ(std::get<std::int16_t>(m.LireValeur(4, 19)), 250);
     EXPECT_EQ(std::get<float>(m.LireValeur(4, 33)), 5.0F); // Is, last
 
-    Etude relue;
-    relue.id_protection = ID_PXLP;
-    relue.id_reglage = 4;
-    relue.Kz = 2.0;
-    ASSERT_TRUE(LireReglagesRelais(relue, m));
-    EXPECT_FALSE(relue.FinTR);
     EXPECT_EQ(relue.PXLP.ZonesBloquees, 3);
     EXPECT_EQ(relue.T2, 250);
     EXPECT_TRUE(relue.PXLP.Maitre);
@@ -188,37 +126,13 @@ TEST(MagasinPXLP, LaListeRevientAvecSesTypes) {
 }
 
 // The panel on the example line.
-struct PanneauDuPXLP : ::testing::Test {
-    PanneauDuPXLP() {
-        InscrireRelais();
-        InitRegistre(e);
-        PreparerOuverture(e);
-        LireFichierEtude(
-            std::string(TOURNESOL_EXEMPLES "/") + "champagnier-grande-ile-225kV-pxlp.json", e);
-        options.Choisir(e.TypeReportCharge);
-        InitEtude(e, d, options);
-    }
-    PanneauPXLP& Ouvrir(bool retour) {
-        e.PanneauRelais = retour;
-        p = std::make_unique<PanneauPXLP>(e, scripte);
-        p->Ouvrir();
-        return *p;
-    }
-    static void Saisir(Panneau& p, const std::string& champ, const std::string& texte) {
-        p.Entrer(champ);
-        p.Trouver(champ)->DefinirTexte(texte);
-        p.Quitter(champ);
-    }
-    Etude e;
-    OptionsReport options;
-    DialogueSansFenetre d;
-    DialogueScripte scripte;
-    std::unique_ptr<PanneauPXLP> p;
+struct PanneauDuPXLP : EtudeEtPanneau<PanneauPXLP, DialogueScripte> {
+    PanneauDuPXLP() { Charger("champagnier-grande-ile-225kV-pxlp.json"); }
 };
 
 TEST_F(PanneauDuPXLP, LeRetourCalculeLaFamilleEtLesChampsSontBornes) {
     ASSERT_EQ(e.ErrCalcul, 0);
-    Ouvrir(true);
+    Panneau(true);
     ASSERT_EQ(e.ErrCalcul, 0);
     const RelaisPXLP& r = e.PXLP;
     // The family's defaults and rules: the band from the slip, Rmor twice Rmoc within 200.
@@ -232,16 +146,16 @@ TEST_F(PanneauDuPXLP, LeRetourCalculeLaFamilleEtLesChampsSontBornes) {
     EXPECT_EQ(p->Trouver("txtInerr"), nullptr);
     // A band below 0.2 becomes 0.2; the resistances follow and the remark comes up.
     EXPECT_FALSE(p->Trouver("lblRemarque")->Visible);
-    Saisir(*p, "txt_deltar", "0,1");
+    Saisir("txt_deltar", "0,1");
     EXPECT_DOUBLE_EQ(r.deltaR_BT, 0.2);
     EXPECT_TRUE(p->Trouver("lblRemarque")->Visible);
     EXPECT_EQ(p->Trouver("lbl_Rmoc_HT")->Texte(),
               "(" + p->Trouver("txt_Rmoc_HT")->Texte() + " ohm HT)");
     // A resistance beyond 200 takes 200.
-    Saisir(*p, "txt_rmor_bt", "240");
+    Saisir("txt_rmor_bt", "240");
     EXPECT_EQ(r.Rmor_BT, 200.0);
     // The first zone's percentage gives R/X at once.
-    Saisir(*p, "txtX(0)", "50");
+    Saisir("txtX(0)", "50");
     EXPECT_NEAR(r.RsurX, r.Rmoc_HT / (0.5 * e.XL_eq), 1e-12);
 }
 

@@ -2,24 +2,12 @@
 // two fractions, on the bounds, on ties), the out-of-step and pick-up codings, the shapes and
 // the reaches they give, each rule of the setting guide, the characteristic, the store, and the
 // panel on the example lines (each line kind, the stops and the failures).
-#include "core/Dialogue.h"
-#include "core/Erreurs.h"
-#include "core/Etude.h"
-#include "core/FichierEtude.h"
-#include "core/Magasin.h"
-#include "core/Numerique.h"
-#include "core/Registre.h"
-#include "diagnostics/Diagnostics.h"
-#include "relays/Relais.h"
+#include "EtudeRelais.h"
 #include "relays/razoa/CalculRAZOA.h"
 #include "relays/razoa/PanneauRAZOA.h"
 #include "relays/razoa/TraceRAZOA.h"
-#include "shell/Ouverture.h"
 
-#include <cmath>
 #include <filesystem>
-#include <gtest/gtest.h>
-#include <memory>
 
 using namespace tournesol;
 
@@ -338,13 +326,12 @@ TEST(DiagnosticsRAZOA, ChaqueRegleSePoseEtSEfface) {
     e.Ligne_XAM = 100.0F;
     e.Ligne_X1PB = 1.0F;
     DiagRAZOA(e);
-    for (int n = 50; n <= 56; ++n)
-        EXPECT_FALSE(RegleActive(e, n)) << n;
+    Regles(e, 50, 56, {});
 
     // 50: the phase to phase reach times S below 1.2 X2reg.
     e.X2reg_HT = 10.0 * s / 1.2 + 0.01;
     DiagRAZOA(e);
-    EXPECT_TRUE(RegleActive(e, 50));
+    Regles(e, 50, 56, {50});
     EXPECT_NEAR(ValeurRegle(e, 50), 1.2 * e.X2reg_HT, 1e-12);
     e.X2reg_HT = 5.0;
 
@@ -353,23 +340,22 @@ TEST(DiagnosticsRAZOA, ChaqueRegleSePoseEtSEfface) {
     DiagRAZOA(e);
     const double rf2 = 0.8 * e.XtrDistant + 0.9 * 2.0;
     ASSERT_LT(rf2, 1.15 * (20.0 / 1.5) * s);
-    EXPECT_TRUE(RegleActive(e, 51));
+    Regles(e, 50, 56, {51, 52}); // 52: 1.15 * 16 * S = 17.8 above Rf
     // Zf limit: ((K + 1) Rf / (1.15 S)) / R(phi - teta), R = 2 for the centred circle, in the
     // primary ohms of Zf.
     EXPECT_NEAR(ValeurRegle(e, 51), 1.5 * rf2 / (1.15 * s) / 2.0, 1e-9);
-    EXPECT_TRUE(RegleActive(e, 52)); // 1.15 * 16 * S = 17.8 above Rf
     EXPECT_NEAR(ValeurRegle(e, 52), rf2 / (2.3 * s), 1e-9);
     // Without out of step its zone sees nothing.
     e.RAZOA.AvecPompage = false;
     DiagRAZOA(e);
-    EXPECT_FALSE(RegleActive(e, 52));
+    Regles(e, 50, 56, {51});
     e.RAZOA.AvecPompage = true;
     e.Ligne_XAV = 100.0F;
 
     // 53: 1.8 Z2reg (8 primary) below 1.1 X3reg.
     e.X3reg_HT = 1.8 * 8.0 / 1.1 + 0.01;
     DiagRAZOA(e);
-    EXPECT_TRUE(RegleActive(e, 53));
+    Regles(e, 50, 56, {53});
     EXPECT_NEAR(ValeurRegle(e, 53), 1.1 * e.X3reg_HT / 1.8, 1e-12);
     e.X3reg_HT = 5.0;
 
@@ -377,21 +363,19 @@ TEST(DiagnosticsRAZOA, ChaqueRegleSePoseEtSEfface) {
     e.Ligne_XAM = 10.0F;
     DiagRAZOA(e);
     const double rb = 0.8 * e.XtrProche;
-    EXPECT_TRUE(RegleActive(e, 54));
+    Regles(e, 50, 56, {54, 55});
     EXPECT_NEAR(ValeurRegle(e, 54), rb / 1.15, 1e-12);
-    EXPECT_TRUE(RegleActive(e, 55));
     EXPECT_NEAR(ValeurRegle(e, 55), rb / (2.3 * s), 1e-12);
     e.Ligne_XAM = 100.0F;
 
     // 56: the remote relay's first zone beyond the smallest backward reach (13.33).
     e.Ligne_X1PB = 12.0F;
     DiagRAZOA(e);
-    EXPECT_TRUE(RegleActive(e, 56));
+    Regles(e, 50, 56, {56});
     EXPECT_NEAR(ValeurRegle(e, 56), 1.3 * 12.0 - 1.06 * 2.0, 1e-5);
     e.Ligne_X1PB = 1.0F;
     DiagRAZOA(e);
-    for (int n = 50; n <= 56; ++n)
-        EXPECT_FALSE(RegleActive(e, n)) << n;
+    Regles(e, 50, 56, {});
 }
 
 TEST(CaracteristiqueRAZOA, CercleOuLentilleParCasDeReport) {
@@ -409,8 +393,7 @@ TEST(CaracteristiqueRAZOA, CercleOuLentilleParCasDeReport) {
     EXPECT_EQ(arcs[0].Couleur, 0x00FF00);
     EXPECT_NEAR(arcs[0].Centre.Module, (q * 10.0 - q * 5.0) / 2.0, 1e-9);
     EXPECT_NEAR(arcs[0].Centre.Argument, axe, 1e-9);
-    EXPECT_NEAR(arcs[0].Debut.Re, q * 10.0 * std::cos(axe), 1e-9);
-    EXPECT_NEAR(arcs[0].Debut.Im, q * 10.0 * std::sin(axe), 1e-9);
+    EXPECT_TRUE(Au(arcs[0].Debut, q * 10.0 * std::cos(axe), q * 10.0 * std::sin(axe)));
     EXPECT_NEAR(arcs[0].Fin.Re, arcs[0].Debut.Re, 1e-12);
     // Earth, report case 1: reaches 2 Zf CRm / Ceq and 2 Zr CRm / Ceq on teta.
     e.TypeReportCharge = 1;
@@ -442,7 +425,6 @@ TEST(CaracteristiqueRAZOA, CercleOuLentilleParCasDeReport) {
 }
 
 TEST(MagasinRAZOA, LaListeRevientAvecSesTypes) {
-    InscrireRelais();
     Etude e;
     e.id_protection = ID_RAZOA;
     e.id_reglage = 4;
@@ -462,18 +444,11 @@ TEST(MagasinRAZOA, LaListeRevientAvecSesTypes) {
     r.RGZA = 2;
     e.Is = 5.0F;
     MagasinMemoire m;
-    ASSERT_TRUE(EcrireReglagesRelais(e, m));
-    EXPECT_EQ(m.Taille(), 43u);
+    const Etude relue = AllerRetour(e, m, 43);
     EXPECT_EQ(std::get<std::int16_t>(m.LireValeur(4, 0)), 7);
     EXPECT_EQ(std::get<std::int16_t>(m.LireValeur(4, 23)), -1); // Lentille
     EXPECT_EQ(std::get<float>(m.LireValeur(4, 20)), 60.0F);     // teta
     EXPECT_EQ(std::get<float>(m.LireValeur(4, 41)), 5.0F);      // Is
-
-    Etude relue;
-    relue.id_protection = ID_RAZOA;
-    relue.id_reglage = 4;
-    ASSERT_TRUE(LireReglagesRelais(relue, m));
-    EXPECT_FALSE(relue.FinTR);
     EXPECT_EQ(relue.RAZOA.a, 49);
     EXPECT_EQ(relue.RAZOA.p3, 20);
     EXPECT_EQ(relue.RAZOA.Zf, 3.25);
@@ -486,18 +461,15 @@ TEST(MagasinRAZOA, LaListeRevientAvecSesTypes) {
 }
 
 // The panel on the example lines, headless.
-struct PanneauDuRAZOA : ::testing::Test {
+struct PanneauDuRAZOA : EtudeEtPanneau<PanneauRAZOA> {
     void Charger(const char* fichier) {
         InscrireRelais();
         InitRegistre(e);
         PreparerOuverture(e);
-        LireFichierEtude(std::filesystem::path(TOURNESOL_EXEMPLES) / fichier, e);
+        LireFichierEtude(std::string(TOURNESOL_EXEMPLES "/") + fichier, e);
         options.Choisir(e.TypeReportCharge);
     }
     void Ouvrir() { InitEtude(e, d, options); }
-    Etude e;
-    DialogueSansFenetre d;
-    OptionsReport options;
 };
 
 TEST_F(PanneauDuRAZOA, LeursDefautsAvantLesValeursDuFichier) {
@@ -595,13 +567,10 @@ TEST_F(PanneauDuRAZOA, UneZoneImpossibleArreteLaChaine) {
     Charger("bayet-saint-pourcain-225kV.json");
     Ouvrir();
     ASSERT_EQ(e.ErrCalcul, 0);
-    auto p = std::make_unique<PanneauRAZOA>(e, d);
-    p->Ouvrir();
+    Panneau(e.PanneauRelais);
     const std::size_t avant = d.Messages().size();
     // A third zone far beyond the wheel: the box, the chain stopped, no failure.
-    p->Entrer("txtX3_bt");
-    p->Trouver("txtX3_bt")->DefinirTexte("5000");
-    p->Quitter("txtX3_bt");
+    Saisir("txtX3_bt", "5000");
     EXPECT_TRUE(p->ChaineArretee());
     EXPECT_EQ(e.ErrCalcul, 0);
     ASSERT_GT(d.Messages().size(), avant);

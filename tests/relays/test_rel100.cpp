@@ -2,26 +2,11 @@
 // the direction each zone needs; the corners of the quadrilateral and of the out-of-step zone;
 // each rule of the setting guide set and cleared; the load on a customer link; the stored list;
 // the settings page; the panel.
-#include "../printing/EtudeImprimee.h"
-#include "core/Dialogue.h"
-#include "core/Etude.h"
-#include "core/FichierEtude.h"
-#include "core/Magasin.h"
-#include "core/Numerique.h"
-#include "core/Registre.h"
-#include "diagnostics/Diagnostics.h"
+#include "EtudeRelais.h"
 #include "network/Transit.h"
-#include "printing/Impression.h"
-#include "printing/PageEnregistree.h"
-#include "relays/Relais.h"
 #include "relays/rel100/CalculREL100.h"
 #include "relays/rel100/PanneauREL100.h"
 #include "relays/rel100/TraceREL100.h"
-#include "shell/Ouverture.h"
-
-#include <algorithm>
-#include <cmath>
-#include <gtest/gtest.h>
 
 using namespace tournesol;
 
@@ -65,14 +50,10 @@ TEST(PasREL100, LesReactancesEtLaResistanceSuiventLeCourantNominal) {
 TEST(CaracteristiqueREL100, QuadrilatereZonePompageDirectionnelEtZones) {
     const double t = std::tan(DegToRad(60.0));
     const auto q = Quadrilatere(10.0, 40.0, 15.0, DegToRad(60.0));
-    const double attendus[4][2] = {{10.0 - 15.0 / t, -15.0},
-                                   {10.0 + 40.0 / t, 40.0},
-                                   {-10.0 + 40.0 / t, 40.0},
-                                   {-10.0 - 15.0 / t, -15.0}};
-    for (std::size_t i = 0; i < 4; ++i) {
-        EXPECT_NEAR(q[i].Re, attendus[i][0], 1e-9) << i;
-        EXPECT_NEAR(q[i].Im, attendus[i][1], 1e-9) << i;
-    }
+    EXPECT_TRUE(Au(q[0], 10.0 - 15.0 / t, -15.0));
+    EXPECT_TRUE(Au(q[1], 10.0 + 40.0 / t, 40.0));
+    EXPECT_TRUE(Au(q[2], -10.0 + 40.0 / t, 40.0));
+    EXPECT_TRUE(Au(q[3], -10.0 - 15.0 / t, -15.0));
 
     Etude e;
     e.teta = 60.0F;
@@ -119,13 +100,6 @@ Etude EtudeDesRegles() {
     return e;
 }
 
-void Regles(const Etude& e, std::initializer_list<int> posees) {
-    for (int n = 57; n <= 62; ++n) {
-        const bool attendue = std::find(posees.begin(), posees.end(), n) != posees.end();
-        EXPECT_EQ(RegleActive(e, n), attendue) << "rule " << n;
-    }
-}
-
 TEST(DiagnosticsREL100, ChaqueRegleSePoseEtSEfface) {
     Etude e = EtudeDesRegles();
     // X3 5.5 below 1.2 X2 = 6: rule 57 at 12 primary; the backward Kz X4 = 4 below T = 5.
@@ -133,7 +107,7 @@ TEST(DiagnosticsREL100, ChaqueRegleSePoseEtSEfface) {
     e.X3reg_BT = 5.5;
     e.X4reg_BT = 2.0;
     CalculDiagREL100(e);
-    Regles(e, {57, 62});
+    Regles(e, 57, 62, {57, 62});
     EXPECT_NEAR(ValeurRegle(e, 57), 12.0, 1e-12);
     EXPECT_NEAR(ValeurRegle(e, 62), 5.0, 1e-12);
     // X3 9: 1.15 x 18 = 20.7 clears Rf, its out-of-step 1.25 x 20.7 = 25.875 does not; X4 3:
@@ -142,14 +116,14 @@ TEST(DiagnosticsREL100, ChaqueRegleSePoseEtSEfface) {
     e.X3reg_BT = 9.0;
     e.X4reg_BT = 3.0;
     CalculDiagREL100(e);
-    Regles(e, {59, 61});
+    Regles(e, 57, 62, {59, 61});
     EXPECT_NEAR(ValeurRegle(e, 59), 25.0 / 1.15, 1e-12);
     EXPECT_NEAR(ValeurRegle(e, 61), 8.0 / 1.15, 1e-12);
     // X3 11: 25.3 over Rf; X4 4: 9.2 over Rb.
     e.X3reg_BT = 11.0;
     e.X4reg_BT = 4.0;
     CalculDiagREL100(e);
-    Regles(e, {58, 59, 60, 61});
+    Regles(e, 57, 62, {58, 59, 60, 61});
     EXPECT_NEAR(ValeurRegle(e, 58), 25.0 / 1.15, 1e-12);
     EXPECT_NEAR(ValeurRegle(e, 60), 8.0 / 1.15, 1e-12);
     // Within every margin, and a short line asks nothing of the backward reach.
@@ -157,28 +131,16 @@ TEST(DiagnosticsREL100, ChaqueRegleSePoseEtSEfface) {
     e.X4reg_BT = 1.0;
     e.Ligne_lc = false;
     CalculDiagREL100(e);
-    Regles(e, {});
+    Regles(e, 57, 62, {});
     EXPECT_TRUE(ReglesRapport(e).empty());
 }
 
-// An example line opened as the working window opens it, with the REL 100 in mode "Return".
-struct EtudeREL100 : ::testing::Test {
-    void Ouvrir(const char* fichier, int relais = ID_REL100) {
-        InscrireRelais();
-        InitRegistre(e);
-        PreparerOuverture(e);
-        LireFichierEtude(std::string(TOURNESOL_EXEMPLES) + "/" + fichier, e);
-        e.id_protection = relais;
-        e.PanneauRelais = true;
-        options.Choisir(e.TypeReportCharge);
-        InitEtude(e, d, options);
-        ASSERT_EQ(e.ErrCalcul, 0);
-        e.PanneauRelais = true;
-    }
-    Etude e;
-    OptionsReport options;
-    DialogueSansFenetre d;
+// An example line opened as the working window opens it, with the REL 100 in mode "Return", and
+// its panel.
+struct EtudeREL100 : EtudeEtPanneau<PanneauREL100> {
+    void Ouvrir(const char* fichier) { Charger(fichier, ID_REL100); }
 };
+using PanneauDuREL100 = EtudeREL100;
 
 TEST_F(EtudeREL100, UneLigneMailleeGardeLaZoneDePompageHorsDeLaCharge) {
     Ouvrir("pontcharra-vallon-90kV-rel100.json");
@@ -219,7 +181,6 @@ TEST_F(EtudeREL100, UneLiaisonClienteTropChargeeEstSignalee) {
 }
 
 TEST(MagasinREL100, LaListeRevientAvecSesTypesEtSesPositions) {
-    InscrireRelais();
     Etude e;
     e.id_protection = ID_REL100;
     e.id_reglage = 6;
@@ -231,18 +192,11 @@ TEST(MagasinREL100, LaListeRevientAvecSesTypesEtSesPositions) {
     e.Verrouillage = true;
     e.Is = 5.0F;
     MagasinMemoire m;
-    ASSERT_TRUE(EcrireReglagesRelais(e, m));
-    EXPECT_EQ(m.Taille(), 23u);
+    const Etude relue = AllerRetour(e, m, 23);
     EXPECT_EQ(std::get<double>(m.LireValeur(6, 2)), 41.5);
     EXPECT_EQ(std::get<float>(m.LireValeur(6, 10)), 75.0F);
     EXPECT_EQ(std::get<std::int16_t>(m.LireValeur(6, 14)), 250);
     EXPECT_EQ(std::get<float>(m.LireValeur(6, 22)), 5.0F);
-
-    Etude relue;
-    relue.id_protection = ID_REL100;
-    relue.id_reglage = 6;
-    ASSERT_TRUE(LireReglagesRelais(relue, m));
-    EXPECT_FALSE(relue.FinTR);
     EXPECT_EQ(relue.X3_HT, 41.5);
     EXPECT_EQ(relue.X4reg_HT, 12.25);
     EXPECT_EQ(relue.teta, 75.0F);
@@ -264,15 +218,7 @@ TEST(PageREL100, LesReglagesEnSecondaireEtEnPrimaire) {
     e.T3 = 600;
     e.Teleaction = true;
     e.Acceleration = false;
-    PageEnregistree page;
-    EtatImpression etat;
-    DialogueImpression d(e);
-    Imprimer(e, d, page, etat, {{}, {}, "01/01/2026 - 10:00"});
-    ASSERT_EQ(page.Imprimes.size(), 1u);
-    std::string tout;
-    for (const PageImprimee& p : page.Imprimes[0])
-        for (const std::string& l : PageEnregistree::Lignes(p))
-            tout += l + "\n";
+    const std::string tout = TexteImprime(e);
     for (const char* attendu :
          {"Forward pick up reactance : X3\t8.00 Ω/ph\t18.00 Ω",
           "Pick up resistance : R\t6.50 Ω/ph\t14.63 Ω",
@@ -280,22 +226,6 @@ TEST(PageREL100, LesReglagesEnSecondaireEtEnPrimaire) {
           "Characteristic angle\t75 °", "Forward pick up: T3\t600 ms", "blocking overreach"})
         EXPECT_NE(tout.find(attendu), std::string::npos) << attendu << "\n" << tout;
 }
-
-// The panel on the 90 kV line.
-struct PanneauDuREL100 : EtudeREL100 {
-    PanneauREL100& Panneau(bool retour) {
-        e.PanneauRelais = retour;
-        p = std::make_unique<PanneauREL100>(e, d);
-        p->Ouvrir();
-        return *p;
-    }
-    void Saisir(const std::string& champ, const std::string& texte) {
-        p->Entrer(champ);
-        p->Trouver(champ)->DefinirTexte(texte);
-        p->Quitter(champ);
-    }
-    std::unique_ptr<PanneauREL100> p;
-};
 
 TEST_F(PanneauDuREL100, LesSaisiesVontAuxPasEtLesReglesSuivent) {
     Ouvrir("pontcharra-vallon-90kV-rel100.json");

@@ -2,28 +2,14 @@
 // steps, the resistance and the internal out-of-step resistance; its three quadrilaterals; each
 // rule of the setting guide set and cleared on primary reaches; the resistive reach from the load
 // area; the stored list; the settings page; the panel.
-#include "../printing/EtudeImprimee.h"
-#include "core/Dialogue.h"
-#include "core/Etude.h"
-#include "core/FichierEtude.h"
+#include "EtudeRelais.h"
 #include "core/Format.h"
-#include "core/Magasin.h"
-#include "core/Numerique.h"
-#include "core/Registre.h"
-#include "diagnostics/Diagnostics.h"
-#include "printing/Impression.h"
-#include "printing/PageEnregistree.h"
-#include "relays/Relais.h"
 #include "relays/rez1/CalculREZ1.h"
 #include "relays/rez1/PanneauREZ1.h"
 #include "relays/rez1/TraceREZ1.h"
-#include "shell/Ouverture.h"
-
-#include <algorithm>
-#include <cmath>
-#include <gtest/gtest.h>
 
 using namespace tournesol;
+using namespace std::string_literals;
 
 namespace {
 
@@ -104,13 +90,6 @@ TEST(CaracteristiqueREZ1, TroisQuadrilateresDirectionnelEtZones) {
     EXPECT_NEAR(s[14].A.Im, 15.0, 1e-9);
 }
 
-void Regles(const Etude& e, std::initializer_list<int> posees) {
-    for (int n = 64; n <= 70; ++n) {
-        const bool attendue = std::find(posees.begin(), posees.end(), n) != posees.end();
-        EXPECT_EQ(RegleActive(e, n), attendue) << "rule " << n;
-    }
-}
-
 // XAV 20, XL_eq 10: Rf = 25; XAM 10: Rb = 8; X1PB 12: T = 15.6 - 10.6 = 5. All primary.
 TEST(DiagnosticsREZ1, ChaqueRegleSePoseEtSEfface) {
     Etude e;
@@ -130,13 +109,13 @@ TEST(DiagnosticsREZ1, ChaqueRegleSePoseEtSEfface) {
     };
     // X3 11 below 1.2 x 10; the external zone 1.4375 x 13 = 18.7 beyond Rb; Xar 4 below T.
     regler(10.0, 11.0, 4.0, 13.0);
-    Regles(e, {64, 69, 70});
+    Regles(e, 64, 70, {64, 69, 70});
     EXPECT_NEAR(ValeurRegle(e, 64), 12.0, 1e-12);
     EXPECT_NEAR(ValeurRegle(e, 69), 0.9 * 8.0 / 1.1, 1e-12);
     EXPECT_NEAR(ValeurRegle(e, 70), 5.0, 1e-12);
     // X3 22: 25.3 beyond Rf; Zpi 20: 28.75 beyond Rf and below 1.15 X3; Xar 7.5: 8.625 beyond Rb.
     regler(10.0, 22.0, 7.5, 20.0);
-    Regles(e, {65, 66, 67, 68, 69});
+    Regles(e, 64, 70, {65, 66, 67, 68, 69});
     EXPECT_NEAR(ValeurRegle(e, 65), 0.9 * 25.0 / 1.1, 1e-12);
     EXPECT_NEAR(ValeurRegle(e, 66), 0.9 * 25.0 / 1.1, 1e-12);
     EXPECT_NEAR(ValeurRegle(e, 67), 0.9 * 20.0 / 1.1, 1e-12);
@@ -144,30 +123,15 @@ TEST(DiagnosticsREZ1, ChaqueRegleSePoseEtSEfface) {
     // Within every margin on a short line.
     e.Ligne_lc = false;
     regler(3.0, 4.0, 2.0, 5.0);
-    Regles(e, {});
+    Regles(e, 64, 70, {});
 }
 
-// An example line opened as the working window opens it, with the REZ1 in mode "Return".
-struct EtudeREZ1 : ::testing::Test {
-    void Ouvrir(const char* fichier) {
-        InscrireRelais();
-        InitRegistre(e);
-        PreparerOuverture(e);
-        LireFichierEtude(std::string(TOURNESOL_EXEMPLES) + "/" + fichier, e);
-        e.id_protection = ID_REZ1;
-        e.PanneauRelais = true;
-        options.Choisir(e.TypeReportCharge);
-        InitEtude(e, d, options);
-        ASSERT_EQ(e.ErrCalcul, 0);
-        e.PanneauRelais = true;
-    }
-    Etude e;
-    OptionsReport options;
-    DialogueSansFenetre d;
+// The panel of the REZ1 on its example line, opened in mode "Return".
+struct PanneauDuREZ1 : EtudeEtPanneau<PanneauREZ1> {
+    PanneauDuREZ1() { Charger("champagnier-grande-ile-225kV-rez1.json", ID_REZ1); }
 };
 
-TEST_F(EtudeREZ1, LaZoneExterneResteHorsDeLaChargeEtPompageAuDelaDeLaTroisiemeZone) {
-    Ouvrir("champagnier-grande-ile-225kV-rez1.json");
+TEST_F(PanneauDuREZ1, LaZoneExterneResteHorsDeLaChargeEtPompageAuDelaDeLaTroisiemeZone) {
     CalculZonesREZ1(e);
     CalculPompageREZ1(e);
     CalculResistanceREZ1(e, d);
@@ -181,7 +145,6 @@ TEST_F(EtudeREZ1, LaZoneExterneResteHorsDeLaChargeEtPompageAuDelaDeLaTroisiemeZo
 }
 
 TEST(MagasinREZ1, LaListeRevientAvecSesTypesEtSesPositions) {
-    InscrireRelais();
     Etude e;
     e.id_protection = ID_REZ1;
     e.id_reglage = 8;
@@ -191,19 +154,11 @@ TEST(MagasinREZ1, LaListeRevientAvecSesTypesEtSesPositions) {
     e.teta = 80.0F;
     e.T4 = 1500;
     e.Acceleration = true;
-    e.Is = 1.0F;
     MagasinMemoire m;
-    ASSERT_TRUE(EcrireReglagesRelais(e, m));
-    EXPECT_EQ(m.Taille(), 26u);
+    const Etude relue = AllerRetour(e, m, 26);
     EXPECT_EQ(std::get<double>(m.LireValeur(8, 9)), 44.5);
     EXPECT_EQ(std::get<float>(m.LireValeur(8, 13)), 80.0F);
     EXPECT_EQ(std::get<std::int16_t>(m.LireValeur(8, 19)), 1500);
-
-    Etude relue;
-    relue.id_protection = ID_REZ1;
-    relue.id_reglage = 8;
-    ASSERT_TRUE(LireReglagesRelais(relue, m));
-    EXPECT_FALSE(relue.FinTR);
     EXPECT_EQ(relue.REZ1.Zpireg_HT, 44.5);
     EXPECT_EQ(relue.REZ1.Rpi_HT, 30.25);
     EXPECT_EQ(relue.X4_HT, 7.0);
@@ -217,44 +172,20 @@ TEST(PageREZ1, LesZonesEtLePompageEnSecondaireEtEnPrimaire) {
     RemplirEtudeImprimee(e);
     e.id_protection = ID_REZ1;
     const double kz = e.Kz;
-    ASSERT_GT(kz, 0.0);
     e.X3reg_HT = 20.0 * kz;
     e.REZ1.Zpireg_HT = 24.0 * kz;
     e.T3 = 800;
     e.Teleaction = false;
-    PageEnregistree page;
-    EtatImpression etat;
-    DialogueImpression d(e);
-    Imprimer(e, d, page, etat, {{}, {}, "01/01/2026 - 10:00"});
-    ASSERT_EQ(page.Imprimes.size(), 1u);
-    std::string tout;
-    for (const PageImprimee& p : page.Imprimes[0])
-        for (const std::string& l : PageEnregistree::Lignes(p))
-            tout += l + "\n";
+    const std::string tout = TexteImprime(e);
     const std::string zpe = FormaterNombre(30.0 * kz, "##0.00");
-    const std::vector<std::string> attendus{
-        "Third zone reactance : X3\t20.00 Ω/ph\t", "Internal reach : Zpi\t24.00 Ω/ph",
-        "External reach : Zpe\t30.00 Ω/ph\t" + zpe + " Ω", "Third zone: T3\t800 ms", "no signal"};
-    for (const std::string& attendu : attendus)
+    for (const std::string& attendu :
+         {"Third zone reactance : X3\t20.00 Ω/ph\t"s, "Internal reach : Zpi\t24.00 Ω/ph"s,
+          "External reach : Zpe\t30.00 Ω/ph\t" + zpe + " Ω", "Third zone: T3\t800 ms"s,
+          "no signal"s})
         EXPECT_NE(tout.find(attendu), std::string::npos) << attendu << "\n" << tout;
 }
 
-struct PanneauDuREZ1 : EtudeREZ1 {
-    void Panneau(bool retour) {
-        e.PanneauRelais = retour;
-        p = std::make_unique<PanneauREZ1>(e, d);
-        p->Ouvrir();
-    }
-    void Saisir(const std::string& champ, const std::string& texte) {
-        p->Entrer(champ);
-        p->Trouver(champ)->DefinirTexte(texte);
-        p->Quitter(champ);
-    }
-    std::unique_ptr<PanneauREZ1> p;
-};
-
 TEST_F(PanneauDuREZ1, LesSaisiesVontAuxPasEtLesReglesSuivent) {
-    Ouvrir("champagnier-grande-ile-225kV-rez1.json");
     Panneau(false);
     ASSERT_EQ(e.ErrCalcul, 0);
     EXPECT_EQ(p->Nom(), "frmREZ1");
@@ -277,7 +208,6 @@ TEST_F(PanneauDuREZ1, LesSaisiesVontAuxPasEtLesReglesSuivent) {
 }
 
 TEST_F(PanneauDuREZ1, OkCadreLePlanSurLaZoneExterne) {
-    Ouvrir("champagnier-grande-ile-225kV-rez1.json");
     Panneau(true);
     ASSERT_EQ(e.ErrCalcul, 0);
     p->ValiderBouton();

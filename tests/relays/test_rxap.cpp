@@ -1,24 +1,13 @@
 // The RXAP's rules worked out by hand: the zones on the wheels (series and parallel, the two
 // directions, the ends of the table), the common step's earth factor and reaches of a circle,
 // the variant deduced from the options, and its rules of the setting guide.
-#include "core/Dialogue.h"
-#include "core/Erreurs.h"
-#include "core/Etude.h"
-#include "core/FichierEtude.h"
-#include "core/Magasin.h"
-#include "core/Numerique.h"
-#include "diagnostics/Diagnostics.h"
+#include "EtudeRelais.h"
 #include "network/Transit.h"
-#include "relays/Relais.h"
 #include "relays/rxap/CalculRXAP.h"
 #include "relays/rxap/PanneauRXAP.h"
 #include "relays/rxap/TraceRXAP.h"
-#include "shell/Ouverture.h"
 
-#include <algorithm>
-#include <cmath>
 #include <filesystem>
-#include <gtest/gtest.h>
 
 using namespace tournesol;
 
@@ -172,8 +161,7 @@ TEST(RXAP, ReglesDuGuide) {
     r.PorteeAv = {5.0, 12.6, 5.0, 12.6};
     r.PorteeAr = {5.0, 9.0, 5.0, 9.0};
     DiagRXAP(e);
-    for (int n = 71; n <= 76; ++n)
-        EXPECT_TRUE(RegleActive(e, n)) << n;
+    Regles(e, 71, 76, {71, 72, 73, 74, 75, 76});
     EXPECT_DOUBLE_EQ(ValeurRegle(e, 71), 12.0);
     EXPECT_NEAR(ValeurRegle(e, 72), 25.0 / 1.15, 1e-12);
     EXPECT_NEAR(ValeurRegle(e, 73), 25.0 / 1.15, 1e-12);
@@ -185,18 +173,13 @@ TEST(RXAP, ReglesDuGuide) {
     r.PorteeAv = {6.1, 10.8, 5.0, 10.8};
     r.PorteeAr = {7.8, 8.6, 7.8, 8.6};
     DiagRXAP(e);
-    for (int n = 71; n <= 76; ++n)
-        EXPECT_FALSE(RegleActive(e, n)) << n;
+    Regles(e, 71, 76, {});
     // 76 is for long lines only; the out-of-step rules look at the out-of-step reaches alone.
     r.PorteeAr = {5.0, 8.6, 5.0, 9.0};
     r.PorteeAv[3] = 12.6;
     e.Ligne_lc = false;
     DiagRXAP(e);
-    EXPECT_FALSE(RegleActive(e, 76));
-    EXPECT_FALSE(RegleActive(e, 72));
-    EXPECT_TRUE(RegleActive(e, 73));
-    EXPECT_FALSE(RegleActive(e, 74));
-    EXPECT_TRUE(RegleActive(e, 75));
+    Regles(e, 71, 76, {73, 75});
 }
 
 TEST(RXAP, PriseSurUneLigneMaillee) {
@@ -230,14 +213,9 @@ TEST(RXAP, PriseSurUneLigneMaillee) {
 namespace {
 
 // The 90 kV example line with its RXAP, opened as the program opens it.
-struct EtudeRXAP90 : ::testing::Test {
+struct EtudeRXAP90 : EtudeEtPanneau<PanneauRXAP> {
     EtudeRXAP90() {
-        InscrireRelais();
-        PreparerOuverture(e);
-        LireFichierEtude(
-            std::filesystem::path(TOURNESOL_EXEMPLES) / "pontcharra-vallon-90kV-rxap.json", e);
-        options.Choisir(e.TypeReportCharge);
-        InitEtude(e, d, options);
+        Charger("pontcharra-vallon-90kV-rxap.json");
         DefautsRXAP(e);
     }
     // The smallest of the values f over the six load points of the cases 0 and 2.
@@ -246,9 +224,9 @@ struct EtudeRXAP90 : ::testing::Test {
         for (const Entier16 cas : {Entier16{0}, Entier16{2}}) {
             e.TypeReportCharge = cas;
             TransitCalc(e);
-            const auto p = PointsTransitTires(e);
+            const auto points = PointsTransitTires(e);
             for (std::size_t i = 0; i < 6; ++i)
-                m = std::min(m, f(p[i]));
+                m = std::min(m, f(points[i]));
         }
         return m;
     }
@@ -258,16 +236,6 @@ struct EtudeRXAP90 : ::testing::Test {
             !p->Trouver(option)->Valeur || p->Description(option)->Genre == GenreChamp::Option;
         p->Cliquer(option);
     }
-    PanneauRXAP& Ouvrir(bool retour) {
-        e.PanneauRelais = retour;
-        p = std::make_unique<PanneauRXAP>(e, d);
-        p->Ouvrir();
-        return *p;
-    }
-    Etude e;
-    OptionsReport options;
-    DialogueSansFenetre d;
-    std::unique_ptr<PanneauRXAP> p;
 };
 
 } // namespace
@@ -340,7 +308,7 @@ TEST_F(EtudeRXAP90, LiaisonClienteEtLiaisonDeCentrale) {
     // The ellipse is not foreseen on a customer link: the panel says so and changes nothing.
     e.RXAP = RelaisRXAP{};
     DefautsRXAP(e);
-    Ouvrir(true);
+    Panneau(true);
     const RelaisRXAP avant = e.RXAP;
     const auto drapeaux = e.DiagDrapeaux;
     p->ChoixOnglet(1);
@@ -354,7 +322,7 @@ TEST_F(EtudeRXAP90, LiaisonClienteEtLiaisonDeCentrale) {
     // On a plant link every change of sheet warns; the ellipse stops with its own message.
     e.Ligne_alim = 1;
     e.RXAP.Cercle = true;
-    Ouvrir(false);
+    Panneau(false);
     ASSERT_EQ(e.ErrCalcul, 0);
     const std::size_t n = d.Messages().size();
     p->ChoixOnglet(1);
@@ -366,7 +334,7 @@ TEST_F(EtudeRXAP90, LiaisonClienteEtLiaisonDeCentrale) {
 }
 
 TEST_F(EtudeRXAP90, LePanneauCalculeEtMontreLaVariante) {
-    PanneauRXAP& panneau = Ouvrir(true);
+    PanneauRXAP& panneau = Panneau(true);
     ASSERT_EQ(e.ErrCalcul, 0);
     EXPECT_EQ(panneau.Trouver("Label7")->Texte(),
               "RXAP 6205, with image, 5 A, with or without acceleration, for long line");
@@ -374,18 +342,14 @@ TEST_F(EtudeRXAP90, LePanneauCalculeEtMontreLaVariante) {
     EXPECT_FALSE(panneau.Trouver("txtfocale")->Visible);
     // A desired first zone of 2.5 typed: below 3.2 it is in parallel, searched at 5, and the
     // first zone takes the value below it, 4.75.
-    panneau.Entrer("txtx1_bt");
-    panneau.Trouver("txtx1_bt")->DefinirTexte("2.5");
-    panneau.Quitter("txtx1_bt");
+    Saisir("txtx1_bt", "2.5");
     EXPECT_FLOAT_EQ(e.RXAP.N1, 4.75F);
     EXPECT_NEAR(e.X1reg_BT, 4.75 / 2.0, 1e-6);
     EXPECT_TRUE(panneau.Trouver("lblParallele1")->Visible);
     EXPECT_FALSE(panneau.Trouver("lblSerie1")->Visible);
     // The earth factor to its tenth within 0.4 to 1.
     panneau.ChoixOnglet(2);
-    panneau.Entrer("txtkoprot");
-    panneau.Trouver("txtkoprot")->DefinirTexte("1.34");
-    panneau.Quitter("txtkoprot");
+    Saisir("txtkoprot", "1.34");
     EXPECT_DOUBLE_EQ(e.RXAP.K, 1.0);
     // Without image the variant is the 6005; the ellipse hides the type and the image.
     panneau.ChoixOnglet(1);
@@ -416,8 +380,7 @@ TEST(RXAP, CaracteristiqueCercleEtEllipse) {
     ASSERT_EQ(f.Arcs.size(), 2u);
     ASSERT_EQ(f.Segments.size(), 3u); // directional, two zones
     const double a30 = 55.0 * PI / 180.0;
-    EXPECT_NEAR(f.Arcs[0].Centre.Re, q * std::cos(a30), 1e-9);
-    EXPECT_NEAR(f.Arcs[0].Centre.Im, q * std::sin(a30), 1e-9);
+    EXPECT_TRUE(Au(f.Arcs[0].Centre, q * std::cos(a30), q * std::sin(a30)));
     EXPECT_NEAR(f.Arcs[0].Debut.Module, q * 4.0, 1e-9); // through Image + MR
     EXPECT_NEAR(f.Arcs[1].Debut.Module, q * 5.5, 1e-9);
     // Each zone line ends on the pick-up circle on its right.

@@ -2,52 +2,30 @@
 // thresholds and their oddities, the out-of-step rectangles and forward zone from the load on a
 // meshed line and on a customer link, KR, its rules of the setting guide, its circles and
 // quadrilaterals, its list in the store, and its panel on a plant link.
-#include "core/Dialogue.h"
-#include "core/Erreurs.h"
-#include "core/Etude.h"
-#include "core/FichierEtude.h"
-#include "core/Magasin.h"
-#include "core/Numerique.h"
-#include "diagnostics/Diagnostics.h"
+#include "EtudeRelais.h"
 #include "network/Transit.h"
-#include "relays/Relais.h"
 #include "relays/s321/CalculS321.h"
 #include "relays/s321/PanneauS321.h"
 #include "relays/s321/TraceS321.h"
-#include "shell/Ouverture.h"
 
-#include <algorithm>
-#include <cmath>
 #include <filesystem>
-#include <gtest/gtest.h>
 
 using namespace tournesol;
 
 namespace {
 
-struct EtudeS321 : ::testing::Test {
-    EtudeS321() {
-        InscrireRelais();
-        PreparerOuverture(e);
-        LireFichierEtude(std::filesystem::path(TOURNESOL_EXEMPLES) /
-                             "grande-ile-champagnier-225kV-s321.json",
-                         e);
-        options.Choisir(e.TypeReportCharge);
-        InitEtude(e, d, options);
-    }
+struct EtudeS321 : EtudeEtPanneau<PanneauS321> {
+    EtudeS321() { Charger("grande-ile-champagnier-225kV-s321.json"); }
     // The smallest of f over the six load points of the report case.
     template <class F> double PlusPetit(Entier16 cas, F f) {
         e.TypeReportCharge = cas;
         TransitCalc(e);
-        const auto p = PointsTransitTires(e);
+        const auto points = PointsTransitTires(e);
         double m = 1e300;
         for (std::size_t i = 0; i < 6; ++i)
-            m = std::min(m, f(p[i], i));
+            m = std::min(m, f(points[i], i));
         return m;
     }
-    Etude e;
-    OptionsReport options;
-    DialogueSansFenetre d;
 };
 
 constexpr double DM = 0.9 / 1.1;
@@ -216,9 +194,7 @@ TEST(S321, ReglesDuGuide) {
     r.XG4 = r.Z4MG = r.X1T6 = 22.0;
     r.XG3 = r.Z3MG = r.X1B6 = 16.5;
     DiagS321(e);
-    for (int n = 79; n <= 86; ++n)
-        EXPECT_TRUE(RegleActive(e, n)) << n;
-    EXPECT_FALSE(RegleActive(e, 87));
+    Regles(e, 79, 87, {79, 80, 81, 82, 83, 84, 85, 86});
     EXPECT_DOUBLE_EQ(ValeurRegle(e, 79), 24.0);
     EXPECT_DOUBLE_EQ(ValeurRegle(e, 82), 25.0 / 1.15);
     EXPECT_DOUBLE_EQ(ValeurRegle(e, 86), 18.4 / 1.15);
@@ -228,8 +204,7 @@ TEST(S321, ReglesDuGuide) {
     r.XG2 = r.Z2MG = 18.0;
     r.XG3 = r.Z3MG = r.X1B6 = 15.9;
     DiagS321(e);
-    for (int n = 79; n <= 87; ++n)
-        EXPECT_FALSE(RegleActive(e, n)) << n;
+    Regles(e, 79, 87, {});
     // 87 looks at the forward zone, phase to phase or phase to earth, on long lines only.
     r.XG4 = 15.0;
     DiagS321(e);
@@ -256,8 +231,7 @@ TEST(S321, CerclesEtQuadrilateres) {
     // turned round.
     EXPECT_NEAR(f.Arcs[0].Centre.Module, 5.0, 1e-12);
     EXPECT_NEAR(f.Arcs[0].Debut.Module, 10.0, 1e-12);
-    EXPECT_NEAR(f.Arcs[2].Centre.Re, -2.0 * std::cos(e.PHI_eq), 1e-12);
-    EXPECT_NEAR(f.Arcs[2].Centre.Im, -2.0 * std::sin(e.PHI_eq), 1e-12);
+    EXPECT_TRUE(Au(f.Arcs[2].Centre, -2.0 * std::cos(e.PHI_eq), -2.0 * std::sin(e.PHI_eq), 1e-12));
     EXPECT_EQ(f.Arcs[3].Couleur, e.CouleurTriphase);
     for (const SegmentImage& s : f.Segments)
         EXPECT_TRUE(EmplacementVide(s)); // no out of step
@@ -300,7 +274,6 @@ TEST(S321, CerclesEtQuadrilateres) {
 }
 
 TEST(S321, LaListeDuMagasinRevient) {
-    InscrireRelais();
     Etude e;
     e.id_protection = ID_S321;
     RelaisS321& r = e.S321;
@@ -334,11 +307,10 @@ TEST_F(EtudeS321, SurUneLiaisonDeCentraleLePanneauAvertitEtNeCalculeRien) {
     e.Ligne_alim = 1;
     e.PanneauRelais = true;
     const RelaisS321 avant = e.S321;
-    PanneauS321 p(e, d);
-    p.Ouvrir();
+    Panneau(true);
     ASSERT_EQ(e.ErrCalcul, 0);
     const std::size_t n = d.Messages().size();
-    p.ChoixOnglet(1);
+    p->ChoixOnglet(1);
     ASSERT_EQ(d.Messages().size(), n + 1);
     EXPECT_EQ(d.Messages().back().sMessage,
               "Attention, the case of the plant - substation links is not studied for the "

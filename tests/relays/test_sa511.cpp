@@ -2,28 +2,13 @@
 // the four resistances from the load distance and the load angle, the zones, the load distances
 // of each kind of feed, each rule of the setting guide, the stored list, the settings page with
 // the parameter codes, and the panel.
-#include "../printing/EtudeImprimee.h"
-#include "core/Dialogue.h"
-#include "core/Erreurs.h"
-#include "core/Etude.h"
-#include "core/FichierEtude.h"
-#include "core/Magasin.h"
-#include "core/Numerique.h"
-#include "core/Registre.h"
-#include "diagnostics/Diagnostics.h"
+#include "EtudeRelais.h"
 #include "network/Transit.h"
-#include "printing/Impression.h"
-#include "printing/PageEnregistree.h"
-#include "relays/Relais.h"
 #include "relays/sa511/CalculSA511.h"
 #include "relays/sa511/PanneauSA511.h"
 #include "relays/sa511/TraceSA511.h"
-#include "shell/Ouverture.h"
 
-#include <algorithm>
-#include <cmath>
 #include <functional>
-#include <gtest/gtest.h>
 
 using namespace tournesol;
 
@@ -118,28 +103,22 @@ TEST(CaracteristiqueSA511, PolygonesDirectionnelEtZones) {
     // The pick-up in primary ohms: its top from (-20, 40) to (20, 40).
     EXPECT_EQ(s[0].Couleur, 0x00FF00);
     EXPECT_NEAR(s[0].A.Re, -20.0, 1e-9);
-    EXPECT_NEAR(s[0].B.Re, 20.0, 1e-9);
-    EXPECT_NEAR(s[0].B.Im, 40.0, 1e-9);
+    EXPECT_TRUE(Au(s[0].B, 20.0, 40.0));
     // The band 3 ohms outside it.
     EXPECT_EQ(s[12].Couleur, 0xFF0000);
-    EXPECT_NEAR(s[12].B.Re, 23.0, 1e-9);
-    EXPECT_NEAR(s[12].B.Im, 43.0, 1e-9);
+    EXPECT_TRUE(Au(s[12].B, 23.0, 43.0));
     // The directional line through the origin at -45 degrees, of radius R2E Kz / cos 45.
     const SegmentImage& dir = s[24];
     EXPECT_EQ(dir.Couleur, 0x00FFFF);
     EXPECT_EQ(dir.Style, 1);
-    EXPECT_NEAR(dir.A.Re, -12.0, 1e-9);
-    EXPECT_NEAR(dir.A.Im, 12.0, 1e-9);
-    EXPECT_NEAR(dir.B.Re, 12.0, 1e-9);
-    EXPECT_NEAR(dir.B.Im, -12.0, 1e-9);
+    EXPECT_TRUE(Au(dir.A, -12.0, 12.0));
+    EXPECT_TRUE(Au(dir.B, 12.0, -12.0));
     // The first zone: its reach at 8 from -8 (8 / tan 45) to R1E Kz = 6, its resistive side
     // from (6, -6) up to (6, 8).
     EXPECT_EQ(s[25].Style, 2);
     EXPECT_NEAR(s[25].A.Re, -8.0, 1e-9);
-    EXPECT_NEAR(s[25].B.Re, 6.0, 1e-9);
-    EXPECT_NEAR(s[25].B.Im, 8.0, 1e-9);
-    EXPECT_NEAR(s[26].A.Re, 6.0, 1e-9);
-    EXPECT_NEAR(s[26].A.Im, -6.0, 1e-9);
+    EXPECT_TRUE(Au(s[25].B, 6.0, 8.0));
+    EXPECT_TRUE(Au(s[26].A, 6.0, -6.0));
     // The second zone's reach at 16.
     EXPECT_NEAR(s[27].A.Im, 16.0, 1e-9);
     EXPECT_NEAR(s[28].B.Re, 12.0, 1e-9);
@@ -281,25 +260,13 @@ TEST(ZonesSA511, LesResistancesDesZonesSuiventLaMiseEnRoute) {
     EXPECT_EQ(r.Te, 0.01);
 }
 
-// An example line opened as the working window opens it, with the 7SA511 in mode "Return".
-struct EtudeSA511 : ::testing::Test {
-    void Ouvrir(const char* fichier) {
-        InscrireRelais();
-        InitRegistre(e);
-        PreparerOuverture(e);
-        LireFichierEtude(std::string(TOURNESOL_EXEMPLES) + "/" + fichier, e);
-        e.id_protection = ID_SA511;
-        e.PanneauRelais = true;
-        options.Choisir(e.TypeReportCharge);
-        InitEtude(e, d, options);
-        ASSERT_EQ(e.ErrCalcul, 0);
-        e.PanneauRelais = true; // the working window puts "Modify" back once the panel closed
-    }
-    Etude e;
-    OptionsReport options;
-    DialogueSansFenetre d;
+// An example line opened as the working window opens it, with the 7SA511 in mode "Return", and
+// its panel.
+struct EtudeSA511 : EtudeEtPanneau<PanneauSA511> {
+    void Ouvrir(const char* fichier) { Charger(fichier, ID_SA511); }
     DistancesCharge distances;
 };
+using PanneauDuSA511 = EtudeSA511;
 
 TEST_F(EtudeSA511, UneLigneMailleeRegardeLesDeuxCasDeReport) {
     Ouvrir("chesnoy-villevaude-400kV-double.json");
@@ -382,12 +349,7 @@ Etude Conforme() {
 }
 
 TEST(DiagnosticsSA511, ChaqueRegleSePoseEtSEfface) {
-    struct Cas {
-        std::vector<int> regles;
-        std::function<void(Etude&)> changer;
-        double limite; // of the first rule
-    };
-    const std::vector<Cas> cas{
+    const std::vector<CasRegles> cas{
         {{1}, [](Etude& e) { e.SA511.XV = 11.0; }, 12.0},
         // Without remote transformers the forward reach and its band pass the line.
         {{2, 3}, [](Etude& e) { e.Ligne_XAV = 0.0F; }, 18.0 / 1.15},
@@ -413,21 +375,7 @@ TEST(DiagnosticsSA511, ChaqueRegleSePoseEtSEfface) {
          },
          65.0 - 21.2},
     };
-    for (const Cas& c : cas) {
-        Etude e = Conforme();
-        c.changer(e);
-        CalculDiagSA511(e);
-        for (int n = 1; n <= 6; ++n) {
-            const bool attendue = std::find(c.regles.begin(), c.regles.end(), n) != c.regles.end();
-            EXPECT_EQ(RegleActive(e, n), attendue) << c.regles[0] << " rule " << n;
-        }
-        EXPECT_NEAR(ValeurRegle(e, c.regles[0]), c.limite, 1e-5) << c.regles[0];
-        Etude remis = Conforme();
-        remis.DiagDrapeaux = e.DiagDrapeaux;
-        CalculDiagSA511(remis);
-        for (int n = 1; n <= 6; ++n)
-            EXPECT_FALSE(RegleActive(remis, n)) << c.regles[0] << " stays " << n;
-    }
+    ReglesPoseesEtEffacees(Conforme, CalculDiagSA511, 1, 6, cas, 1e-5);
     // The long line alone does not set rule 6 while the backward reach covers the remote first
     // zone.
     Etude e = Conforme();
@@ -435,10 +383,14 @@ TEST(DiagnosticsSA511, ChaqueRegleSePoseEtSEfface) {
     e.Ligne_X1PB = 20.0F; // T = 26 - 21.2 = 4.8 < 5
     CalculDiagSA511(e);
     EXPECT_FALSE(RegleActive(e, 6));
+    // Nor does a short line, however far the remote first zone reaches.
+    e.Ligne_lc = false;
+    e.Ligne_X1PB = 50.0F;
+    CalculDiagSA511(e);
+    EXPECT_FALSE(RegleActive(e, 6));
 }
 
 TEST(MagasinSA511, LaListeRevientAvecSesTypesEtSesPositions) {
-    InscrireRelais();
     Etude e;
     e.id_protection = ID_SA511;
     e.id_reglage = 4;
@@ -452,8 +404,7 @@ TEST(MagasinSA511, LaListeRevientAvecSesTypesEtSesPositions) {
     r.Tvs = 0.05;
     e.Is = 5.0F;
     MagasinMemoire m;
-    ASSERT_TRUE(EcrireReglagesRelais(e, m));
-    EXPECT_EQ(m.Taille(), 48u);
+    const Etude relue = AllerRetour(e, m, 48);
     EXPECT_EQ(std::get<double>(m.LireValeur(4, 0)), 2.5);
     EXPECT_EQ(std::get<std::int16_t>(m.LireValeur(4, 4)), 2);
     EXPECT_EQ(std::get<double>(m.LireValeur(4, 20)), 20.0);
@@ -461,12 +412,6 @@ TEST(MagasinSA511, LaListeRevientAvecSesTypesEtSesPositions) {
     EXPECT_EQ(std::get<std::int16_t>(m.LireValeur(4, 29)), -1);
     EXPECT_EQ(std::get<double>(m.LireValeur(4, 40)), 0.05);
     EXPECT_EQ(std::get<float>(m.LireValeur(4, 47)), 5.0F);
-
-    Etude relue;
-    relue.id_protection = ID_SA511;
-    relue.id_reglage = 4;
-    ASSERT_TRUE(LireReglagesRelais(relue, m));
-    EXPECT_FALSE(relue.FinTR);
     EXPECT_EQ(relue.SA511.ProgBlocage, 2);
     EXPECT_EQ(relue.SA511.Tempo, r.Tempo);
     EXPECT_TRUE(relue.Teleaction);
@@ -536,32 +481,10 @@ TEST(PageSA511, LesReglagesPortentLeursCodes) {
 
     // The relay's settings alone: no line page, the settings on a page of their own.
     e.ImpParties = {false, false, true};
-    PageEnregistree seule;
-    Imprimer(e, d, seule, etat, {{}, {}, "01/01/2026 - 10:00"});
-    ASSERT_EQ(seule.Imprimes.size(), 1u);
-    std::string reglages;
-    for (const PageImprimee& p : seule.Imprimes[0])
-        for (const std::string& l : PageEnregistree::Lignes(p))
-            reglages += l + "\n";
+    const std::string reglages = TexteImprime(e);
     EXPECT_EQ(reglages.find("(1117)"), std::string::npos);
     EXPECT_NE(reglages.find("Pick up setting"), std::string::npos);
 }
-
-// The panel on the double circuit line.
-struct PanneauDuSA511 : EtudeSA511 {
-    PanneauSA511& Panneau(bool retour) {
-        e.PanneauRelais = retour;
-        p = std::make_unique<PanneauSA511>(e, d);
-        p->Ouvrir();
-        return *p;
-    }
-    void Saisir(const std::string& champ, const std::string& texte) {
-        p->Entrer(champ);
-        p->Trouver(champ)->DefinirTexte(texte);
-        p->Quitter(champ);
-    }
-    std::unique_ptr<PanneauSA511> p;
-};
 
 TEST_F(PanneauDuSA511, LesFeuillesDansLOrdreDeLaChaineEtLesCodesDansLesLegendes) {
     Ouvrir("chesnoy-villevaude-400kV-double.json");
