@@ -1,27 +1,11 @@
 // The PXLC-PSEL, worked out by hand: the zone percentages in whole per cents, the band and the two
 // loop resistances taken to their steps, each rule of the setting guide set and cleared, the
 // characteristic, the stored list, the panel's fields and the settings pages.
-#include "../printing/EtudeImprimee.h"
-#include "core/Dialogue.h"
-#include "core/Etude.h"
-#include "core/FichierEtude.h"
+#include "EtudeRelais.h"
 #include "core/Format.h"
-#include "core/Magasin.h"
-#include "core/Numerique.h"
-#include "core/Registre.h"
-#include "diagnostics/Diagnostics.h"
-#include "printing/Impression.h"
-#include "printing/PageEnregistree.h"
 #include "relays/FamillePXL.h"
-#include "relays/Relais.h"
 #include "relays/pxlc/CalculPXLC.h"
 #include "relays/pxlc/PanneauPXLC.h"
-#include "shell/Ouverture.h"
-
-#include <algorithm>
-#include <cmath>
-#include <functional>
-#include <gtest/gtest.h>
 
 using namespace tournesol;
 
@@ -99,23 +83,11 @@ TEST(PompagePXLC, BandeAuDemiOhmEtResistancesAuPlusCent) {
 }
 
 // The example line with its PXLC, computed as the working window opens it.
-struct EtudePXLC : ::testing::Test {
-    void Charger() {
-        InscrireRelais();
-        InitRegistre(e);
-        PreparerOuverture(e);
-        LireFichierEtude(std::string(TOURNESOL_EXEMPLES "/champagnier-le-cheylas-225kV-pxlc.json"),
-                         e);
-        options.Choisir(e.TypeReportCharge);
-        InitEtude(e, d, options);
-    }
-    Etude e;
-    OptionsReport options;
-    DialogueSansFenetre d;
+struct EtudePXLC : EtudeEtPanneau<PanneauPXLC> {
+    EtudePXLC() { Charger("champagnier-le-cheylas-225kV-pxlc.json"); }
 };
 
 TEST_F(EtudePXLC, EnRetourLaBandeLesResistancesEtLesZonesSuiventLaLigne) {
-    Charger();
     ASSERT_EQ(e.ErrCalcul, 0);
     e.PanneauRelais = true;
     const double distance = DistanceTransitPXL(e, d, e.PXLC.XPct[2]);
@@ -152,63 +124,28 @@ Etude Conforme() {
 }
 
 TEST(DiagnosticsPXLC, ChaqueRegleSePoseEtSEfface) {
-    struct Cas {
-        const char* nom;
-        std::function<void(Etude&)> changer;
-        std::vector<int> regles;
-        double limite; // of the first rule
+    const std::vector<CasRegles> cas{
+        // Third zone under 1.2 times the second.
+        {{29}, [](Etude& e) { e.PXLC.XPct[2] = 140.0; }, 28.8},
+        // Forward pick-up and its out of step beyond the remote transformers.
+        {{30, 31}, [](Etude& e) { e.Ligne_XAV = 5.0F; }, 22.0 / 1.15},
+        // The out of step alone: a limit of 35.5 clears 34.5 and not 36.8.
+        {{31}, [](Etude& e) { e.Ligne_XAV = 21.875F; }, 35.5 / 1.15},
+        // Backward pick-up and its out of step beyond the close transformers.
+        {{32, 33}, [](Etude& e) { e.Ligne_XAM = 10.0F; }, 8.0 / 1.15},
+        {{33}, [](Etude& e) { e.Ligne_XAM = 15.0F; }, 12.0 / 1.15},
+        // The remote first zone beyond the backward zone.
+        {{34}, [](Etude& e) { e.Ligne_X1PB = 30.0F; }, 39.0 - 21.2},
     };
-    const std::vector<Cas> cas{
-        {"third zone under 1.2 times the second",
-         [](Etude& e) { e.PXLC.XPct[2] = 140.0; },
-         {29},
-         28.8},
-        {"forward pick up beyond the remote transformers",
-         [](Etude& e) { e.Ligne_XAV = 5.0F; },
-         {30, 31},
-         22.0 / 1.15},
-        {"external out of step alone beyond them",
-         [](Etude& e) { e.Ligne_XAV = 21.875F; }, // 35.5: 34.5 clears, 36.8 does not
-         {31},
-         35.5 / 1.15},
-        {"backward pick up beyond the close transformers",
-         [](Etude& e) { e.Ligne_XAM = 10.0F; },
-         {32, 33},
-         8.0 / 1.15},
-        {"backward out of step alone", [](Etude& e) { e.Ligne_XAM = 15.0F; }, {33}, 12.0 / 1.15},
-        {"the remote first zone beyond the backward zone",
-         [](Etude& e) { e.Ligne_X1PB = 30.0F; },
-         {34},
-         39.0 - 21.2},
-    };
-    for (const Cas& c : cas) {
-        Etude e = Conforme();
-        CalculDiagPXLC(e);
-        for (int n = 29; n <= 34; ++n)
-            EXPECT_FALSE(RegleActive(e, n)) << "agreeing settings, rule " << n;
-        c.changer(e);
-        CalculDiagPXLC(e);
-        for (int n = 29; n <= 34; ++n) {
-            const bool attendue = std::find(c.regles.begin(), c.regles.end(), n) != c.regles.end();
-            EXPECT_EQ(RegleActive(e, n), attendue) << c.nom << ", rule " << n;
-        }
-        EXPECT_NEAR(ValeurRegle(e, c.regles.front()), c.limite, 1e-5) << c.nom;
-        for (int n = 44; n <= 49; ++n) // the PXLN's block is not the PXLC's
-            EXPECT_FALSE(RegleActive(e, n)) << c.nom << ", rule " << n;
-        Etude conforme = Conforme();
-        e.PXLC.XPct = conforme.PXLC.XPct;
-        e.Ligne_XAV = conforme.Ligne_XAV;
-        e.Ligne_XAM = conforme.Ligne_XAM;
-        e.Ligne_X1PB = conforme.Ligne_X1PB;
-        CalculDiagPXLC(e);
-        for (int n = 29; n <= 34; ++n)
-            EXPECT_FALSE(RegleActive(e, n)) << c.nom << " cleared, rule " << n;
-    }
+    ReglesPoseesEtEffacees(Conforme, CalculDiagPXLC, 29, 34, cas, 1e-5);
+    // The coordination is a long line's only; the PXLN's block is not the PXLC's.
     Etude courte = Conforme();
     courte.Ligne_lc = false;
     courte.Ligne_X1PB = 30.0F;
+    PoserRegle(courte, 44, 1.0);
     CalculDiagPXLC(courte);
     EXPECT_FALSE(RegleActive(courte, 34));
+    EXPECT_TRUE(RegleActive(courte, 44));
 }
 
 TEST(CaracteristiquePXLC, ParallelogrammesEtZonesDeSesReglages) {
@@ -222,13 +159,10 @@ TEST(CaracteristiquePXLC, ParallelogrammesEtZonesDeSesReglages) {
     const std::vector<SegmentImage> s = SegmentsPXL(e, e.PXLC.Rmoc_HT, 2.0, e.PXLC.ZonesHT);
     ASSERT_EQ(s.size(), 12u);
     // The pick-up from (10 - 10 / 2, -10) to (10 + 30 / 2, 30).
-    EXPECT_NEAR(s[1].A.Re, 5.0, 1e-9);
-    EXPECT_NEAR(s[1].A.Im, -10.0, 1e-9);
-    EXPECT_NEAR(s[1].B.Re, 25.0, 1e-9);
-    EXPECT_NEAR(s[1].B.Im, 30.0, 1e-9);
+    EXPECT_TRUE(Au(s[1].A, 5.0, -10.0));
+    EXPECT_TRUE(Au(s[1].B, 25.0, 30.0));
     // The out of step 2 ohms wider: (12 + 32 / 2, 32).
-    EXPECT_NEAR(s[5].B.Re, 28.0, 1e-9);
-    EXPECT_NEAR(s[5].B.Im, 32.0, 1e-9);
+    EXPECT_TRUE(Au(s[5].B, 28.0, 32.0));
     EXPECT_EQ(s[5].Couleur, e.CouleurAntipompage);
     // Zone 1 at 16 ohms, from -10 + 8 to 10 + 8, dashed.
     EXPECT_NEAR(s[9].A.Re, -2.0, 1e-9);
@@ -241,7 +175,6 @@ TEST(CaracteristiquePXLC, ParallelogrammesEtZonesDeSesReglages) {
 }
 
 TEST(MagasinPXLC, LaListeRevientAvecSesTypes) {
-    InscrireRelais();
     Etude e;
     e.id_protection = ID_PXLC;
     e.id_reglage = 4;
@@ -253,29 +186,21 @@ TEST(MagasinPXLC, LaListeRevientAvecSesTypes) {
     e.T3 = 700;
     e.Acceleration = true;
     e.PXLC.TypeDecl = 3;
-    e.PXLC.FeuilleReglages = false;
+    e.PXLC.FeuilleReglages = true;
     e.Is = 5.0F;
     MagasinMemoire m;
-    ASSERT_TRUE(EcrireReglagesRelais(e, m));
-    EXPECT_EQ(m.Taille(), 29u);
+    const Etude relue = AllerRetour(e, m, 29);
     EXPECT_EQ(std::get<double>(m.LireValeur(4, 0)), 4.5);
     EXPECT_EQ(std::get<double>(m.LireValeur(4, 12)), 60.0);      // XPct[5]
     EXPECT_EQ(std::get<std::int16_t>(m.LireValeur(4, 16)), 700); // T3
     EXPECT_EQ(std::get<std::int16_t>(m.LireValeur(4, 19)), -1);  // acceleration
     EXPECT_EQ(std::get<std::int16_t>(m.LireValeur(4, 21)), 3);   // single phase tripping
-    EXPECT_EQ(std::get<std::int16_t>(m.LireValeur(4, 22)), 0);   // no settings sheet
+    EXPECT_EQ(std::get<std::int16_t>(m.LireValeur(4, 22)), -1);  // the settings sheet
     EXPECT_EQ(std::get<float>(m.LireValeur(4, 28)), 5.0F);       // Is, last
 
-    Etude relue;
-    relue.id_protection = ID_PXLC;
-    relue.id_reglage = 4;
-    relue.Kz = 2.0;
-    relue.PXLC.FeuilleReglages = true;
-    ASSERT_TRUE(LireReglagesRelais(relue, m));
-    EXPECT_FALSE(relue.FinTR);
     EXPECT_EQ(relue.PXLC.Rmoc_BT, 33.0);
     EXPECT_EQ(relue.T3, 700);
-    EXPECT_FALSE(relue.PXLC.FeuilleReglages);
+    EXPECT_TRUE(relue.PXLC.FeuilleReglages);
     EXPECT_EQ(relue.PXLC.TypeDecl, 3);
     EXPECT_DOUBLE_EQ(relue.PXLC.ZonesHT[4], 18.0);
     EXPECT_DOUBLE_EQ(relue.PXLC.ZonesBT[4], 9.0);
@@ -288,23 +213,8 @@ TEST(MagasinPXLC, LaListeRevientAvecSesTypes) {
     EXPECT_EQ(sansRapports.PXLC.ZonesBT[4], 0.0);
 }
 
-struct PanneauDuPXLC : EtudePXLC {
-    void Ouvrir(bool retour) {
-        Charger();
-        e.PanneauRelais = retour;
-        p = std::make_unique<PanneauPXLC>(e, d);
-        p->Ouvrir();
-    }
-    void Saisir(const std::string& champ, const std::string& texte) {
-        p->Entrer(champ);
-        p->Trouver(champ)->DefinirTexte(texte);
-        p->Quitter(champ);
-    }
-    std::unique_ptr<PanneauPXLC> p;
-};
-
-TEST_F(PanneauDuPXLC, LesSaisiesVontAuxPasDuRelais) {
-    Ouvrir(false);
+TEST_F(EtudePXLC, LesSaisiesVontAuxPasDuRelais) {
+    Panneau(false);
     ASSERT_EQ(e.ErrCalcul, 0);
     EXPECT_FALSE(p->Trouver("lblRemarque")->Visible);
     Saisir("txt_deltar", "0,7");
@@ -336,19 +246,6 @@ TEST_F(PanneauDuPXLC, LesSaisiesVontAuxPasDuRelais) {
     EXPECT_DOUBLE_EQ(e.PXLC.ZonesHT[0], 0.8 * e.XL_eq);
 }
 
-std::string Rapport(Etude& e) {
-    PageEnregistree page;
-    EtatImpression etat;
-    DialogueImpression d(e);
-    Imprimer(e, d, page, etat, {{}, {}, "01/01/2026 - 10:00"});
-    std::string tout;
-    if (page.Imprimes.empty()) return tout;
-    for (const PageImprimee& p : page.Imprimes[0])
-        for (const std::string& l : PageEnregistree::Lignes(p))
-            tout += l + "\n";
-    return tout;
-}
-
 TEST(PagePXLC, ReglagesEnPageDeuxEtFeuilleDuRelaisEnPageTrois) {
     InscrireRelais();
     Etude e;
@@ -360,7 +257,7 @@ TEST(PagePXLC, ReglagesEnPageDeuxEtFeuilleDuRelaisEnPageTrois) {
     e.T3 = 700;
     e.PXLC.TypeDecl = 3;
     const std::string z2 = FormaterNombre(1.2 * e.XL_eq / e.Kz, "##0.00");
-    std::string tout = Rapport(e);
+    std::string tout = TexteImprime(e);
     for (const std::string& attendu :
          {"Second zone reactance\t" + z2 + " Ω/ph.", std::string("120 %"),
           std::string("3rd step timer\t700 ms"), std::string("No single phase tripping"),
@@ -369,7 +266,7 @@ TEST(PagePXLC, ReglagesEnPageDeuxEtFeuilleDuRelaisEnPageTrois) {
         EXPECT_NE(tout.find(attendu), std::string::npos) << attendu << "\n" << tout;
     // Without the third part, no setting sheet.
     e.ImpParties[2] = false;
-    tout = Rapport(e);
+    tout = TexteImprime(e);
     EXPECT_EQ(tout.find("PXLC-PSEL setting sheet"), std::string::npos);
     EXPECT_NE(tout.find("Second zone reactance"), std::string::npos);
 }
