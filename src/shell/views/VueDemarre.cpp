@@ -193,8 +193,10 @@ void Diagramme::mouseReleaseEvent(QMouseEvent* ev) {
 }
 
 void Diagramme::leaveEvent(QEvent*) {
+    // A window that hides or closes sends a last leave: then there is nothing to show.
+    if (!isVisible() || !Apres) return;
     modele_.SourisSortie();
-    if (Apres) Apres();
+    Apres();
 }
 
 void Diagramme::keyPressEvent(QKeyEvent* ev) {
@@ -338,6 +340,12 @@ VueDemarre::VueDemarre(PanneauDemarre& modele, Etude& e)
         if (auto* b = findChild<QPushButton*>(QString("cmdoption(%1)").arg(i)))
             b->setToolTip(Q(PanneauDemarre::TexteOutil(i)));
     Lier();
+}
+
+VueDemarre::~VueDemarre() {
+    // The diagram outlives this part of the window for a moment: it calls nothing of it.
+    diagramme_->Apres = nullptr;
+    diagramme_->MenuPlume = nullptr;
 }
 
 void VueDemarre::ImprimerSur(QPagedPaintDevice& support) {

@@ -63,6 +63,7 @@ class VueDemarre : public FenetrePanneau {
     Q_OBJECT
 public:
     VueDemarre(PanneauDemarre& modele, Etude& e);
+    ~VueDemarre() override;
     // The report onto a printer or a PDF file, the progress panel up while it prints.
     void ImprimerSur(QPagedPaintDevice& support);
 
