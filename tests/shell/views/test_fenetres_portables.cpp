@@ -21,6 +21,7 @@
 #include "shell/views/VueDemarre.h"
 #include "shell/views/VueTitre.h"
 
+#include <QAction>
 #include <QCheckBox>
 #include <QGroupBox>
 #include <QImage>
@@ -261,6 +262,14 @@ TEST(FenetresPortables, LOutilEnfonceLaLegendeEtLesDiagnosticsACoteDuDessin) {
     QTest::mouseClick(outil(5), Qt::LeftButton); // released: "none" is in force
     EXPECT_EQ(enfonces(), QList<int>{0});
     EXPECT_EQ(demarre.Outil(), 0);
+
+    // The terse commands say what they do; the usual keys save, print and leave.
+    for (const char* nom : {"cmdextra", "cmdhelp", "cmdoption(0)", "cmdoption(3)"})
+        EXPECT_FALSE(vue.findChild<QWidget*>(nom)->toolTip().isEmpty()) << nom;
+    EXPECT_EQ(vue.findChild<QAction*>("mnuSauvegarde")->shortcut(), QKeySequence::Save);
+    EXPECT_EQ(vue.findChild<QAction*>("mnuImprimer")->shortcut(), QKeySequence::Print);
+    EXPECT_EQ(vue.findChild<QAction*>("mnuQuitter")->shortcut(),
+              QKeySequence(Qt::CTRL | Qt::Key_Q));
 
     // Each entry of the legend shows a sample of its line in the entry's colour.
     for (const char* nom : {"txtTransit1", "txtTransit2", "txttransit3", "txtZoneanti", "txttri",
