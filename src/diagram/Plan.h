@@ -149,13 +149,11 @@ public:
     struct Boite {
         double gauche = 0.0, haut = 0.0, droite = 0.0, bas = 0.0;
     };
-    // What the labels and marks drawn since the plane was cleared take on the surface.
-    const std::vector<Boite>& Occupees() const { return occupees_; }
-    // Where a text would stand at the pen, centred there or starting there.
-    Boite BoiteTexte(double x, double y, const std::string& texte, const Police& police,
-                     Alignement alignement) const;
 
 private:
+    // Where a text stands on the surface at (x, y), centred there or starting there.
+    Boite BoiteTexte(double x, double y, const std::string& texte, const Police& police,
+                     Alignement alignement) const;
     struct NomDePoint {
         std::string texte;
         Complexe point;
@@ -179,7 +177,7 @@ private:
     std::vector<ArcImage> arcs_;
     std::vector<Complexe> marques_;
     std::vector<EtiquettePlan> etiquettes_;
-    std::vector<Boite> occupees_;
+    std::vector<Boite> occupees_; // what the labels and marks drawn take on the surface
     std::vector<NomDePoint> nomsEnAttente_;
 };
 
