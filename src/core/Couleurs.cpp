@@ -6,7 +6,7 @@ namespace tournesol {
 
 void InitCouleurs(Etude& e) {
     e.CouleurTransit1 = 0x0000FF;
-    e.CouleurTransit2 = 0x00FFFF;
+    e.CouleurTransit2 = 0x0080C0; // ochre: the line image, read on a screen and on paper
     e.CouleurAntipompage = 0xFF0000;
     e.CouleurMonophase = 0x00FF00;
     e.CouleurTransit3 = 0x0000FF;

@@ -8,6 +8,7 @@
 #include <algorithm>
 #include <array>
 #include <cmath>
+#include <limits>
 
 namespace tournesol {
 
@@ -198,6 +199,8 @@ double Plan::PrintToPlanY(double y) const {
 
 void Plan::ClearPlan() {
     etiquettes_.clear();
+    occupees_.clear();
+    nomsEnAttente_.clear();
     segments_.clear();
     arcs_.clear();
     marques_.clear();
@@ -219,42 +222,85 @@ void Plan::DrawPlan() {
     DrawSegment(NewSegment(Cart(gauche, 0.0), Cart(droite, 0.0), Encre, TRAIT_PLEIN, 1), Papier);
     DrawSegment(NewSegment(Cart(0.0, haut), Cart(0.0, bas), Encre, TRAIT_PLEIN, 1), Papier);
 
-    // The unit: primary ohms, near the upper right corner; the names of the axes.
+    // The unit, primary ohms, in the upper right corner; the names of the axes at their ends,
+    // the R above its axis, the X right of its axis. Each is placed whole inside the drawing.
     const double w = e_.ScaleWidth, h = -e_.ScaleHeight;
-    DeplacerPlume(droite - 0.06 * w, haut - 0.03 * h);
-    NewPlaneLabel("\xCE\xA9", Police{"Arial", 9.0});
-    DeplacerPlume(droite - 0.045 * w, haut - 0.03 * h);
-    NewPlaneLabel(" \xCE\xA0", Police{"Arial", 10.0});
-    DeplacerPlume(droite - 0.015 * w, 0.025 * h);
-    NewTickLabel("R ");
-    DeplacerPlume(0.02 * w, haut - 0.015 * h);
-    NewTickLabel("X ");
+    const Boite limites = Limites();
+    const double croix = DemiCroix();
+    auto ecrire = [this](double x, double y, const std::string& texte, const Police& police,
+                         bool centre) {
+        DeplacerPlume(Papier ? PrintToPlanX(x) : EcranVersPlanX(x),
+                      Papier ? PrintToPlanY(y) : EcranVersPlanY(y));
+        if (centre)
+            NewTickLabel(texte);
+        else
+            NewPlaneLabel(texte, police);
+    };
+    const Police ohm{PoliceEtiquettes.nom, 9.0}, primaire{PoliceEtiquettes.nom, 10.0};
+    const TailleTexte o = surface_->Mesurer("\xCE\xA9", ohm);
+    const TailleTexte p = surface_->Mesurer(" \xCE\xA0", primaire);
+    const double marge =
+        0.03 * std::min(limites.droite - limites.gauche, limites.bas - limites.haut);
+    const double xUnite = limites.droite - marge - o.largeur - p.largeur;
+    const double yUnite = limites.haut + marge + 0.5 * p.hauteur;
+    ecrire(xUnite, yUnite, "\xCE\xA9", ohm, false);
+    ecrire(xUnite + o.largeur, yUnite, " \xCE\xA0", primaire, false);
+    const TailleTexte r = surface_->Mesurer("R ", PoliceEtiquettes);
+    ecrire(limites.droite - 0.5 * r.largeur,
+           std::clamp(SurfaceY(0.0) - croix - 0.5 * r.hauteur, limites.haut + 0.5 * r.hauteur,
+                      std::max(limites.haut, limites.bas - 0.5 * r.hauteur)),
+           "R ", PoliceEtiquettes, true);
+    const TailleTexte x = surface_->Mesurer("X ", PoliceEtiquettes);
+    ecrire(std::clamp(SurfaceX(0.0) + croix + 0.5 * x.largeur, limites.gauche + 0.5 * x.largeur,
+                      std::max(limites.gauche, limites.droite - 0.5 * x.largeur)),
+           limites.haut + 0.5 * x.hauteur, "X ", PoliceEtiquettes, true);
 
     const int pas = PasGraduation(e_.ScaleWidth, e_.ScaleHeight);
     e_.PasGrad = static_cast<Entier16>(std::min(pas, 32767));
+    // The values stand under the R axis and left of the X axis, clear of the ticks. Each keeps
+    // room from its neighbour: a value every n graduations, n the first of 1, 2, 5, 10, 20, ...
+    // that gives the widest its room along R and a line's height along X.
+    const double unitesR = Papier ? PrintFrame.Width / w : surface_->Largeur() / w;
+    const double unitesX = Papier ? PrintFrame.Width / w : surface_->Hauteur() / h;
+    auto texteDe = [](double valeur) { return FormaterNombre(valeur, ""); };
+    const double plusLoinR = std::max(std::floor(-gauche / pas), std::floor(droite / pas)) * pas;
+    const double plusLoinX = std::max(std::floor(-bas / pas), std::floor(haut / pas)) * pas;
+    const TailleTexte largeR = surface_->Mesurer(texteDe(-plusLoinR), PoliceEtiquettes);
+    const TailleTexte largeX = surface_->Mesurer(texteDe(-plusLoinX), PoliceEtiquettes);
+    auto tous = [](double place, double espacement) {
+        double n = 1.0;
+        for (int i = 0; n * espacement < place && i < 30; ++i)
+            n *= (i % 3 == 1) ? 2.5 : 2.0; // 1, 2, 5, 10, 20, 50, ...
+        return static_cast<long long>(std::llround(n));
+    };
+    const long long tousR = tous(largeR.largeur + 0.5 * largeR.hauteur, pas * unitesR);
+    const long long tousX = tous(1.3 * largeX.hauteur, pas * unitesX);
+    std::vector<Boite> valeurs; // the values written so far
     auto graduer = [&](double re, double im, double valeur, bool surR) {
         DrawMark(NewMark(re, im), Encre, Papier);
-        if (valeur == 0.0) return;
+        const long long rang = std::llround(std::fabs(valeur) / pas);
+        if (valeur == 0.0 || rang % (surR ? tousR : tousX) != 0) return;
+        const std::string texte = texteDe(valeur);
+        const TailleTexte taille = surface_->Mesurer(texte, PoliceEtiquettes);
+        double x = SurfaceX(re), y = SurfaceY(im);
         if (surR)
-            DeplacerPlume(re, im - 0.025 * h);
+            y += croix + 0.6 * taille.hauteur;
         else
-            DeplacerPlume(re - 0.03 * w, im);
-        if (!Papier) {
-            // On screen a value near an edge is moved inside, to be read whole: "-80" cut to
-            // "80" would lie. Its half size in pixels, from the font's size.
-            const std::string texte = FormaterNombre(valeur, "");
-            const double demiLargeur = 0.4 * PoliceEtiquettes.taille * texte.size() + 2.0;
-            const double demiHauteur = 0.7 * PoliceEtiquettes.taille + 2.0;
-            const double ohmsParPixelX = w / surface_->Largeur();
-            const double ohmsParPixelY = h / surface_->Hauteur();
-            CurrentX = std::clamp(CurrentX, gauche + demiLargeur * ohmsParPixelX,
-                                  std::max(gauche + demiLargeur * ohmsParPixelX,
-                                           droite - demiLargeur * ohmsParPixelX));
-            CurrentY = std::clamp(
-                CurrentY, bas + demiHauteur * ohmsParPixelY,
-                std::max(bas + demiHauteur * ohmsParPixelY, haut - demiHauteur * ohmsParPixelY));
-        }
-        NewTickLabel(valeur);
+            x -= croix + 0.5 * taille.largeur + 0.3 * taille.hauteur;
+        // A value near an edge is moved inside, to be read whole: "-80" cut to "80" would lie.
+        const double demiL = 0.5 * taille.largeur, demiH = 0.5 * taille.hauteur;
+        x = std::clamp(x, limites.gauche + demiL, std::max(limites.gauche, limites.droite - demiL));
+        y = std::clamp(y, limites.haut + demiH, std::max(limites.haut, limites.bas - demiH));
+        // Moved so, it may come onto its neighbour: then the neighbour alone is read.
+        const Boite boite{x - demiL, y - demiH, x + demiL, y + demiH};
+        for (const Boite& autre : valeurs)
+            if (boite.gauche < autre.droite && autre.gauche < boite.droite &&
+                boite.haut < autre.bas && autre.haut < boite.bas)
+                return;
+        valeurs.push_back(boite);
+        DeplacerPlume(Papier ? PrintToPlanX(x) : EcranVersPlanX(x),
+                      Papier ? PrintToPlanY(y) : EcranVersPlanY(y));
+        NewTickLabel(texte);
     };
     for (double v = 0.0; v <= droite; v += pas)
         graduer(v, 0.0, v, true);
@@ -264,6 +310,25 @@ void Plan::DrawPlan() {
         graduer(0.0, v, v, false);
     for (double v = 0.0; v <= haut; v += pas)
         graduer(0.0, v, v, false);
+}
+
+double Plan::SurfaceX(double r) const {
+    return Papier ? PlanToPrintX(r) : VersEcranX(r);
+}
+
+double Plan::SurfaceY(double x) const {
+    return Papier ? PlanToPrintY(x) : VersEcranY(x);
+}
+
+Plan::Boite Plan::Limites() const {
+    if (Papier)
+        return {PrintFrame.Left, PrintFrame.Top, PrintFrame.Left + PrintFrame.Width,
+                PrintFrame.Top + PrintFrame.Height};
+    return {0.0, 0.0, surface_->Largeur(), surface_->Hauteur()};
+}
+
+double Plan::DemiCroix() const {
+    return Papier ? 1.0 : 4.0; // two page units on paper, seven pixels on screen
 }
 
 // ---- segments ----
@@ -432,6 +497,7 @@ void Plan::DrawMark(const Complexe& point, Couleur couleur, bool papier) {
         const Stylo stylo{e_.ImpNoir ? NOIR : couleur, TRAIT_PLEIN, 1.0};
         surface_->Ligne(x, y + 1.0, x, y - 1.0, stylo);
         surface_->Ligne(x - 1.0, y, x + 1.0, y, stylo);
+        occupees_.push_back({x - 1.0, y - 1.0, x + 1.0, y + 1.0});
         return;
     }
     const double u = std::fabs(e_.ScaleWidth) / (surface_->Largeur() - 6.0);
@@ -440,6 +506,8 @@ void Plan::DrawMark(const Complexe& point, Couleur couleur, bool papier) {
     if (!Fini(x, y, u, 0.0)) return;
     surface_->Ligne(x, VersEcranY(point.Im - 3.0 * u), x, VersEcranY(point.Im + 4.0 * u), stylo);
     surface_->Ligne(VersEcranX(point.Re - 3.0 * u), y, VersEcranX(point.Re + 4.0 * u), y, stylo);
+    occupees_.push_back({VersEcranX(point.Re - 3.0 * u), VersEcranY(point.Im + 4.0 * u),
+                         VersEcranX(point.Re + 4.0 * u), VersEcranY(point.Im - 3.0 * u)});
     DeplacerPlume(point.Re + 4.0 * u, point.Im);
 }
 
@@ -448,13 +516,73 @@ void Plan::DeplacerPlume(double r, double x) {
     CurrentY = x;
 }
 
+Plan::Boite Plan::BoiteTexte(double x, double y, const std::string& texte, const Police& police,
+                             Alignement alignement) const {
+    const TailleTexte taille = surface_->Mesurer(texte, police);
+    const double gauche = alignement == Alignement::Centre ? x - taille.largeur / 2.0 : x;
+    return {gauche, y - taille.hauteur / 2.0, gauche + taille.largeur, y + taille.hauteur / 2.0};
+}
+
 void Plan::Etiqueter(const std::string& texte, const Police& police, Alignement alignement,
                      Couleur couleur) {
     etiquettes_.push_back({texte, CurrentX, CurrentY, couleur, alignement, police});
-    const double x = Papier ? PlanToPrintX(CurrentX) : VersEcranX(CurrentX);
-    const double y = Papier ? PlanToPrintY(CurrentY) : VersEcranY(CurrentY);
-    if (Fini(x, y, 0.0, 0.0))
-        surface_->Texte(x, y, texte, Papier && e_.ImpNoir ? NOIR : couleur, police, alignement);
+    const double x = SurfaceX(CurrentX), y = SurfaceY(CurrentY);
+    if (!Fini(x, y, 0.0, 0.0)) return;
+    surface_->Texte(x, y, texte, Papier && e_.ImpNoir ? NOIR : couleur, police, alignement);
+    occupees_.push_back(BoiteTexte(x, y, texte, police, alignement));
+}
+
+void Plan::NewPointLabel(const std::string& texte, const Complexe& point) {
+    nomsEnAttente_.push_back({texte, point});
+}
+
+namespace {
+double Recouvrement(const Plan::Boite& a, const Plan::Boite& b) {
+    const double l = std::min(a.droite, b.droite) - std::max(a.gauche, b.gauche);
+    const double h = std::min(a.bas, b.bas) - std::max(a.haut, b.haut);
+    return l > 0.0 && h > 0.0 ? l * h : 0.0;
+}
+} // namespace
+
+void Plan::PlacerEtiquettesPoints() {
+    const Boite limites = Limites();
+    const std::vector<NomDePoint> noms = std::move(nomsEnAttente_);
+    nomsEnAttente_.clear();
+    for (const NomDePoint& nom : noms) {
+        const double x = SurfaceX(nom.point.Re), y = SurfaceY(nom.point.Im);
+        if (!Fini(x, y, 0.0, 0.0)) continue;
+        const TailleTexte taille = surface_->Mesurer(nom.texte, PoliceEtiquettes);
+        const double demiL = taille.largeur / 2.0, demiH = taille.hauteur / 2.0;
+        // The places in the order of preference, each a direction from the point.
+        static constexpr double DIRECTIONS[][2] = {{1, -1}, {1, 1},  {-1, -1}, {-1, 1},
+                                                   {1, 0},  {-1, 0}, {0, -1},  {0, 1}};
+        double meilleur = std::numeric_limits<double>::infinity();
+        double cx = x + DemiCroix() + demiL, cy = y - DemiCroix() - demiH;
+        for (int loin = 0; loin < 3 && meilleur > 0.0; ++loin) {
+            const double ecart = DemiCroix() + 0.1 * taille.hauteur + loin * taille.hauteur;
+            for (const auto& d : DIRECTIONS) {
+                const double px = x + d[0] * (ecart + demiL), py = y + d[1] * (ecart + demiH);
+                const Boite boite{px - demiL, py - demiH, px + demiL, py + demiH};
+                // Out of the drawing counts as covering: a name cut by the edge is not read.
+                const bool dedans = boite.gauche >= limites.gauche &&
+                                    boite.droite <= limites.droite && boite.haut >= limites.haut &&
+                                    boite.bas <= limites.bas;
+                double couvert =
+                    dedans ? 0.0 : taille.largeur * taille.hauteur - Recouvrement(boite, limites);
+                for (const Boite& prise : occupees_)
+                    couvert += Recouvrement(boite, prise);
+                if (couvert < meilleur) {
+                    meilleur = couvert;
+                    cx = px;
+                    cy = py;
+                    if (couvert <= 0.0) break;
+                }
+            }
+        }
+        DeplacerPlume(Papier ? PrintToPlanX(cx) : EcranVersPlanX(cx),
+                      Papier ? PrintToPlanY(cy) : EcranVersPlanY(cy));
+        NewTickLabel(nom.texte);
+    }
 }
 
 void Plan::NewTickLabel(const std::string& texte) {

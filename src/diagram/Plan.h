@@ -122,6 +122,13 @@ public:
     void NewTickLabel(double valeur);
     void NewPlaneLabel(const std::string& texte, const Police& police);
     void DeplacerPlume(double r, double x);
+    // A point's name, put beside its mark once every mark of the drawing is known: the first
+    // of the places around the point (upper right, lower right, upper left, lower left, right,
+    // left, above, below, then the same a line farther) where it stands whole inside the
+    // drawing, clear of every label, name and mark drawn; where none is clear, the place it
+    // covers least of them. PlacerEtiquettesPoints puts the names asked for since the last.
+    void NewPointLabel(const std::string& texte, const Complexe& point);
+    void PlacerEtiquettesPoints();
 
     const std::vector<SegmentImage>& Segments() const { return segments_; }
     const std::vector<ArcImage>& Arcs() const { return arcs_; }
@@ -138,9 +145,28 @@ public:
     bool Papier = false;                   // the drawing goes to paper
     bool CaracteristiqueSuspendue = false; // the relay's characteristic is not redrawn
 
+    // A rectangle of the surface, in its units, y downwards.
+    struct Boite {
+        double gauche = 0.0, haut = 0.0, droite = 0.0, bas = 0.0;
+    };
+
 private:
+    // Where a text stands on the surface at (x, y), centred there or starting there.
+    Boite BoiteTexte(double x, double y, const std::string& texte, const Police& police,
+                     Alignement alignement) const;
+    struct NomDePoint {
+        std::string texte;
+        Complexe point;
+    };
     void Etiqueter(const std::string& texte, const Police& police, Alignement alignement,
                    Couleur couleur);
+    // The drawing's bounds on the surface: the whole surface, or PrintFrame on paper.
+    Boite Limites() const;
+    // Half the size of a mark's cross, in the surface's units.
+    double DemiCroix() const;
+    // From the plane to the surface, on screen or on paper.
+    double SurfaceX(double r) const;
+    double SurfaceY(double x) const;
     void ArcPapier(const ArcImage& arc, double rayon, double debut, double fin, bool entier,
                    const Stylo& stylo);
     Stylo StyloPapier(Couleur couleur, int style, int largeur) const;
@@ -151,6 +177,8 @@ private:
     std::vector<ArcImage> arcs_;
     std::vector<Complexe> marques_;
     std::vector<EtiquettePlan> etiquettes_;
+    std::vector<Boite> occupees_; // what the labels and marks drawn take on the surface
+    std::vector<NomDePoint> nomsEnAttente_;
 };
 
 // The load area and the line, then the characteristic of the current relay; the drawing is

@@ -3,6 +3,7 @@
 // angles are in radians, counter-clockwise as seen.
 #pragma once
 
+#include <cstddef>
 #include <cstdint>
 #include <string>
 
@@ -34,6 +35,12 @@ struct Police {
 
 enum class Alignement { Gauche, Centre };
 
+// The room a text takes on a surface, in the surface's units: its width and the height of a line.
+struct TailleTexte {
+    double largeur = 0.0;
+    double hauteur = 0.0;
+};
+
 class Surface {
 public:
     virtual ~Surface() = default;
@@ -49,6 +56,18 @@ public:
     // Text whose left end (or centre) is at x, with y at the middle of its height.
     virtual void Texte(double x, double y, const std::string& texte, Couleur couleur,
                        const Police& police, Alignement alignement) = 0;
+    // The surface's units in a typographic point: a pixel of a screen at 96 dots an inch is 3/4
+    // of a point; a page in millimetres has 25.4 / 72 of them in a point.
+    virtual double UnitesParPoint() const { return 96.0 / 72.0; }
+    // The room a text takes. A surface that can measure its font says it; the others estimate
+    // it from the font's size: a letter 0.6 of the size wide, a line 1.2 of it high.
+    virtual TailleTexte Mesurer(const std::string& texte, const Police& police) const {
+        std::size_t lettres = 0;
+        for (const char c : texte)
+            lettres += (static_cast<unsigned char>(c) & 0xC0) != 0x80; // UTF-8: not a continuation
+        const double point = police.taille * UnitesParPoint();
+        return {0.6 * point * static_cast<double>(lettres), 1.2 * point};
+    }
 };
 
 // Red, green and blue of a colour of the system.

@@ -26,12 +26,10 @@ struct Dessin {
                          plan.Papier);
     }
 
-    // A labelled point: the name stands a little above and right of its cross.
+    // A labelled point: the name stands beside its cross, placed with the others at the end.
     void Point(const Complexe& p, Couleur couleur, const std::string& nom, bool nomme) {
         plan.DrawMark(plan.NewMark(p.Re, p.Im), couleur, plan.Papier);
-        if (!nomme) return;
-        plan.DeplacerPlume(p.Re + 0.02 * e.ScaleWidth, p.Im - 0.02 * e.ScaleHeight);
-        plan.NewTickLabel(nom);
+        if (nomme) plan.NewPointLabel(nom, p);
     }
 
     void Arc(const Complexe& centre, const Complexe& debut, const Complexe& fin, bool plein) {
@@ -174,6 +172,7 @@ void TransitDraw(Plan& plan, const OptionsAffichage& options) {
             break;
         }
     }
+    plan.PlacerEtiquettesPoints();
     e.ImpressionActuelle = true;
 }
 

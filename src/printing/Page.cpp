@@ -32,6 +32,18 @@ void Page::Cadre(double gauche, double haut, double largeur, double hauteur, con
     Ligne(gauche, bas, gauche, haut, stylo);
 }
 
+TailleTexte SurfacePage::Mesurer(const std::string& texte, const Police& police) const {
+    const PolicePage avant = page_.Police();
+    page_.ChoisirPolice(police.nom);
+    page_.ChoisirTaille(police.taille);
+    page_.ChoisirGras(false);
+    const TailleTexte taille{page_.LargeurTexte(texte), page_.HauteurTexte(texte)};
+    page_.ChoisirPolice(avant.Nom);
+    page_.ChoisirTaille(avant.Taille);
+    page_.ChoisirGras(avant.Gras);
+    return taille;
+}
+
 void SurfacePage::Texte(double x, double y, const std::string& texte, Couleur couleur,
                         const Police& police, Alignement alignement) {
     if (x < cadre_.Left || x > cadre_.Left + cadre_.Width || y < cadre_.Top ||

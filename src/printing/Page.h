@@ -99,6 +99,9 @@ public:
     }
     void Texte(double x, double y, const std::string& texte, Couleur couleur, const Police& police,
                Alignement alignement) override;
+    double UnitesParPoint() const override { return 25.4 / 72.0; }
+    // Measured in the page's own font, which then comes back.
+    TailleTexte Mesurer(const std::string& texte, const Police& police) const override;
 
 private:
     Page& page_;

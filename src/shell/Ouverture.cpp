@@ -1,5 +1,6 @@
 #include "shell/Ouverture.h"
 
+#include "core/BaseEtudes.h"
 #include "core/Dialogue.h"
 #include "core/Erreurs.h"
 #include "core/Etude.h"
@@ -154,6 +155,21 @@ void OuvrirPanneau(Etude& e, Dialogue& d, OptionsReport& options, bool sansAffic
     }
     d.Sablier(sablier);
     e.EtudeModifiee = true;
+}
+
+bool PeutQuitterEtude(Etude& e, Dialogue& d, BaseEtudes* base) {
+    if (!e.EtudeModifiee || !base) return true;
+    const int reponse = d.Question("TOURNESOL : Attention",
+                                   "The study has changed since it was last saved.\r\n"
+                                   "Save the changes?",
+                                   3, {"&Save", "&Don't save", "&Cancel"});
+    if (reponse == 1) {
+        e.EtudeModifiee = false; // dropped: the next door out does not ask again
+        return true;
+    }
+    if (reponse != 0) return false;
+    e.Sauvegarde = true;
+    return base->Sauver(e, d) && !e.EtudeModifiee;
 }
 
 void ControleLongueur(Etude& e, Dialogue& d) {

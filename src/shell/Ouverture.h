@@ -7,6 +7,7 @@ namespace tournesol {
 
 struct Etude;
 class Dialogue;
+class BaseEtudes;
 
 // The three report options of the working window: chktriphasé, chkmonophasé, chkmaximal.
 struct OptionsReport {
@@ -45,6 +46,12 @@ void CalculerEtTracer(Etude& e, Dialogue& d, OptionsReport& options);
 // Runs the current relay's panel, unseen or modally; on return the study holds the relay's
 // reaches, or ErrCalcul is set and has been reported.
 void OuvrirPanneau(Etude& e, Dialogue& d, OptionsReport& options, bool sansAffichage);
+
+// Before the study is left (the working window's leave, "Change..." and close box, the opening
+// dialog's Leave and Escape): with changes not saved and a base to save them in, the engineer is
+// asked whether to save them. False when he stays, or when the save he asked for failed. The
+// changes he chose not to save are dropped: he is not asked twice.
+bool PeutQuitterEtude(Etude& e, Dialogue& d, BaseEtudes* base);
 
 // The notice of a line whose length does not match its long-line flag, once the network options
 // and values are both confirmed.

@@ -163,8 +163,12 @@ PanneauDemarre::PanneauDemarre(Etude& e, Dialogue& d, OptionsReport& options, Ba
         Trouver(REPORTS[i])->Valeur = options_.Coche[i];
         Trouver(REPORTS[i])->Actif = options_.Actif[i];
     }
-    // A relay without a panel: the status line says at once that nothing was computed.
-    if (ReglagesNonCalcules(e_)) Trouver("status")->DefinirTexte(TexteReglagesNonCalcules(e_));
+    // The status line greets and says which tool is on, so that the first click on a tool's
+    // button is not a surprise; a relay without a panel: it says at once that nothing was
+    // computed.
+    Trouver("status")->DefinirTexte(ReglagesNonCalcules(e_)
+                                        ? TexteReglagesNonCalcules(e_)
+                                        : "welcome\n" + TexteOutil(e_.OptionDessin));
     Redessiner();
 }
 
@@ -411,7 +415,10 @@ void PanneauDemarre::ChoisirOutil(int outil) {
     if (texte_) Caractere("\r");
     e_.OptionDessin = static_cast<Entier16>(outil);
     MarquerOutil();
-    Trouver("status")->DefinirTexte(TexteOutil(outil));
+    Trouver("status")->DefinirTexte(
+        outil == OUTIL_CARRE
+            ? "Drawing area : click on the centre of the square, maintain to enlarge"
+            : TexteOutil(outil));
 }
 
 void PanneauDemarre::MarquerOutil() {
@@ -471,6 +478,11 @@ void PanneauDemarre::SourisBouge(double r, double x) {
     else if (e_.OptionDessin >= 1 && e_.OptionDessin <= 5)
         aide = AIDES[e_.OptionDessin];
     Trouver("status")->DefinirTexte(texte_ ? "ESC rubs out the text" : "Drawing area" + aide);
+}
+
+void PanneauDemarre::SourisSortie() {
+    if (texte_ || glisse_ || e_.OptionDessin == OUTIL_CARRE || e_.EnZoom) return;
+    Trouver("status")->DefinirTexte(TexteOutil(e_.OptionDessin));
 }
 
 void PanneauDemarre::SourisBas(double r, double x) {
@@ -613,15 +625,7 @@ std::string PanneauDemarre::TitreAffiche() const {
 }
 
 bool PanneauDemarre::PeutQuitterEtude() {
-    if (!e_.EtudeModifiee || !base_) return true;
-    const int reponse = d_.Question("TOURNESOL : Attention",
-                                    "The study has changed since it was last saved.\r\n"
-                                    "Save the changes?",
-                                    3, {"&Save", "&Don't save", "&Cancel"});
-    if (reponse == 1) return true;
-    if (reponse != 0) return false;
-    e_.Sauvegarde = true;
-    return base_->Sauver(e_, d_) && !e_.EtudeModifiee;
+    return tournesol::PeutQuitterEtude(e_, d_, base_);
 }
 
 void PanneauDemarre::Fermer(FaconFermer facon) {

@@ -67,6 +67,8 @@ public:
     void SourisBouge(double r, double x);
     void SourisBas(double r, double x);
     void SourisHaut(double r, double x);
+    // The pointer left the diagram: the status line says again which tool is on.
+    void SourisSortie();
     // A character typed while a text is being written (code 32 and above, 8 backspace).
     void Caractere(const std::string& c);
     // The outline of the circle, line or square being dragged, if any.

@@ -346,7 +346,7 @@ void PanneauTitre::Cliquer(const std::string& nom) {
     } else if (nom == "cmdOK") {
         if (Trouver("cmdOK")->Actif) Ouvrir();
     } else if (nom == "cmdQuitter") {
-        if (Trouver("cmdQuitter")->Actif) {
+        if (Trouver("cmdQuitter")->Actif && PeutQuitterEtude(e_, d_, base_)) {
             e_.QuitterAppli = true;
             FermerPanneau();
         }

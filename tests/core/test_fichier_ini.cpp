@@ -44,7 +44,7 @@ TEST_F(Dossier, ReglagesUtilisateurSurvivent) {
     ASSERT_TRUE(EcrireReglagesUtilisateur(e, f));
     const std::string texte = Contenu(f);
     // Sections and keys in the order of the table, accents as they are, 16-bit Booleans -1/0.
-    EXPECT_EQ(texte.find("[Couleurs]\r\nTransit 1=255\r\nTransit 2=65535\r\n"), 0u);
+    EXPECT_EQ(texte.find("[Couleurs]\r\nTransit 1=255\r\nTransit 2=32960\r\n"), 0u);
     EXPECT_NE(texte.find("Monophasé=65280\r\n"), std::string::npos);
     EXPECT_NE(texte.find("[Impression]\r\nNoir=-1\r\nNoDots=0\r\nCopies=0\r\nTracé=-1\r\n"
                          "Diagnostics=0\r\nRéglages=-1\r\n"),

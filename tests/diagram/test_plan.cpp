@@ -5,6 +5,8 @@
 #include "diagram/SurfaceEnregistree.h"
 #include "diagram/SurfaceSvg.h"
 
+#include <algorithm>
+#include <cctype>
 #include <cmath>
 #include <gtest/gtest.h>
 
@@ -261,6 +263,105 @@ TEST_F(PlanEssai, MarquesEtCouleursDesZones) {
     EXPECT_EQ(e.CouleurTriphase, 5);
     EXPECT_EQ(e.CouleurZones, 7);
     EXPECT_EQ(e.CouleurDirectionnel, 9);
+}
+
+namespace {
+// Each text drawn on a recording surface and the room it takes there, as the surface measures.
+std::vector<std::pair<std::string, Plan::Boite>> Textes(const SurfaceEnregistree& s) {
+    std::vector<std::pair<std::string, Plan::Boite>> textes;
+    for (const Trace& t : s.traces) {
+        if (t.genre != Trace::Texte) continue;
+        const TailleTexte taille = s.Mesurer(t.texte, t.police);
+        const double gauche = t.alignement == Alignement::Centre ? t.x1 - taille.largeur / 2 : t.x1;
+        textes.push_back({t.texte,
+                          {gauche, t.y1 - taille.hauteur / 2, gauche + taille.largeur,
+                           t.y1 + taille.hauteur / 2}});
+    }
+    return textes;
+}
+bool SeRecouvrent(const Plan::Boite& a, const Plan::Boite& b) {
+    const double marge = 1e-9;
+    return a.gauche < b.droite - marge && b.gauche < a.droite - marge && a.haut < b.bas - marge &&
+           b.haut < a.bas - marge;
+}
+bool EstUnNombre(const std::string& t) {
+    return !t.empty() && (std::isdigit(static_cast<unsigned char>(t.back())) != 0) &&
+           t.find_first_not_of("-0123456789.") == std::string::npos;
+}
+} // namespace
+
+TEST_F(PlanEssai, LesNomsDesPointsSeLisentEntiersEtSeparement) {
+    // 100 ohms on 300 pixels: two pairs of points a fraction of an ohm apart, a point on a
+    // graduation of the R axis, one in the upper right corner, one alone.
+    SurfaceEnregistree petite(300.0, 300.0);
+    Plan p(e, petite);
+    p.DrawPlan();
+    const std::pair<std::string, Complexe> points[] = {
+        {"N1", Cart(20.0, 5.0)},   {"N3", Cart(20.6, 5.4)}, {"N2", Cart(-20.0, -5.0)},
+        {"N6", Cart(-20.0, -4.2)}, {"C3", Cart(10.0, 0.0)}, {"N4", Cart(49.0, 49.0)},
+        {"N5", Cart(-30.0, 30.0)}};
+    for (const auto& [nom, point] : points) {
+        p.DrawMark(p.NewMark(point.Re, point.Im), 0xFF, false);
+        p.NewPointLabel(nom, point);
+    }
+    const std::size_t avant = Textes(petite).size(); // the names wait for every mark
+    p.PlacerEtiquettesPoints();
+    const auto textes = Textes(petite);
+    EXPECT_EQ(textes.size(), avant + 7);
+    int noms = 0;
+    for (const auto& [texte, boite] : textes) {
+        if (texte.size() != 2 || (texte[0] != 'N' && texte[0] != 'C')) continue;
+        ++noms;
+        EXPECT_GE(boite.gauche, 0.0) << texte;
+        EXPECT_LE(boite.droite, 300.0) << texte;
+        EXPECT_GE(boite.haut, 0.0) << texte;
+        EXPECT_LE(boite.bas, 300.0) << texte;
+        for (const auto& [autre, sienne] : textes) {
+            if (&sienne == &boite) continue;
+            EXPECT_FALSE(SeRecouvrent(boite, sienne)) << texte << "/" << autre;
+        }
+        for (const Complexe& m : p.Marques()) {
+            const double x = p.VersEcranX(m.Re), y = p.VersEcranY(m.Im);
+            EXPECT_FALSE(SeRecouvrent(boite, {x - 3, y - 4, x + 4, y + 3}))
+                << texte << " on the mark at " << m.Re << ", " << m.Im;
+        }
+    }
+    EXPECT_EQ(noms, 7);
+    // A name with room stands at the upper right of its point.
+    const auto n5 =
+        std::find_if(textes.begin(), textes.end(), [](const auto& t) { return t.first == "N5"; });
+    ASSERT_NE(n5, textes.end());
+    EXPECT_GT(n5->second.gauche, p.VersEcranX(-30.0));
+    EXPECT_LT(n5->second.bas, p.VersEcranY(30.0));
+}
+
+TEST_F(PlanEssai, LesValeursDesGraduationsNeSeTouchentPas) {
+    // 200 ohms on 200 pixels: a graduation every 20 ohms, 20 pixels, less than "-100" is wide;
+    // along R a value every second graduation, along X, a line high, every one.
+    SurfaceEnregistree etroite(200.0, 200.0);
+    Plan p(e, etroite);
+    e.ScaleLeft = -100.0f;
+    e.ScaleWidth = 200.0f;
+    e.ScaleTop = 100.0f;
+    e.ScaleHeight = -200.0f;
+    p.DrawPlan();
+    ASSERT_EQ(e.PasGrad, 20);
+    EXPECT_EQ(p.Marques().size(), 24u); // every graduation keeps its tick
+    std::vector<std::pair<std::string, Plan::Boite>> valeurs;
+    for (const auto& t : Textes(etroite))
+        if (EstUnNombre(t.first)) valeurs.push_back(t);
+    auto combien = [&valeurs](const std::string& v) {
+        return std::count_if(valeurs.begin(), valeurs.end(),
+                             [&v](const auto& t) { return t.first == v; });
+    };
+    EXPECT_EQ(combien("-100"), 1); // on X; on R the widest value would touch its neighbours
+    EXPECT_EQ(combien("-80"), 2);
+    EXPECT_EQ(combien("40"), 2);
+    EXPECT_EQ(combien("20"), 1);
+    for (std::size_t i = 0; i < valeurs.size(); ++i)
+        for (std::size_t j = i + 1; j < valeurs.size(); ++j)
+            EXPECT_FALSE(SeRecouvrent(valeurs[i].second, valeurs[j].second))
+                << valeurs[i].first << "/" << valeurs[j].first;
 }
 
 TEST(SurfaceSvg, Document) {

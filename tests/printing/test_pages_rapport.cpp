@@ -371,6 +371,32 @@ TEST(PagesRapport, TextesDansLeursCadresPourChaqueExemple) {
         Imprimer(e, d, page, etat, {[](int regle) { return TextesRegleRapport(regle); }, {}, DATE});
         ASSERT_FALSE(page.Imprimes.empty()) << fichier.path();
         const CadresPage k = CadresA4();
+        // In the drawing, the values of the graduations and the names of the points are read
+        // whole: inside the drawing's frame, none on another.
+        struct Place {
+            std::string texte;
+            double gauche, haut, droite, bas;
+        };
+        std::vector<Place> dessin;
+        const CadreImpression& f = k.CadreDessin;
+        for (const ElementPage& el : page.Imprimes[0].at(0)) {
+            if (el.genre != ElementPage::Texte) continue;
+            if (el.texte == TitreReport(e.TypeReportCharge) || el.texte == e.sReport) break;
+            PageEnregistree mesure;
+            mesure.ChoisirTaille(el.police.Taille);
+            const Place ici{el.texte, el.x1, el.y1, el.x1 + mesure.LargeurTexte(el.texte),
+                            el.y1 + mesure.HauteurTexte(el.texte)};
+            if (ici.bas < f.Top) continue; // the head of the page
+            EXPECT_TRUE(ici.gauche >= f.Left - 1e-9 && ici.droite <= f.Left + f.Width + 1e-9 &&
+                        ici.haut >= f.Top - 1e-9 && ici.bas <= f.Top + f.Height + 1e-9)
+                << fichier.path().filename() << ": " << el.texte;
+            for (const Place& autre : dessin)
+                EXPECT_FALSE(ici.gauche < autre.droite - 1e-9 && autre.gauche < ici.droite - 1e-9 &&
+                             ici.haut < autre.bas - 1e-9 && autre.haut < ici.bas - 1e-9)
+                    << fichier.path().filename() << ": " << el.texte << " on " << autre.texte;
+            dessin.push_back(ici);
+        }
+        EXPECT_GT(dessin.size(), 10u) << fichier.path().filename();
         for (const PageImprimee& p : page.Imprimes[0])
             for (const ElementPage& el : p) {
                 if (el.genre != ElementPage::Texte) continue;

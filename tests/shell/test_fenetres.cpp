@@ -210,6 +210,42 @@ TEST(Demarre, OutilsDeDessinEtCoordonnees) {
     EXPECT_TRUE(e.QuitterAppli);
 }
 
+TEST(Demarre, LOutilEnForceResteEnfonceEtLaLigneDEtatLeDit) {
+    Etude e;
+    e.ScaleLeft = -20.0f;
+    e.ScaleWidth = 40.0f;
+    e.ScaleTop = 20.0f;
+    e.ScaleHeight = -40.0f;
+    DialogueSansFenetre d;
+    OptionsReport options;
+    PanneauDemarre w(e, d, options, nullptr, std::nullopt);
+    auto enfonces = [&w] {
+        std::vector<int> bas;
+        for (int i = 0; i < 6; ++i)
+            if (w.Trouver("cmdoption(" + std::to_string(i) + ")")->Valeur) bas.push_back(i);
+        return bas;
+    };
+    auto statut = [&w] { return w.Trouver("status")->Texte(); };
+    // At start: text insertion, its button down and named on the status line.
+    EXPECT_EQ(w.Outil(), 1);
+    EXPECT_EQ(enfonces(), std::vector<int>{1});
+    EXPECT_EQ(statut(), "welcome\nDrawing option : text insertion");
+
+    w.Cliquer("cmdoption(4)"); // another tool: it alone is down
+    EXPECT_EQ(enfonces(), std::vector<int>{4});
+    EXPECT_EQ(statut(), "Drawing option : circles (Shift-click for the drawing menu)");
+    // On the diagram the status line gives the tool's hint; off it, the tool again.
+    w.SourisBouge(1.0, 1.0);
+    EXPECT_EQ(statut(), "Drawing area : click on the centre of the circle, maintain to enlarge");
+    w.SourisSortie();
+    EXPECT_EQ(statut(), "Drawing option : circles (Shift-click for the drawing menu)");
+
+    w.Cliquer("cmdoption(4)"); // the tool in force, clicked again, is released: "none"
+    EXPECT_EQ(w.Outil(), 0);
+    EXPECT_EQ(enfonces(), std::vector<int>{0});
+    EXPECT_EQ(statut(), "Drawing option : no drawing");
+}
+
 TEST(Demarre, ImpressionApresLeDialogueDImpression) {
     Etude e;
     RemplirLigne225(e);
@@ -383,6 +419,33 @@ TEST(Demarre, QuitterUneEtudeModifieeDemandeSiLOnSauve) {
     sauvee.Cliquer("mnuQuitter");
     EXPECT_TRUE(sauvee.Ferme());
     EXPECT_EQ(d.Messages().size(), questions);
+}
+
+TEST(Titre, EchapDemandeSiLOnSauveUneEtudeModifiee) {
+    Etude e;
+    BaseSansLigne base;
+    DialogueScripte d;
+    e.EtudeModifiee = true;
+    {
+        PanneauTitre t(e, d, &base);
+        d.AjouterReponses({2}); // cancel: the dialog stays
+        t.Touche(Panneau::TOUCHE_ECHAP);
+        EXPECT_FALSE(t.Ferme());
+        EXPECT_FALSE(e.QuitterAppli);
+        ASSERT_EQ(d.Messages().size(), 1u);
+        EXPECT_EQ(d.Messages().back().sMessage,
+                  "The study has changed since it was last saved.\r\nSave the changes?");
+        // Not saved: the study is left, and the next door out does not ask again.
+        d.AjouterReponses({1});
+        t.Touche(Panneau::TOUCHE_ECHAP);
+        EXPECT_TRUE(t.Ferme());
+        EXPECT_FALSE(e.EtudeModifiee);
+        PanneauTitre ensuite(e, d, &base);
+        ensuite.Touche(Panneau::TOUCHE_ECHAP);
+        EXPECT_TRUE(ensuite.Ferme());
+        EXPECT_EQ(d.Messages().size(), 2u);
+        EXPECT_EQ(base.sauvegardes, 0);
+    }
 }
 
 namespace {

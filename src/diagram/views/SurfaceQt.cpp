@@ -4,6 +4,7 @@
 
 #include <QFont>
 #include <QFontMetricsF>
+#include <QPaintDevice>
 #include <QPainter>
 #include <QPainterPath>
 #include <cmath>
@@ -74,6 +75,18 @@ void SurfaceQt::Arc(double cx, double cy, double rayon, double debut, double fin
 void SurfaceQt::Cercle(double cx, double cy, double rayon, const Stylo& stylo) {
     Prendre(stylo);
     peintre_.drawEllipse(QPointF(cx, cy), rayon, rayon);
+}
+
+double SurfaceQt::UnitesParPoint() const {
+    const QPaintDevice* support = peintre_.device();
+    return support ? support->logicalDpiY() / 72.0 : Surface::UnitesParPoint();
+}
+
+TailleTexte SurfaceQt::Mesurer(const std::string& texte, const Police& police) const {
+    QFont fonte(QString::fromStdString(police.nom));
+    fonte.setPointSizeF(police.taille);
+    const QFontMetricsF mesure(fonte, peintre_.device());
+    return {mesure.horizontalAdvance(QString::fromStdString(texte)), mesure.height()};
 }
 
 void SurfaceQt::Texte(double x, double y, const std::string& texte, Couleur couleur,

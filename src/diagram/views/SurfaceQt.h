@@ -20,6 +20,8 @@ public:
     void Cercle(double cx, double cy, double rayon, const Stylo& stylo) override;
     void Texte(double x, double y, const std::string& texte, Couleur couleur, const Police& police,
                Alignement alignement) override;
+    double UnitesParPoint() const override;
+    TailleTexte Mesurer(const std::string& texte, const Police& police) const override;
 
 private:
     void Prendre(const Stylo& stylo);

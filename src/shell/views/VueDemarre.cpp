@@ -93,6 +93,31 @@ void ConstruireDiagnostics(FenetrePanneau& fenetre, FenetreDiagnostics& modele) 
 }
 } // namespace
 
+PlacesDiagnostics PlacerDiagnostics(const QRect& ecran, const QRect& fenetre, int largeurMinimale,
+                                    QSize diagnostics, int colonne) {
+    constexpr int LARGEUR_LISIBLE = 360; // a rule's text on a few lines still
+    PlacesDiagnostics places{fenetre,
+                             QRect(QPoint(fenetre.right() + 1, fenetre.top()), diagnostics)};
+    if (places.diagnostics.right() <= ecran.right()) return places;
+    // The working window gives up what is missing, down to its minimum width; the diagnostics
+    // window, when still too wide, narrows down to a width where its texts are still read.
+    const int largeur =
+        std::min(fenetre.width(), std::max(largeurMinimale, ecran.width() - diagnostics.width()));
+    if (ecran.width() - largeur >= LARGEUR_LISIBLE) {
+        places.fenetre = QRect(ecran.left(), fenetre.top(), largeur, fenetre.height());
+        places.diagnostics =
+            QRect(places.fenetre.right() + 1, fenetre.top(),
+                  std::min(diagnostics.width(), ecran.right() - places.fenetre.right()),
+                  diagnostics.height());
+        return places;
+    }
+    // A screen too small for both: over the side column, never over more of the diagram than
+    // the diagnostics window's width beyond the column.
+    places.diagnostics.moveLeft(
+        std::max(ecran.left(), fenetre.right() + 1 - std::max(colonne, diagnostics.width())));
+    return places;
+}
+
 // ---- the diagram ----
 
 Diagramme::Diagramme(PanneauDemarre& modele, Etude& e, QWidget* parent)
@@ -165,6 +190,13 @@ void Diagramme::mouseReleaseEvent(QMouseEvent* ev) {
     if (ev->button() != Qt::LeftButton) return;
     modele_.SourisHaut(VersR(ev->position().x()), VersX(ev->position().y()));
     if (Apres) Apres();
+}
+
+void Diagramme::leaveEvent(QEvent*) {
+    // A window that hides or closes sends a last leave: then there is nothing to show.
+    if (!isVisible() || !Apres) return;
+    modele_.SourisSortie();
+    Apres();
 }
 
 void Diagramme::keyPressEvent(QKeyEvent* ev) {
@@ -310,6 +342,12 @@ VueDemarre::VueDemarre(PanneauDemarre& modele, Etude& e)
     Lier();
 }
 
+VueDemarre::~VueDemarre() {
+    // The diagram outlives this part of the window for a moment: it calls nothing of it.
+    diagramme_->Apres = nullptr;
+    diagramme_->MenuPlume = nullptr;
+}
+
 void VueDemarre::ImprimerSur(QPagedPaintDevice& support) {
     PageQt page(support);
     EtatImpression etat;
@@ -374,16 +412,27 @@ void VueDemarre::ApresHandler() {
                 }
             },
             Qt::QueuedConnection);
-        // Beside the working window when the screen has room, else over its side column: never
-        // over the diagram.
+        // Beside the working window; on a screen without room on its right, the working
+        // window narrows, its diagram with it, rather than be covered.
         diagnostics_->resize(TailleSurEcran(*diagnostics_));
-        const QRect fenetre = frameGeometry();
-        int x = fenetre.right() + 1;
         if (const QScreen* ecran = screen(); ecran && isVisible()) {
-            const QRect place = ecran->availableGeometry();
-            if (x + diagnostics_->width() > place.right())
-                x = std::max(place.left(), fenetre.right() - diagnostics_->width());
-            diagnostics_->move(x, fenetre.top());
+            const QMargins cadre(geometry().left() - frameGeometry().left(),
+                                 geometry().top() - frameGeometry().top(),
+                                 frameGeometry().right() - geometry().right(),
+                                 frameGeometry().bottom() - geometry().bottom());
+            const PlacesDiagnostics places = PlacerDiagnostics(
+                ecran->availableGeometry(), frameGeometry(),
+                minimumSizeHint().width() + cadre.left() + cadre.right(),
+                diagnostics_->size() + QSize(cadre.left() + cadre.right(), 0),
+                findChild<QWidget*>("colonne") ? findChild<QWidget*>("colonne")->width() : 0);
+            if (places.fenetre != frameGeometry()) {
+                avantDiagnostics_ = {geometry(), isMaximized()};
+                if (isMaximized()) showNormal();
+                setGeometry(places.fenetre.marginsRemoved(cadre));
+            }
+            diagnostics_->resize(places.diagnostics.width() - cadre.left() - cadre.right(),
+                                 diagnostics_->height());
+            diagnostics_->move(places.diagnostics.topLeft());
         }
         diagnostics_->show();
     } else if (!diagnostics && diagnostics_) {
@@ -391,6 +440,13 @@ void VueDemarre::ApresHandler() {
         diagnostics_->hide();
         diagnostics_->deleteLater();
         diagnostics_ = nullptr;
+        if (avantDiagnostics_) { // the working window takes back the room it gave
+            if (avantDiagnostics_->second)
+                showMaximized();
+            else
+                setGeometry(avantDiagnostics_->first);
+            avantDiagnostics_.reset();
+        }
     } else if (diagnostics_ && diagnostics_->Liaison()) {
         diagnostics_->Liaison()->Rafraichir();
     }

@@ -4,7 +4,10 @@
 #include "core/views/FenetrePanneau.h"
 
 #include <QPointer>
+#include <QRect>
 #include <QWidget>
+#include <optional>
+#include <utility>
 
 class QMenu;
 class QLabel;
@@ -33,6 +36,7 @@ protected:
     void mouseMoveEvent(QMouseEvent*) override;
     void mousePressEvent(QMouseEvent*) override;
     void mouseReleaseEvent(QMouseEvent*) override;
+    void leaveEvent(QEvent*) override;
     void keyPressEvent(QKeyEvent*) override;
 
 private:
@@ -44,10 +48,22 @@ private:
     Etude& e_;
 };
 
+// Where the diagnostics window stands beside the working window, frames included: on its right
+// when the screen has room; else the working window narrows, down to its minimum width, and the
+// diagnostics window, down to a width where its texts still read, so that both are seen whole;
+// on a screen too small for that, over the side column.
+struct PlacesDiagnostics {
+    QRect fenetre;
+    QRect diagnostics;
+};
+PlacesDiagnostics PlacerDiagnostics(const QRect& ecran, const QRect& fenetre, int largeurMinimale,
+                                    QSize diagnostics, int colonne);
+
 class VueDemarre : public FenetrePanneau {
     Q_OBJECT
 public:
     VueDemarre(PanneauDemarre& modele, Etude& e);
+    ~VueDemarre() override;
     // The report onto a printer or a PDF file, the progress panel up while it prints.
     void ImprimerSur(QPagedPaintDevice& support);
 
@@ -65,7 +81,10 @@ private:
     int version_ = -1;
     bool demarree_ = false;
     QPointer<FenetrePanneau> diagnostics_; // frmDiagnostics, beside the working window
-    FenetreProgression* progression_;      // frmImpress
+    // The working window's place before it narrowed for the diagnostics, and whether it filled
+    // the screen.
+    std::optional<std::pair<QRect, bool>> avantDiagnostics_;
+    FenetreProgression* progression_; // frmImpress
 };
 
 } // namespace tournesol

@@ -21,11 +21,14 @@
 #include "shell/views/VueDemarre.h"
 #include "shell/views/VueTitre.h"
 
+#include <QCheckBox>
 #include <QGroupBox>
+#include <QImage>
 #include <QLabel>
 #include <QMouseEvent>
 #include <QPushButton>
 #include <QRadioButton>
+#include <QScreen>
 #include <QTabBar>
 #include <QTabWidget>
 #include <QTest>
@@ -225,4 +228,58 @@ TEST(FenetresPortables, LesCadresSansObjetSeCachentEtLAideSuitLePointeur) {
                        Qt::NoButton, Qt::NoModifier);
     QApplication::sendEvent(barre, &survol);
     EXPECT_EQ(aide->text(), "IMAP (Winter2)");
+}
+
+TEST(FenetresPortables, LOutilEnfonceEtLaLegendeEchantillonnee) {
+    Etude e;
+    Ouvrir("champagnier-grande-ile-225kV.json", e);
+    DialogueSansFenetre d;
+    OptionsReport options;
+    options.Choisir(e.TypeReportCharge);
+    PanneauDemarre demarre(e, d, options, nullptr, std::nullopt);
+    VueDemarre vue(demarre, e);
+    vue.show();
+    QApplication::processEvents();
+    auto enfonces = [&vue] {
+        QList<int> bas;
+        for (int i = 0; i < 6; ++i)
+            if (vue.findChild<QPushButton*>(QString("cmdoption(%1)").arg(i))->isChecked()) bas << i;
+        return bas;
+    };
+    // The tool in force is seen pressed, alone, from the start.
+    EXPECT_EQ(enfonces(), QList<int>{1});
+    QTest::mouseClick(vue.findChild<QPushButton*>("cmdoption(5)"), Qt::LeftButton);
+    EXPECT_EQ(enfonces(), QList<int>{5});
+
+    // Each entry of the legend shows a sample of its line in the entry's colour.
+    for (const char* nom : {"txtTransit1", "txtTransit2", "txtZoneanti", "txtdir"}) {
+        auto* entree = vue.findChild<QCheckBox*>(nom);
+        const QImage echantillon = entree->icon().pixmap(entree->iconSize()).toImage();
+        ASSERT_FALSE(echantillon.isNull()) << nom;
+        const Couleur c = demarre.CouleurLegende(nom);
+        EXPECT_EQ(echantillon.pixelColor(echantillon.width() / 2, echantillon.height() / 2),
+                  QColor(Rouge(c), Vert(c), Bleu(c)))
+            << nom;
+    }
+}
+
+TEST(FenetresPortables, LesDiagnosticsACoteDuDessinSurChaqueEcran) {
+    // A 1366 x 768 screen, the working window across it: it narrows to make room.
+    const QRect laptop(0, 0, 1366, 738);
+    PlacesDiagnostics p = PlacerDiagnostics(laptop, laptop, 620, QSize(560, 700), 340);
+    EXPECT_EQ(p.fenetre, QRect(0, 0, 806, 738));
+    EXPECT_EQ(p.diagnostics, QRect(806, 0, 560, 700));
+    // Room on the right: nothing moves.
+    p = PlacerDiagnostics(QRect(0, 0, 1920, 1160), QRect(100, 50, 1200, 900), 620, QSize(560, 700),
+                          340);
+    EXPECT_EQ(p.fenetre, QRect(100, 50, 1200, 900));
+    EXPECT_EQ(p.diagnostics, QRect(1300, 50, 560, 700));
+    // A window that cannot narrow so much: the diagnostics window narrows too.
+    p = PlacerDiagnostics(laptop, laptop, 900, QSize(560, 700), 340);
+    EXPECT_EQ(p.fenetre.width(), 900);
+    EXPECT_EQ(p.diagnostics, QRect(900, 0, 466, 700));
+    // A screen too small for both: over the side column only.
+    p = PlacerDiagnostics(QRect(0, 0, 800, 600), QRect(0, 0, 800, 600), 620, QSize(300, 500), 340);
+    EXPECT_EQ(p.fenetre, QRect(0, 0, 800, 600));
+    EXPECT_EQ(p.diagnostics.left(), 800 - 340);
 }
