@@ -119,7 +119,7 @@ void AmorcerBase(BaseEtudesSql& base) {
 // two study files (place 1 and place 2), in layout N or the one their names give, saved as an
 // image once drawn; nothing is saved.
 int CapturerSuperposition(const QStringList& args) {
-    if (args.size() < 4 || args.size() > 5) {
+    if (args.size() < 3 || args.size() > 4) {
         std::cerr << "tournesol: --capture-superposition IMAGE.png A.json B.json [LAYOUT]\n";
         return 2;
     }
@@ -145,7 +145,7 @@ int CapturerSuperposition(const QStringList& args) {
         return e.ErrCalcul == 0;
     };
     PanneauSuperposer modele(etude, sansFenetre, nullptr, services, std::nullopt);
-    const int disposition = args.size() == 5 ? args.at(4).toInt() : 0;
+    const int disposition = args.size() == 4 ? args.at(3).toInt() : 0;
     if (disposition >= 1 && disposition <= NOMBRE_DISPOSITIONS)
         modele.Cliquer(std::string(BOUTONS_DISPOSITION[static_cast<std::size_t>(disposition - 1)]));
     VueSuperposer vue(modele);

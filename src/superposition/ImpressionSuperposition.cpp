@@ -14,7 +14,8 @@ namespace {
 constexpr const char* FORMAT_OHMS = "##0.00";
 constexpr Stylo TRAIT_EXTERIEUR{0, TRAIT_PLEIN, 4.0};
 constexpr Stylo TRAIT_CADRE{0, TRAIT_PLEIN, 1.0};
-constexpr int COLONNE_PLACE2 = 95;  // the second place's names, beside the first's
+constexpr int COLONNE_PLACE2 = 66;  // the second place's names, beside the first's
+constexpr int COLONNE_NOMS = 24;    // a name after its caption
 constexpr int COLONNE_VALEURS = 80; // the values of a short settings page
 
 void Encadrer(Page& page, const CadreImpression& c, const Stylo& stylo) {
@@ -63,7 +64,7 @@ void PremierePage(ContexteImpression& c, Superposition& s) {
     const double haut = k.CadreEntete.Top + e.Pas;
     ecrire(haut, 0, 0, "   Superposition of two settings", 0);
     ecrire(haut, 1, 0, "   The two superposed substations are :", 0);
-    ecrire(haut, 0, COLONNE_PLACE2, c.dateHeure, 0);
+    ecrire(haut, 0, 90, c.dateHeure, 0);
     // Under the drawing, the names of each place in its colour.
     const double pied = k.CadrePied.Top + e.Pas;
     for (const int n : {1, 2}) {
@@ -78,7 +79,7 @@ void PremierePage(ContexteImpression& c, Superposition& s) {
             s.Identification(n).substr(s.Identification(n).rfind(", ") + 2)};
         for (int r = 0; r < 4; ++r) {
             ecrire(pied, r, colonne, libelles[r], couleur);
-            ecrire(pied, r, colonne + 30, valeurs[r], couleur);
+            ecrire(pied, r, colonne + COLONNE_NOMS, valeurs[r], couleur);
         }
     }
 }

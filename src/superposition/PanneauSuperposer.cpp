@@ -105,10 +105,6 @@ PanneauSuperposer::PanneauSuperposer(Etude& e, Dialogue& d, BaseEtudes* base, Se
     Ajouter(GenreChamp::Bouton, "mnuzoomout", "Zoom -", "mnuzoom");
     Ajouter(GenreChamp::Bouton, "mnuapropos", "&A propos", "mnuaide");
 
-    // The colours of the user, the two places told apart.
-    InitCouleurs(e_);
-    if (reglages_) LireReglagesUtilisateur(e_, *reglages_);
-    CouleursDesPlaces(e_);
     e_.ChargementFenetre = false;
     e_.RelaisPret = true;
     e_.DiagramActuel = false;
@@ -125,6 +121,11 @@ PanneauSuperposer::PanneauSuperposer(Etude& e, Dialogue& d, BaseEtudes* base, Se
         });
         s_.SauverPlace();
     }
+    // The colours of the user, the two places told apart; the images take their classes from
+    // them.
+    InitCouleurs(e_);
+    if (reglages_) LireReglagesUtilisateur(e_, *reglages_);
+    CouleursDesPlaces(e_);
     for (const int p : {1, 2}) {
         const Place& place = s_.PlaceNumero(p);
         Trouver(Rap("Poste", p))->DefinirTexte(place.Poste);

@@ -7,8 +7,10 @@
 #include "core/Registre.h"
 #include "diagram/Plan.h"
 #include "diagram/SurfaceEnregistree.h"
+#include "printing/PageEnregistree.h"
 #include "relays/Relais.h"
 #include "shell/Ouverture.h"
+#include "superposition/ImpressionSuperposition.h"
 #include "superposition/Positions.h"
 #include "superposition/Superposition.h"
 
@@ -403,4 +405,53 @@ TEST_F(DeuxBoutsSuperposes, DrapeauxDAffichageParPlaceEtPourLesDeux) {
     EXPECT_EQ(Dessin()[e.CouleurPoste1], avant);
     p1.Traits.back().Classe = CLASSE_TRIPHASE; // the same figure of a class is drawn
     EXPECT_EQ(Dessin()[e.CouleurPoste1], avant + 1);
+}
+
+// The print: the head of the two places and their drawing, then a short page of each place
+// under its own head; Escape stops the copy.
+TEST_F(DeuxBoutsSuperposes, ImpressionDesDeuxPlaces) {
+    e.ImpParties = {true, true, true};
+    e.ImpCopies = 1;
+    e.ArretImpression = false;
+    DialogueSansFenetre d;
+    PageEnregistree page;
+    EtatImpression etat;
+    ImprimerSuperposition(s, d, page, etat, "24/11/2026 - 10:00");
+    ASSERT_EQ(page.Imprimes.size(), 1u);
+    const DocumentImprime& doc = page.Imprimes[0];
+    ASSERT_EQ(doc.size(), 3u);
+    auto contient = [](const PageImprimee& p, const std::string& texte) {
+        for (const std::string& l : PageEnregistree::Lignes(p))
+            if (l.find(texte) != std::string::npos) return true;
+        return false;
+    };
+    EXPECT_TRUE(contient(doc[0], "   Superposition of two settings"));
+    EXPECT_TRUE(contient(doc[0], "   The two superposed substations are :"));
+    EXPECT_TRUE(contient(doc[0], "substation A1 :"));
+    EXPECT_TRUE(contient(doc[0], "Relay 2 :"));
+    EXPECT_TRUE(contient(doc[0], "GRANDE-ILE"));
+    int lignes = 0;
+    for (const ElementPage& el : doc[0])
+        lignes += el.genre != ElementPage::Texte;
+    EXPECT_GT(lignes, 30); // the frames, the axes and both images
+    EXPECT_TRUE(contient(doc[1], "Settings of substation A1: CHAMPAGNIER"));
+    EXPECT_TRUE(contient(doc[1], "protective relay"));
+    EXPECT_TRUE(contient(doc[1], "PD3A"));
+    EXPECT_TRUE(contient(doc[1], "First zone reach"));
+    EXPECT_TRUE(contient(doc[2], "Settings of substation A2: GRANDE-ILE"));
+    EXPECT_TRUE(contient(doc[2], "S321-5"));
+
+    // Escape at the first turn of events: nothing of the copy goes to paper.
+    class Echap : public DialogueSansFenetre {
+    public:
+        explicit Echap(Etude& x) : x_(x) {}
+        void LaisserPasserEvenements() override { x_.ArretImpression = true; }
+
+    private:
+        Etude& x_;
+    } echap(e);
+    PageEnregistree arretee;
+    ImprimerSuperposition(s, echap, arretee, etat, "24/11/2026 - 10:00");
+    EXPECT_TRUE(arretee.Imprimes.empty());
+    EXPECT_EQ(arretee.Abandons, 1);
 }

@@ -10,6 +10,7 @@
 #include "core/Magasin.h"
 #include "core/Registre.h"
 #include "core/views/DialogueQt.h"
+#include "core/views/Lieur.h"
 #include "database/BaseEtudesSql.h"
 #include "database/Import.h"
 #include "relays/Relais.h"
@@ -22,6 +23,7 @@
 #include <QLabel>
 #include <QLineEdit>
 #include <QScreen>
+#include <QTabWidget>
 #include <QTemporaryDir>
 #include <gtest/gtest.h>
 
@@ -50,14 +52,26 @@ std::vector<ValeurTR> Liste(const BlocReglages& bloc) {
     return v;
 }
 
-// The pixels of the diagram in a colour of the system.
+// The pixels of the diagram near a colour of the system (the lines are smoothed).
 int Pixels(const QImage& image, Couleur c) {
-    const QRgb cible = qRgb(Rouge(c), Vert(c), Bleu(c));
     int n = 0;
     for (int y = 0; y < image.height(); ++y)
-        for (int x = 0; x < image.width(); ++x)
-            n += image.pixel(x, y) == cible;
+        for (int x = 0; x < image.width(); ++x) {
+            const QRgb p = image.pixel(x, y);
+            const int dr = qRed(p) - Rouge(c), dv = qGreen(p) - Vert(c), db = qBlue(p) - Bleu(c);
+            n += dr * dr + dv * dv + db * db < 60 * 60;
+        }
     return n;
+}
+
+// Where every figure of a place's image stands.
+std::vector<double> Image(const Place& p) {
+    std::vector<double> v;
+    for (const TraitPlace& t : p.Traits)
+        v.insert(v.end(), {t.Segment.A.Re, t.Segment.A.Im, t.Segment.B.Re, t.Segment.B.Im});
+    for (const ArcPlace& a : p.Arcs)
+        v.insert(v.end(), {a.Arc.Centre.Re, a.Arc.Centre.Im, a.Arc.Debut.Re, a.Arc.Debut.Im});
+    return v;
 }
 
 } // namespace
@@ -77,8 +91,9 @@ TEST(FenetreSuperposition, DeuxReglagesSauvesSuperposesRegleEtSauvePlace2) {
     int titres = 0, superpositions = 0, panneaux = 0, demarres = 0;
     int pixels1 = 0, pixels2 = 0;
     int dispositionInitiale = 0, disposition = 0;
-    bool imageBougee = false, tientSurEcran = false;
-    std::string legende1, legende2;
+    bool imageBougee = false, place1Fixe = false, tientSurEcran = false;
+    std::pair<Couleur, Couleur> couleurs;
+    std::string legende1, legende2, champsSansWidget = "?", widgetsSansChamp = "?";
     std::vector<ValeurTR> reglee, rouverte;
     std::function<void(QWidget*)> agir = [&](QWidget* w) {
         const QString nom = w->objectName();
@@ -87,10 +102,15 @@ TEST(FenetreSuperposition, DeuxReglagesSauvesSuperposesRegleEtSauvePlace2) {
             if (titres == 1) {
                 w->findChild<QCheckBox*>("chksuperposer")->click();
                 NommerEtude(w, "CHAMPAGNIER", "GRANDE-ILE", "PD3A", "1");
+                // The second relay on the second page.
+                auto* onglets = w->findChild<QTabWidget*>("Onglet");
+                emit onglets->tabBarClicked(1);
+                EXPECT_EQ(onglets->currentIndex(), 1);
                 Taper(w, "txtposte2", "GRANDE-ILE");
                 Taper(w, "txtdépart2", "CHAMPAGNIER");
                 Taper(w, "txtProtection2", "S321-5");
                 Taper(w, "txtnuméro2", "1");
+                emit onglets->tabBarClicked(0);
             } else if (titres == 2) {
                 // Place 2 alone, as it was saved from the superposition.
                 NommerEtude(w, "GRANDE-ILE", "CHAMPAGNIER", "S321-5", "1");
@@ -108,10 +128,15 @@ TEST(FenetreSuperposition, DeuxReglagesSauvesSuperposesRegleEtSauvePlace2) {
             Superposition& s = modele.Superposer();
             auto* diagramme = w->findChild<QWidget*>("imgCaractéristique");
             const QImage image = diagramme->grab().toImage();
+            couleurs = {e.CouleurPoste1, e.CouleurPoste2};
             pixels1 = Pixels(image, e.CouleurPoste1);
             pixels2 = Pixels(image, e.CouleurPoste2);
             legende1 = w->findChild<QLabel*>("lblPlace1")->text().toStdString();
             legende2 = w->findChild<QLabel*>("lblPlace2")->text().toStdString();
+            // Every field has its widget, every named input widget its field.
+            Lieur* lieur = static_cast<FenetrePanneau*>(w)->Liaison();
+            champsSansWidget = lieur->ChampsSansWidget().join(' ').toStdString();
+            widgetsSansChamp = lieur->WidgetsSansChamp().join(' ').toStdString();
             const QRect cadre = w->frameGeometry();
             tientSurEcran = cadre.width() <= 1366 && cadre.height() <= 768;
             dispositionInitiale = s.Disposition();
@@ -119,21 +144,18 @@ TEST(FenetreSuperposition, DeuxReglagesSauvesSuperposesRegleEtSauvePlace2) {
             QTest::mouseClick(w->findChild<QPushButton*>("cmdPlace1"), Qt::LeftButton);
             disposition = s.Disposition();
             // Place 2 set through its relay's panel.
-            const Complexe avant = s.PlaceNumero(2).Traits.empty()
-                                       ? Complexe{}
-                                       : s.PlaceNumero(2).Traits.back().Segment.A;
-            const std::size_t n = s.PlaceNumero(2).Traits.size();
+            const std::vector<double> avant = Image(s.PlaceNumero(2));
+            const std::vector<double> place1 = Image(s.PlaceNumero(1));
             QTest::mouseClick(w->findChild<QPushButton*>("cmdregposte2"), Qt::LeftButton);
-            imageBougee = s.PlaceNumero(2).Traits.size() != n ||
-                          (n > 0 && (s.PlaceNumero(2).Traits.back().Segment.A.Re != avant.Re ||
-                                     s.PlaceNumero(2).Traits.back().Segment.A.Im != avant.Im));
+            imageBougee = !avant.empty() && Image(s.PlaceNumero(2)) != avant;
+            place1Fixe = Image(s.PlaceNumero(1)) == place1;
             reglee = Liste(s.PlaceNumero(2).Bloc);
             w->findChild<QAction*>("mnusauve2")->trigger();
             w->findChild<QAction*>("mnuchangerposte")->trigger();
         } else if (nom == "frmS321") {
             ++panneaux;
-            // The second zone of the phase to earth loops, 9.5 secondary ohms.
-            TaperLigne(w->findChild<QLineEdit*>("txtx2_bt"), "9.5", true);
+            // The second zone of the phase to phase loops, 14 secondary ohms.
+            TaperLigne(w->findChild<QLineEdit*>("txtz2_bt"), "14", true);
             QTest::mouseClick(w->findChild<QPushButton*>("Command1"), Qt::LeftButton);
         } else if (nom == "frmDémarre") {
             ++demarres;
@@ -151,16 +173,19 @@ TEST(FenetreSuperposition, DeuxReglagesSauvesSuperposesRegleEtSauvePlace2) {
     }
     ASSERT_EQ(superpositions, 1);
     EXPECT_EQ(dispositionInitiale, 2); // the far end of the same line, looking back
-    EXPECT_NE(e.CouleurPoste1, e.CouleurPoste2);
+    EXPECT_NE(couleurs.first, couleurs.second);
     EXPECT_GT(pixels1, 50) << "place 1 not drawn in its colour";
     EXPECT_GT(pixels2, 50) << "place 2 not drawn in its colour";
     EXPECT_NE(legende1.find("CHAMPAGNIER - GRANDE-ILE, PD3A n° 1"), std::string::npos) << legende1;
     EXPECT_NE(legende2.find("GRANDE-ILE - CHAMPAGNIER, S321-5 n° 1"), std::string::npos)
         << legende2;
     EXPECT_TRUE(tientSurEcran);
+    EXPECT_EQ(champsSansWidget, "");
+    EXPECT_EQ(widgetsSansChamp, "");
     EXPECT_EQ(disposition, 1);
     EXPECT_EQ(panneaux, 1);
     EXPECT_TRUE(imageBougee);
+    EXPECT_TRUE(place1Fixe);
     ASSERT_EQ(demarres, 1);
     ASSERT_FALSE(reglee.empty());
     EXPECT_EQ(rouverte, reglee);
