@@ -115,12 +115,14 @@ void AmorcerBase(BaseEtudesSql& base) {
     ImporterEtude(base, exemple, sansFenetre);
 }
 
-// `tournesol --capture-superposition IMAGE.png A.json B.json [N]`: the superposition window on
-// two study files (place 1 and place 2), in layout N or the one their names give, saved as an
-// image once drawn; nothing is saved.
+// `tournesol --capture-superposition IMAGE.png A.json B.json [N [BUTTON]]`: the superposition
+// window on two study files (place 1 and place 2), in layout N or the one their names give (0),
+// a button of the window clicked (cmdaffiche, cmdpostes), saved as an image once drawn; nothing
+// is saved.
 int CapturerSuperposition(const QStringList& args) {
-    if (args.size() < 3 || args.size() > 4) {
-        std::cerr << "tournesol: --capture-superposition IMAGE.png A.json B.json [LAYOUT]\n";
+    if (args.size() < 3 || args.size() > 5) {
+        std::cerr
+            << "tournesol: --capture-superposition IMAGE.png A.json B.json [LAYOUT [BUTTON]]\n";
         return 2;
     }
     Etude etude;
@@ -145,9 +147,10 @@ int CapturerSuperposition(const QStringList& args) {
         return e.ErrCalcul == 0;
     };
     PanneauSuperposer modele(etude, sansFenetre, nullptr, services, std::nullopt);
-    const int disposition = args.size() == 4 ? args.at(3).toInt() : 0;
+    const int disposition = args.size() >= 4 ? args.at(3).toInt() : 0;
     if (disposition >= 1 && disposition <= NOMBRE_DISPOSITIONS)
         modele.Cliquer(std::string(BOUTONS_DISPOSITION[static_cast<std::size_t>(disposition - 1)]));
+    if (args.size() == 5) modele.Cliquer(args.at(4).toStdString());
     VueSuperposer vue(modele);
     vue.show();
     QApplication::processEvents();

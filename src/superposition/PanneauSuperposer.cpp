@@ -62,7 +62,6 @@ PanneauSuperposer::PanneauSuperposer(Etude& e, Dialogue& d, BaseEtudes* base, Se
     : Panneau("frmsuperposer"), e_(e), d_(d), base_(base), services_(std::move(services)),
       reglages_(std::move(reglages)), s_(e) {
     e_.ChargementFenetre = true;
-    DefinirTitre("TOURNESOL [" + e_.NomPoste + "]");
     e_.OptionDessin = 1;
     Ajouter(GenreChamp::Etiquette, "status", "");
     Ajouter(GenreChamp::Etiquette, "coordonnées", "");
@@ -119,8 +118,10 @@ PanneauSuperposer::PanneauSuperposer(Etude& e, Dialogue& d, BaseEtudes* base, Se
         s_.ChargerPlace(p, [this, p](Etude& x) {
             return services_.OuvrirPlace ? services_.OuvrirPlace(x, p) : true;
         });
-        s_.SauverPlace();
+        // A place without a relay (its choice cancelled) keeps nothing and draws nothing.
+        if (RelaisConnu(s_.PlaceNumero(p).IdProtection)) s_.SauverPlace();
     }
+    DefinirTitre("TOURNESOL [" + s_.PlaceNumero(1).Poste + "]");
     // The colours of the user, the two places told apart; the images take their classes from
     // them.
     InitCouleurs(e_);
@@ -141,7 +142,9 @@ PanneauSuperposer::PanneauSuperposer(Etude& e, Dialogue& d, BaseEtudes* base, Se
     Montrer(POSITION);
     // A place whose relay was not computed is told in the status line at once.
     for (const int p : {1, 2})
-        if (!s_.PlaceNumero(p).Calculee)
+        if (!s_.PlaceNumero(p).Gardee)
+            Trouver("status")->DefinirTexte("Place " + std::to_string(p) + " : no relay chosen.");
+        else if (!s_.PlaceNumero(p).Calculee)
             Trouver("status")->DefinirTexte("Place " + std::to_string(p) +
                                             " : the relay's settings are not computed; only its "
                                             "line is drawn.");

@@ -11,6 +11,7 @@
 #include "relays/Relais.h"
 #include "shell/Ouverture.h"
 #include "superposition/ImpressionSuperposition.h"
+#include "superposition/PanneauSuperposer.h"
 #include "superposition/Positions.h"
 #include "superposition/Superposition.h"
 
@@ -454,4 +455,108 @@ TEST_F(DeuxBoutsSuperposes, ImpressionDesDeuxPlaces) {
     ImprimerSuperposition(s, echap, arretee, etat, "24/11/2026 - 10:00");
     EXPECT_TRUE(arretee.Imprimes.empty());
     EXPECT_EQ(arretee.Abandons, 1);
+}
+
+// The window's model on the two ends of the line: the three frames in one place and the captions
+// that name the next, the layout buttons and their help, the display areas, setting place 2
+// through its relay (a longer second zone), leaving.
+TEST(PanneauSuperposer, CadresDispositionsAffichageEtReglage) {
+    Etude e;
+    InscrireRelais();
+    InitRegistre(e);
+    DialogueSansFenetre d;
+    PanneauSuperposer::Services services;
+    services.OuvrirPlace = [](Etude& x, int place) {
+        Etude lue;
+        const bool ok =
+            Charger(lue, EXEMPLES / (place == 1 ? "champagnier-grande-ile-225kV.json"
+                                                : "grande-ile-champagnier-225kV-s321.json"));
+        x = std::move(lue);
+        return ok;
+    };
+    int reglages = 0;
+    services.ReglerRelais = [&reglages](Etude& x) {
+        ++reglages;
+        x.S321.Z2MG *= 1.5;
+        return true;
+    };
+    PanneauSuperposer m(e, d, nullptr, services, std::nullopt);
+    auto texte = [&m](const char* nom) { return m.Trouver(nom)->Texte(); };
+    auto visible = [&m](const char* nom) { return m.Trouver(nom)->Visible; };
+
+    EXPECT_EQ(m.Titre(), "TOURNESOL [CHAMPAGNIER]");
+    EXPECT_EQ(m.CadreMontre(), "frmposition");
+    EXPECT_TRUE(visible("frmposition"));
+    EXPECT_FALSE(visible("frmaffiche"));
+    EXPECT_EQ(texte("cmdaffiche"), "Modifier l'affichage");
+    EXPECT_EQ(texte("cmdpostes"), "Détail des Postes");
+    m.Cliquer("cmdaffiche");
+    EXPECT_TRUE(visible("frmaffiche"));
+    EXPECT_FALSE(visible("frmposition"));
+    EXPECT_EQ(texte("cmdaffiche"), "Position des postes");
+    m.Cliquer("cmdpostes");
+    EXPECT_TRUE(visible("frmpostsélec"));
+    EXPECT_FALSE(visible("frmaffiche"));
+    EXPECT_EQ(texte("cmdaffiche"), "Modifier l'affichage");
+    EXPECT_EQ(texte("cmdpostes"), "Position des postes");
+    EXPECT_EQ(texte("RapPoste2"), "GRANDE-ILE");
+    m.Cliquer("cmdpostes");
+    EXPECT_EQ(m.CadreMontre(), "frmposition");
+    EXPECT_NE(texte("lblPlace1").find("CHAMPAGNIER - GRANDE-ILE, PD3A n° 1"), std::string::npos);
+
+    // The layouts: the one in force pressed, the others raised, each with its help.
+    EXPECT_TRUE(m.Trouver("cmdPlace2")->Valeur);
+    m.Survoler("cmdPlace2");
+    EXPECT_EQ(texte("status"), "cette disposition est celle qui est choisie");
+    m.Survoler("CmdPlace4");
+    EXPECT_EQ(texte("status"),
+              "cette disposition n'est pas choisie. Clique sur elle si tu veux la choisir");
+    const int version = m.Version();
+    m.Cliquer("CmdPlace4");
+    EXPECT_EQ(m.Superposer().Disposition(), 4);
+    EXPECT_TRUE(m.Trouver("CmdPlace4")->Valeur);
+    EXPECT_FALSE(m.Trouver("cmdPlace2")->Valeur);
+    EXPECT_NE(m.Version(), version);
+    // A click on the pressed one leaves it pressed.
+    m.Trouver("CmdPlace4")->Valeur = false;
+    m.Cliquer("CmdPlace4");
+    EXPECT_TRUE(m.Trouver("CmdPlace4")->Valeur);
+
+    // A display area of one place and a label of both.
+    m.Cliquer("autL2(5)");
+    EXPECT_FALSE(m.Trouver("autL2(5)")->Valeur);
+    EXPECT_TRUE(m.Trouver("autL1(5)")->Valeur);
+    EXPECT_EQ(
+        texte("status"),
+        "si tu cliques sur le trait, les limites de zones de la protection n° 2 sera visible");
+    m.Cliquer("txtdir");
+    EXPECT_FALSE(m.Trouver("autL1(6)")->Valeur);
+    EXPECT_FALSE(m.Trouver("autL2(6)")->Valeur);
+    m.Survoler("txtdir");
+    EXPECT_EQ(texte("status"), "si tu cliques, les caractéristiques directionnelles des deux "
+                               "protections seront visibles");
+
+    // Place 2 set: its image moves, place 1's stays; the working variables hold place 2.
+    auto figures = [&m](int n) {
+        std::vector<double> v;
+        for (const ArcPlace& a : m.Superposer().PlaceNumero(n).Arcs)
+            v.push_back(a.Arc.Debut.Module);
+        for (const TraitPlace& t : m.Superposer().PlaceNumero(n).Traits)
+            v.push_back(t.Segment.A.Re);
+        return v;
+    };
+    const auto avant1 = figures(1), avant2 = figures(2);
+    const double z2 = m.Superposer().PlaceNumero(2).Bloc.Ligne.XL_eq;
+    m.Cliquer("cmdregposte2");
+    EXPECT_EQ(reglages, 1);
+    EXPECT_NE(figures(2), avant2);
+    EXPECT_EQ(figures(1), avant1);
+    EXPECT_EQ(e.id_protection, 12);
+    EXPECT_EQ(m.Superposer().PlaceNumero(2).Bloc.Ligne.XL_eq, z2);
+    // Without a base there is nothing to save to.
+    EXPECT_FALSE(m.Trouver("mnusauve2")->Actif);
+
+    m.Cliquer("mnuquitter");
+    EXPECT_TRUE(m.Ferme());
+    EXPECT_TRUE(e.QuitterAppli);
 }
