@@ -102,6 +102,7 @@ PanneauSuperposer::PanneauSuperposer(Etude& e, Dialogue& d, BaseEtudes* base, Se
     Ajouter(GenreChamp::Bouton, "mnuzoomidéal", "ideal zoom ", "mnuzoom");
     Ajouter(GenreChamp::Bouton, "mnuzoomin", "Zoom +", "mnuzoom");
     Ajouter(GenreChamp::Bouton, "mnuzoomout", "Zoom -", "mnuzoom");
+    Ajouter(GenreChamp::Bouton, "mnucustomzoom", "&Zoom...", "mnuzoom");
     Ajouter(GenreChamp::Bouton, "mnuapropos", "&A propos", "mnuaide");
 
     e_.ChargementFenetre = false;
@@ -211,6 +212,19 @@ void PanneauSuperposer::SourisBouge(double r, double x) {
                        FormaterNombre(module == 0.0 ? 0.0 : angle, "##0.# \xC2\xB0"));
 }
 
+void PanneauSuperposer::SourisBas(double r, double x) {
+    if (e_.EnZoom) depart_ = Cart(r, x);
+}
+
+void PanneauSuperposer::SourisHaut(double r, double x) {
+    if (!depart_) return;
+    // A drag of no size leaves the window as it was.
+    ZoomCarre(e_, depart_->Re, depart_->Im, r, x);
+    depart_.reset();
+    e_.EnZoom = false;
+    MettreAJour();
+}
+
 void PanneauSuperposer::ReglerPlace(int place) {
     e_.RelaisPret = true;
     e_.DiagramActuel = false;
@@ -312,6 +326,10 @@ void PanneauSuperposer::Cliquer(const std::string& nom) {
     } else if (nom == "mnuzoomout") {
         ZoomMoins(e_);
         MettreAJour();
+    } else if (nom == "mnucustomzoom") {
+        e_.EnZoom = true;
+        Trouver("status")->DefinirTexte(
+            "Drawing area : click on the centre of the square, maintain to enlarge");
     } else if (nom == "mnuapropos") {
         d_.Message("TOURNESOL : About ...",
                    "Programme d'aide au calcul des réglages des protections de distance sur les "

@@ -37,8 +37,11 @@ public:
     bool Fermer() override;
     // The pointer resting on a field: its help in the status line.
     void Survoler(const std::string& nom);
-    // The pointer over the plane, in ohms: the coordinates.
+    // The pointer over the plane, in ohms: the coordinates. A drag after "&Zoom..." gives the
+    // square window centred on its first point.
     void SourisBouge(double r, double x);
+    void SourisBas(double r, double x);
+    void SourisHaut(double r, double x);
 
     Superposition& Superposer() { return s_; }
     const Superposition& Superposer() const { return s_; }
@@ -77,6 +80,7 @@ private:
     std::string cadre_;
     int version_ = 0;
     Imprimeur imprimeur_;
+    std::optional<Complexe> depart_; // the first point of a zoom's drag
 };
 
 } // namespace tournesol

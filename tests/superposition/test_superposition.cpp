@@ -556,6 +556,19 @@ TEST(PanneauSuperposer, CadresDispositionsAffichageEtReglage) {
     // Without a base there is nothing to save to.
     EXPECT_FALSE(m.Trouver("mnusauve2")->Actif);
 
+    // The zoom by a drag: a square about its first point; a move alone changes nothing.
+    const float largeur = e.ScaleWidth;
+    m.SourisBas(1.0, 1.0);
+    m.SourisHaut(30.0, 30.0);
+    EXPECT_EQ(e.ScaleWidth, largeur);
+    m.Cliquer("mnucustomzoom");
+    m.SourisBas(2.0, 3.0);
+    m.SourisHaut(12.0, 8.0);
+    EXPECT_FLOAT_EQ(e.ScaleLeft, -8.0f);
+    EXPECT_FLOAT_EQ(e.ScaleTop, 13.0f);
+    EXPECT_FLOAT_EQ(e.ScaleWidth, 20.0f);
+    EXPECT_FALSE(e.EnZoom);
+
     m.Cliquer("mnuquitter");
     EXPECT_TRUE(m.Ferme());
     EXPECT_TRUE(e.QuitterAppli);

@@ -119,13 +119,31 @@ void DiagrammeSuperpose::paintEvent(QPaintEvent*) {
     modele_.Dessiner(plan);
 }
 
-void DiagrammeSuperpose::mouseMoveEvent(QMouseEvent* ev) {
+Complexe DiagrammeSuperpose::Point(const QMouseEvent* ev) const {
     const QRect carre = Carre();
     const Etude& e = modele_.Superposer().etude();
-    if (carre.width() <= 0) return;
+    const double cote = std::max(1, carre.width());
     const double px = ev->position().x() - carre.left(), py = ev->position().y() - carre.top();
-    modele_.SourisBouge(px * e.ScaleWidth / carre.width() + e.ScaleLeft,
-                        py * e.ScaleHeight / carre.height() + e.ScaleTop);
+    return Cart(px * e.ScaleWidth / cote + e.ScaleLeft, py * e.ScaleHeight / cote + e.ScaleTop);
+}
+
+void DiagrammeSuperpose::mouseMoveEvent(QMouseEvent* ev) {
+    const Complexe p = Point(ev);
+    modele_.SourisBouge(p.Re, p.Im);
+    if (Apres) Apres();
+}
+
+void DiagrammeSuperpose::mousePressEvent(QMouseEvent* ev) {
+    if (ev->button() != Qt::LeftButton) return;
+    const Complexe p = Point(ev);
+    modele_.SourisBas(p.Re, p.Im);
+    if (Apres) Apres();
+}
+
+void DiagrammeSuperpose::mouseReleaseEvent(QMouseEvent* ev) {
+    if (ev->button() != Qt::LeftButton) return;
+    const Complexe p = Point(ev);
+    modele_.SourisHaut(p.Re, p.Im);
     if (Apres) Apres();
 }
 

@@ -2,6 +2,7 @@
 // relay buttons, the three frames that share one place, the menus.
 #pragma once
 
+#include "core/Complexe.h"
 #include "core/views/FenetrePanneau.h"
 
 #include <QWidget>
@@ -26,9 +27,13 @@ public:
 protected:
     void paintEvent(QPaintEvent*) override;
     void mouseMoveEvent(QMouseEvent*) override;
+    void mousePressEvent(QMouseEvent*) override;
+    void mouseReleaseEvent(QMouseEvent*) override;
 
 private:
     QRect Carre() const;
+    // The point of the plane under the pointer, in ohms.
+    Complexe Point(const QMouseEvent* ev) const;
     PanneauSuperposer& modele_;
 };
 
