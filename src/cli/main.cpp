@@ -10,6 +10,7 @@
 #include "core/Etude.h"
 #include "core/FichierEtude.h"
 #include "core/Registre.h"
+#include "diagnostics/Diagnostics.h"
 #include "diagram/Plan.h"
 #include "diagram/SurfaceSvg.h"
 #include "relays/Relais.h"
@@ -43,7 +44,7 @@ const char* const USAGE =
     "                          --numero N [--base DIR|URL] [--wait SECONDS]\n"
     "       tournesol-cli report STUDY.json -o FILE.pdf\n"
     "       tournesol-cli listing STUDY.json [-o FILE]\n"
-    "       tournesol-cli superpose A.json B.json [--position N] [-o FILE.svg]\n"
+    "       tournesol-cli superpose A.json B.json [--position N] [-o FILE.svg|FILE.pdf]\n"
     "  calc   reads a study file, runs it from Open to the first drawing and prints the\n"
     "         resulting study as JSON\n"
     "  svg    the same run, then writes the diagram as the working window draws it (the\n"
@@ -192,12 +193,14 @@ int Superpose(const std::vector<std::string>& args) {
             return lue && x.ErrCalcul == 0;
         });
         if (!lue) return SORTIE_USAGE;
-        if (e.ErrCalcul != 0 || !e.RelaisPret)
-            std::cerr << "tournesol-cli: superpose: " << chemin
-                      << ": the relay's settings are not computed; its place shows its line "
-                         "only\n";
         s.PlaceCourante = n;
         s.SauverPlace();
+        if (!s.PlaceNumero(n).Calculee)
+            std::cerr << "tournesol-cli: superpose: " << chemin << ": "
+                      << (ReglagesNonCalcules(e) ? TexteReglagesNonCalcules(e)
+                                                 : std::string("the relay's settings could not "
+                                                               "be computed."))
+                      << " Its place shows its line only.\n";
     }
     InitCouleurs(e);
     CouleursDesPlaces(e);

@@ -4,6 +4,7 @@
 #include "core/Etude.h"
 #include "core/Numerique.h"
 #include "core/Registre.h"
+#include "diagnostics/Diagnostics.h"
 
 #include <algorithm>
 #include <cmath>
@@ -152,7 +153,8 @@ void Superposition::SauverPlace() {
     e_.id_protection = p.IdProtection;
     SauverReglage(e_, p.Bloc);
     p.Gardee = true;
-    p.Calculee = e_.ErrCalcul == 0 && e_.RelaisPret;
+    // A relay without a panel has no settings computed: nothing of it is drawn.
+    p.Calculee = e_.ErrCalcul == 0 && e_.RelaisPret && !ReglagesNonCalcules(e_);
 }
 
 bool Superposition::RestaurerPlace(int n) {
