@@ -311,7 +311,7 @@ void VueSuperposer::ImprimerSur(QPagedPaintDevice& support) {
 }
 
 bool VueSuperposer::eventFilter(QObject* objet, QEvent* evenement) {
-    if (evenement->type() == QEvent::Enter && !objet->objectName().isEmpty() &&
+    if (evenement->type() == QEvent::Enter && lieur_ && !objet->objectName().isEmpty() &&
         objet != diagramme_) {
         modele_.Survoler(objet->objectName().toStdString());
         lieur_->Rafraichir();
