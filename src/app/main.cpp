@@ -19,6 +19,8 @@
 #include "shell/PanneauTitre.h"
 #include "shell/views/VueDemarre.h"
 #include "shell/views/VueTitre.h"
+#include "superposition/PanneauSuperposer.h"
+#include "superposition/views/VueSuperposer.h"
 
 #include <QAction>
 #include <QApplication>
@@ -113,6 +115,51 @@ void AmorcerBase(BaseEtudesSql& base) {
     ImporterEtude(base, exemple, sansFenetre);
 }
 
+// `tournesol --capture-superposition IMAGE.png A.json B.json [N [BUTTON]]`: the superposition
+// window on two study files (place 1 and place 2), in layout N or the one their names give (0),
+// a button of the window clicked (cmdaffiche, cmdpostes), saved as an image once drawn; nothing
+// is saved.
+int CapturerSuperposition(const QStringList& args) {
+    if (args.size() < 3 || args.size() > 5) {
+        std::cerr
+            << "tournesol: --capture-superposition IMAGE.png A.json B.json [LAYOUT [BUTTON]]\n";
+        return 2;
+    }
+    Etude etude;
+    InitRegistre(etude);
+    DialogueSansFenetre sansFenetre; // the studies are read and computed unseen
+    PanneauSuperposer::Services services;
+    services.OuvrirPlace = [&](Etude& e, int place) {
+        Etude lue;
+        InitRegistre(lue);
+        PreparerOuverture(lue);
+        try {
+            LireFichierEtude(args.at(place).toStdString(), lue);
+        } catch (const ErreurFichierEtude& err) {
+            std::cerr << "tournesol: " << args.at(place).toStdString() << ": " << err.what()
+                      << "\n";
+            return false;
+        }
+        OptionsReport options;
+        options.Choisir(lue.TypeReportCharge);
+        InitEtude(lue, sansFenetre, options);
+        e = std::move(lue);
+        return e.ErrCalcul == 0;
+    };
+    PanneauSuperposer modele(etude, sansFenetre, nullptr, services, std::nullopt);
+    const int disposition = args.size() >= 4 ? args.at(3).toInt() : 0;
+    if (disposition >= 1 && disposition <= NOMBRE_DISPOSITIONS)
+        modele.Cliquer(std::string(BOUTONS_DISPOSITION[static_cast<std::size_t>(disposition - 1)]));
+    if (args.size() == 5) modele.Cliquer(args.at(4).toStdString());
+    VueSuperposer vue(modele);
+    vue.show();
+    QApplication::processEvents();
+    const bool ok = vue.grab().save(args.at(0));
+    std::cout << "window " << vue.frameGeometry().width() << "x" << vue.frameGeometry().height()
+              << "\n";
+    return ok ? 0 : 1;
+}
+
 } // namespace
 
 int main(int argc, char** argv) {
@@ -138,10 +185,15 @@ int main(int argc, char** argv) {
             return std::make_unique<VueDemarre>(dynamic_cast<PanneauDemarre&>(p), etude);
         });
     InscrireFenetreRelais(dialogue);
+    InscrireVueSuperposer(dialogue);
     InscrireVuesReseau();
 
     QStringList args = QApplication::arguments();
     args.removeFirst();
+    if (!args.isEmpty() && args.first() == "--capture-superposition") {
+        InscrireRelais();
+        return CapturerSuperposition(args.mid(1));
+    }
     Capture capture;
     if (args.size() >= 2 && (args.first() == "--capture" || args.first() == "--capture-relais")) {
         capture.relais = args.first() == "--capture-relais";

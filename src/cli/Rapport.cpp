@@ -6,12 +6,18 @@
 #include "core/Registre.h"
 #include "diagnostics/Diagnostics.h"
 #include "printing/Impression.h"
+#include "printing/views/PageQt.h"
 #include "printing/views/RapportPdf.h"
 #include "relays/Relais.h"
 #include "shell/Ouverture.h"
+#include "superposition/ImpressionSuperposition.h"
+#include "superposition/Superposition.h"
 
 #include <QFile>
 #include <QGuiApplication>
+#include <QPageLayout>
+#include <QPageSize>
+#include <QPdfWriter>
 #include <iostream>
 #include <memory>
 
@@ -80,6 +86,30 @@ int CommandeRapport(const std::vector<std::string>& args) {
     }
     qInstallMessageHandler(avant);
     return 0;
+}
+
+bool EcrireSuperpositionPdf(Superposition& s, Dialogue& d, const std::string& chemin) {
+    qInstallMessageHandler(Taire);
+    const auto application = ApplicationQt();
+    Etude& e = s.etude();
+    e.ImpParties = {true, true, true};
+    e.ImpCopies = 1;
+    e.ArretImpression = false;
+    bool reussi = false;
+    {
+        QPdfWriter pdf(QString::fromStdString(chemin));
+        pdf.setPageSize(QPageSize(QPageSize::A4));
+        pdf.setPageOrientation(QPageLayout::Portrait);
+        pdf.setPageMargins(QMarginsF(0, 0, 0, 0), QPageLayout::Millimeter);
+        pdf.setResolution(1200);
+        pdf.setCreator(QStringLiteral("Tournesol"));
+        PageQt page(pdf);
+        EtatImpression etat;
+        ImprimerSuperposition(s, d, page, etat);
+        page.Fermer();
+        reussi = page.Reussi() && page.PagesImprimees() > 0;
+    }
+    return reussi;
 }
 
 } // namespace tournesol

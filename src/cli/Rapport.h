@@ -17,4 +17,10 @@ inline constexpr const char* AIDE_RAPPORT =
 // included.
 int CommandeRapport(const std::vector<std::string>& args);
 
+class Superposition;
+class Dialogue;
+// The print of the superposition window (its head and drawing, the short settings page of each
+// place) written as a PDF file. False when the file cannot be written.
+bool EcrireSuperpositionPdf(Superposition& s, Dialogue& d, const std::string& chemin);
+
 } // namespace tournesol

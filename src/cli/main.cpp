@@ -10,12 +10,14 @@
 #include "core/Etude.h"
 #include "core/FichierEtude.h"
 #include "core/Registre.h"
+#include "diagnostics/Diagnostics.h"
 #include "diagram/Plan.h"
 #include "diagram/SurfaceSvg.h"
 #include "relays/Relais.h"
 #include "relays/pxln/CalculPXLN.h"
 #include "relays/pxln/ParametresPXLN.h"
 #include "shell/Ouverture.h"
+#include "superposition/Superposition.h"
 
 #include <charconv>
 #include <cstdlib>
@@ -42,6 +44,7 @@ const char* const USAGE =
     "                          --numero N [--base DIR|URL] [--wait SECONDS]\n"
     "       tournesol-cli report STUDY.json -o FILE.pdf\n"
     "       tournesol-cli listing STUDY.json [-o FILE]\n"
+    "       tournesol-cli superpose A.json B.json [--position N] [-o FILE.svg|FILE.pdf]\n"
     "  calc   reads a study file, runs it from Open to the first drawing and prints the\n"
     "         resulting study as JSON\n"
     "  svg    the same run, then writes the diagram as the working window draws it (the\n"
@@ -58,7 +61,11 @@ const char* const USAGE =
     "  report the same run as calc, then the printed report (drawing, diagnostics, line)\n"
     "         written as a PDF file\n"
     "  listing the same run as calc, then the parameter listing of a PXLN study as its\n"
-    "         settings page prints it, one line per line, UTF-8 text\n";
+    "         settings page prints it, one line per line, UTF-8 text\n"
+    "  superpose runs two studies as calc does, then writes both relays on one diagram as\n"
+    "         the superposition window draws them: layout N (1 to 7) of the two places, or\n"
+    "         the one their names give, the plane fitted to both; FILE.pdf: the print of\n"
+    "         the window (drawing, then the short settings page of each place)\n";
 
 // A study file run headless from Open to the first drawing.
 struct Session {
@@ -129,6 +136,97 @@ int Listing(const std::string& chemin, const std::optional<std::string>& sortie)
     }
     std::ofstream fichier(*sortie, std::ios::binary);
     fichier << texte;
+    if (!fichier) {
+        std::cerr << "tournesol-cli: cannot write " << *sortie << "\n";
+        return 1;
+    }
+    return 0;
+}
+
+// Two studies on one diagram: A in place 1, B in place 2, in layout N (1 to 7) or in the one
+// that their names give.
+int Superpose(const std::vector<std::string>& args) {
+    auto refus = [](const std::string& texte) {
+        std::cerr << "tournesol-cli: superpose: " << texte << "\n";
+        return SORTIE_USAGE;
+    };
+    std::vector<std::string> fichiers;
+    std::optional<std::string> sortie;
+    int disposition = 0;
+    for (std::size_t i = 1; i < args.size(); ++i) {
+        const std::string& mot = args[i];
+        if (mot == "-o" || mot == "--position") {
+            if (i + 1 >= args.size()) return refus("the option " + mot + " needs a value");
+            const std::string& valeur = args[++i];
+            if (mot == "-o") {
+                if (sortie) return refus("the option -o is given twice");
+                sortie = valeur;
+                continue;
+            }
+            if (disposition != 0) return refus("the option --position is given twice");
+            int n = 0;
+            const auto [fin, erreur] =
+                std::from_chars(valeur.data(), valeur.data() + valeur.size(), n);
+            if (erreur != std::errc() || fin != valeur.data() + valeur.size() || n < 1 || n > 7)
+                return refus("--position needs a layout from 1 to 7, not \"" + valeur + "\"");
+            disposition = n;
+        } else if (mot.rfind("-", 0) == 0 && mot.size() > 1) {
+            return refus("unknown option " + mot);
+        } else {
+            fichiers.push_back(mot);
+        }
+    }
+    if (fichiers.size() != 2)
+        return refus("needs two study files, not " + std::to_string(fichiers.size()));
+
+    Etude e;
+    DialogueSansFenetre dialogue;
+    Superposition s(e);
+    for (const int n : {1, 2}) {
+        const std::string& chemin = fichiers[static_cast<std::size_t>(n - 1)];
+        // Each study from its own file over the defaults, as calc reads it.
+        bool lue = true;
+        s.ChargerPlace(n, [&](Etude& x) {
+            Session place;
+            lue = Ouvrir(chemin, place);
+            if (lue) x = std::move(place.e);
+            return lue && x.ErrCalcul == 0;
+        });
+        if (!lue) return SORTIE_USAGE;
+        s.PlaceCourante = n;
+        s.SauverPlace();
+        if (!s.PlaceNumero(n).Calculee)
+            std::cerr << "tournesol-cli: superpose: " << chemin << ": "
+                      << (ReglagesNonCalcules(e) ? TexteReglagesNonCalcules(e)
+                                                 : std::string("the relay's settings could not "
+                                                               "be computed."))
+                      << " Its place shows its line only.\n";
+    }
+    InitCouleurs(e);
+    CouleursDesPlaces(e);
+    if (disposition == 0)
+        s.DispositionInitiale();
+    else
+        s.ChoisirDisposition(disposition);
+    s.AjusterFenetre();
+#ifdef TOURNESOL_AVEC_BASE
+    // FILE.pdf: the print of the window instead of its drawing.
+    if (sortie && sortie->size() > 4 && sortie->compare(sortie->size() - 4, 4, ".pdf") == 0) {
+        if (EcrireSuperpositionPdf(s, dialogue, *sortie)) return 0;
+        std::cerr << "tournesol-cli: cannot write " << *sortie << "\n";
+        return 1;
+    }
+#endif
+    SurfaceSvg surface(TAILLE_SVG, TAILLE_SVG);
+    Plan plan(e, surface);
+    s.RetracerTout(plan);
+    s.EcrireLegende(surface);
+    if (!sortie) {
+        std::cout << surface.Document();
+        return 0;
+    }
+    std::ofstream fichier(*sortie, std::ios::binary);
+    fichier << surface.Document();
     if (!fichier) {
         std::cerr << "tournesol-cli: cannot write " << *sortie << "\n";
         return 1;
@@ -330,6 +428,7 @@ int main(int argc, char** argv) {
     if (!args.empty() && args[0] == "report")
         return CommandeRapport({args.begin() + 1, args.end()});
 #endif
+    if (!args.empty() && args[0] == "superpose") return Superpose(args);
     if (args.size() == 2 && args[0] == "calc") return Calc(args[1]);
     if (args.size() == 2 && args[0] == "svg") return Svg(args[1], std::nullopt);
     if (args.size() == 4 && args[0] == "svg" && args[2] == "-o") return Svg(args[1], args[3]);

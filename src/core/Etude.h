@@ -180,6 +180,7 @@ inline constexpr int NOMBRE_REGLES = 100;
     X(Entier32, id_protection) \
     X(Entier16, id_numero) \
     X(Entier16, Numero1) \
+    X(Entier16, Numero2) \
     X(Booleen, SuppressionLigne) \
     X(Booleen, LigneTroisBouts)
 

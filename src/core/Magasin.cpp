@@ -149,10 +149,49 @@ template <class F> void ValeursDeLigne(Etude& e, BlocReglages& bloc, F&& paire) 
     paire(e.Ligne_Tl, bloc.Tl);
 }
 
+// The rest of the place's line and the relay's record beside their working variables.
+template <class F> void LigneEtRelais(Etude& e, BlocReglages& bloc, F&& paire) {
+#define TOURNESOL_PAIRE(type, nom) paire(e.nom, bloc.Ligne.nom);
+    TOURNESOL_ETUDE_LIGNE(TOURNESOL_PAIRE)
+    TOURNESOL_ETUDE_DERIVEES(TOURNESOL_PAIRE)
+#undef TOURNESOL_PAIRE
+    paire(e.CRtCalcule, bloc.Ligne.CRtCalcule);
+    paire(e.CRmCalcule, bloc.Ligne.CRmCalcule);
+}
+
+void SauverRecord(const Etude& e, BlocReglages& bloc) {
+    switch (bloc.IdProtection) {
+#define TOURNESOL_RELAIS_SAUVER(num, Enregistrement, membre, LISTE)                                \
+    case num:                                                                                      \
+        bloc.Relais = e.membre;                                                                    \
+        break;
+        TOURNESOL_RELAIS(TOURNESOL_RELAIS_SAUVER)
+#undef TOURNESOL_RELAIS_SAUVER
+    default:
+        bloc.Relais = std::monostate{};
+        break;
+    }
+}
+
+void RestaurerRecord(Etude& e, const BlocReglages& bloc) {
+    switch (bloc.IdProtection) {
+#define TOURNESOL_RELAIS_RESTAURER(num, Enregistrement, membre, LISTE)                             \
+    case num:                                                                                      \
+        if (const auto* r = std::get_if<Enregistrement>(&bloc.Relais)) e.membre = *r;              \
+        break;
+        TOURNESOL_RELAIS(TOURNESOL_RELAIS_RESTAURER)
+#undef TOURNESOL_RELAIS_RESTAURER
+    default:
+        break;
+    }
+}
+
 bool SauverReglage(Etude& e, BlocReglages& bloc) {
     CurseurGarde garde(e);
     bloc.Reglages = MagasinBloc{};
     bloc.IdProtection = e.id_protection;
+    SauverRecord(e, bloc);
+    LigneEtRelais(e, bloc, [](const auto& travail, auto& copie) { copie = travail; });
     ValeursDeLigne(e, bloc, [](const auto& travail, auto& copie) { copie = travail; });
     return EcrireReglagesRelais(e, bloc.Reglages);
 }
@@ -161,6 +200,9 @@ bool RestaurerReglage(Etude& e, BlocReglages& bloc) {
     CurseurGarde garde(e);
     const int id = e.id_protection;
     e.id_protection = bloc.IdProtection;
+    // The place's line and record first; its list over them, as the store would give it back.
+    LigneEtRelais(e, bloc, [](auto& travail, const auto& copie) { travail = copie; });
+    RestaurerRecord(e, bloc);
     const bool lu = LireReglagesRelais(e, bloc.Reglages);
     e.id_protection = id;
     // The line values last: the relay's list may hold some of them too.

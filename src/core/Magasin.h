@@ -2,6 +2,8 @@
 // of the setting row (id_reglage). A value's meaning is only its position in its relay's order.
 #pragma once
 
+#include "core/Etude.h"
+
 #include <cstdint>
 #include <map>
 #include <utility>
@@ -91,12 +93,32 @@ private:
     std::vector<ValeurTR> valeurs_;
 };
 
+// A relay's own record, whichever relay it is.
+#define TOURNESOL_RELAIS_ALTERNATIVE(id, Enregistrement, membre, LISTE) , Enregistrement
+using EnregistrementRelais =
+    std::variant<std::monostate TOURNESOL_RELAIS(TOURNESOL_RELAIS_ALTERNATIVE)>;
+#undef TOURNESOL_RELAIS_ALTERNATIVE
+
+// The line of a place as the line computation and the relay's panel left it: every value of the
+// line and every quantity derived from it (equivalent line, levels, report case, transit current
+// and points, set reaches, rule flags).
+struct LigneDuBloc {
+    TOURNESOL_ETUDE_LIGNE(TOURNESOL_DECLARER)
+    TOURNESOL_ETUDE_DERIVEES(TOURNESOL_DECLARER)
+    Booleen CRtCalcule = false;
+    Booleen CRmCalcule = false;
+};
+
 // The setting block of a place of the superposition: the relay's own list, as its setting store
 // writes it (each value in its own type), and the line values its characteristic depends on.
 // Every relay has its block through the list it registers: nothing more to write per relay.
+// Besides, the block keeps the relay's own record and the rest of the place's line, so that the
+// place's panel and characteristic work on that place's line and not on the other's.
 struct BlocReglages {
     int IdProtection = 0;
     MagasinBloc Reglages;
+    EnregistrementRelais Relais;
+    LigneDuBloc Ligne;
     double Kz = 0.0;
     double CRt = 0.0;
     double CRm = 0.0;

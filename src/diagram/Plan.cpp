@@ -604,14 +604,21 @@ void InscrireTraceRelais(int id_protection, TraceCaracteristique trace) {
         traces[static_cast<std::size_t>(id_protection - 1)] = trace;
 }
 
+bool DrawCaracteristique(Plan& plan, const OptionsAffichage& options) {
+    Etude& e = plan.etude();
+    if (e.ErrCalcul != 0 || !e.RelaisPret || plan.CaracteristiqueSuspendue || e.id_protection < 1 ||
+        e.id_protection > NOMBRE_RELAIS)
+        return false;
+    const auto trace = traces[static_cast<std::size_t>(e.id_protection - 1)];
+    if (!trace) return false;
+    ExecuterEtape([&] { trace(plan, options); });
+    return true;
+}
+
 void DrawRelay(Plan& plan, const OptionsAffichage& options) {
     Etude& e = plan.etude();
     ExecuterEtape([&] { TransitDraw(plan, options); });
-    if (e.ErrCalcul == 0 && e.RelaisPret && !plan.CaracteristiqueSuspendue &&
-        e.id_protection >= 1 && e.id_protection <= NOMBRE_RELAIS) {
-        if (const auto trace = traces[static_cast<std::size_t>(e.id_protection - 1)])
-            ExecuterEtape([&] { trace(plan, options); });
-    }
+    DrawCaracteristique(plan, options);
     e.DiagramActuel = true;
 }
 

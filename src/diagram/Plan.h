@@ -185,6 +185,10 @@ private:
 // then complete.
 void DrawRelay(Plan& plan, const OptionsAffichage& options);
 
+// The characteristic of the current relay alone, through the trace it registered; false when
+// nothing was drawn (no valid calculation, the relay not ready, a relay without a trace).
+bool DrawCaracteristique(Plan& plan, const OptionsAffichage& options);
+
 // Each relay registers the drawing of its characteristic.
 using TraceCaracteristique = void (*)(Plan&, const OptionsAffichage&);
 void InscrireTraceRelais(int id_protection, TraceCaracteristique trace);

@@ -29,6 +29,10 @@ public:
     bool OuvrirFichier(const std::filesystem::path& chemin);
 
 private:
+    // The study of a place of the superposition, read and computed as Open and InitEtude do
+    // for one relay; the second place's relay is found by its name, or chosen.
+    bool OuvrirPlace(Etude& e, int place);
+
     Etude& e_;
     Dialogue& d_;
     BaseEtudes* base_;

@@ -98,6 +98,15 @@ void InitEtude(Etude& e, Dialogue& d, OptionsReport& options) {
     e.ProtectionInconnue = false;
 }
 
+void InitSuperposition(Etude& e) {
+    e.TransitOK1 = true;
+    e.TransitOK2 = true;
+    e.ReportsCalcules = true;
+    e.RelaisPret = false;
+    e.EtudeModifiee = false;
+    e.ProtectionInconnue = false;
+}
+
 void CalculerEtTracer(Etude& e, Dialogue& d, OptionsReport& options) {
     AppliquerReports(e, options);
     e.TypeReportCharge = static_cast<Entier16>(options.Cas());

@@ -40,6 +40,10 @@ void ViderLigne(Etude& e);
 // reaches, and draws.
 void InitEtude(Etude& e, Dialogue& d, OptionsReport& options);
 
+// What the opening does before the superposition window: the transit areas count as made, no
+// relay is ready yet and nothing has changed.
+void InitSuperposition(Etude& e);
+
 // Applies the report options, derives It, recomputes the transit area and redraws.
 void CalculerEtTracer(Etude& e, Dialogue& d, OptionsReport& options);
 

@@ -425,6 +425,7 @@ void PanneauTitre::Ouvrir() {
     e_.Idx2Protection = static_cast<Entier16>(Trouver(SECONDE.protection)->IndexListe);
     Quitter(PREMIERE.numero); // the number as the box holds it
     e_.Numero1 = e_.id_numero;
+    e_.Numero2 = static_cast<Entier16>(NumeroDe(T(SECONDE.numero)));
     e_.NomPoste = e_.Nom1Poste;
     e_.NomDepart = e_.Nom1Depart;
     e_.NomPiquage = e_.Nom1Piquage;

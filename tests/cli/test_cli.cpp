@@ -305,3 +305,44 @@ TEST(LigneDeCommande, ListingDuPXLN) {
     EXPECT_TRUE(pd3a.sortie.empty());
     EXPECT_NE(pd3a.erreurs.find("is not a PXLN"), std::string::npos) << pd3a.erreurs;
 }
+
+// Two studies on one diagram: the layout the names give or the one asked, both places in their
+// colours with their legend; a bad layout, a missing file or a third file is refused in one line.
+TEST(LigneDeCommande, SuperposeDeuxEtudes) {
+    const fs::path exemples = TOURNESOL_EXEMPLES;
+    const std::string a = (exemples / "champagnier-grande-ile-225kV.json").string();
+    const std::string b = (exemples / "grande-ile-champagnier-225kV-s321.json").string();
+    auto couleurs = [](const std::string& svg) {
+        return std::make_pair(
+            svg.find("#0000c0") != std::string::npos || svg.find("#0000C0") != std::string::npos,
+            svg.find("#c00000") != std::string::npos || svg.find("#C00000") != std::string::npos);
+    };
+    const Resultat par = Lancer("superpose " + a + " " + b);
+    ASSERT_EQ(par.code, 0) << par.erreurs;
+    EXPECT_NE(par.sortie.find("<svg"), std::string::npos);
+    EXPECT_NE(par.sortie.find("Place 1 : CHAMPAGNIER - GRANDE-ILE, PD3A"), std::string::npos);
+    EXPECT_NE(par.sortie.find("Place 2 : GRANDE-ILE - CHAMPAGNIER, S321-5"), std::string::npos);
+    const auto [bleu, rouge] = couleurs(par.sortie);
+    EXPECT_TRUE(bleu && rouge) << "the two places in two colours";
+
+    // The layout the names give is the second: asking for it draws the same.
+    const fs::path fichier = fs::temp_directory_path() / "tournesol-superpose.svg";
+    ASSERT_EQ(Lancer("superpose " + a + " " + b + " --position 2 -o " + fichier.string()).code, 0);
+    std::ifstream f(fichier);
+    const std::string ecrit((std::istreambuf_iterator<char>(f)), {});
+    EXPECT_EQ(ecrit, par.sortie);
+    const Resultat autre = Lancer("superpose " + a + " " + b + " --position 6");
+    ASSERT_EQ(autre.code, 0);
+    EXPECT_NE(autre.sortie, par.sortie);
+
+    for (const std::string& mauvais :
+         {"superpose " + a + " " + b + " --position 8",
+          "superpose " + a + " " + b + " --position x", "superpose " + a,
+          "superpose " + a + " " + b + " " + a, "superpose " + a + " /nulle/part.json",
+          "superpose " + a + " " + b + " --zoom 2"}) {
+        const Resultat r = Lancer(mauvais);
+        EXPECT_EQ(r.code, 2) << mauvais;
+        EXPECT_EQ(std::count(r.erreurs.begin(), r.erreurs.end(), '\n'), 1) << r.erreurs;
+        EXPECT_TRUE(r.sortie.empty()) << mauvais;
+    }
+}

@@ -6,6 +6,7 @@
 #include "core/Panneau.h"
 #include "core/Registre.h"
 #include "relays/Relais.h"
+#include "relays/pd3a/PanneauPD3A.h"
 #include "shell/Ouverture.h"
 
 #include <gtest/gtest.h>
@@ -75,7 +76,7 @@ TEST(Ouverture, PanneauDuRelaisEtProtectionInconnue) {
     EXPECT_TRUE(e.EtudeModifiee);
     EXPECT_FALSE(e.PanneauRelais);
     EXPECT_FALSE(d.SablierActif());
-    InscrirePanneauRelais(3, nullptr);
+    InscrirePanneauRelais(3, &FabriquerPanneau<PanneauPD3A>); // the PD3A's own again
 
     Etude sans = Etude225();
     sans.id_protection = 0;
@@ -180,7 +181,7 @@ TEST(Ouverture, EchecALOuvertureDitUneFois) {
         OptionsReport options;
         DialogueScripte d;
         InitEtude(e, d, options);
-        InscrirePanneauRelais(3, nullptr);
+        InscrirePanneauRelais(3, &FabriquerPanneau<PanneauPD3A>); // the PD3A's own again
         ASSERT_EQ(d.Messages().size(), 1u);
         EXPECT_EQ(d.Messages()[0].sMessage, texte + "\r\n\r\n(Division by zero)");
         EXPECT_TRUE(e.PanneauRelais);

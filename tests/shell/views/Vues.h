@@ -10,6 +10,7 @@
 #include "shell/PanneauTitre.h"
 #include "shell/views/VueDemarre.h"
 #include "shell/views/VueTitre.h"
+#include "superposition/views/VueSuperposer.h"
 
 #include <memory>
 
@@ -26,6 +27,7 @@ inline void InscrireVues(DialogueQt& d, Etude& e) {
         return std::make_unique<VueDemarre>(dynamic_cast<PanneauDemarre&>(p), e);
     });
     InscrireFenetreRelais(d);
+    InscrireVueSuperposer(d);
     InscrireVuesReseau();
 }
 
