@@ -1,6 +1,7 @@
 // The report's frame: page frames, the parts and page kinds, the progress bar, the copies and
 // the cancelling by Escape.
 #include "EtudeImprimee.h"
+#include "relays/Relais.h"
 
 #include <gtest/gtest.h>
 
@@ -194,6 +195,7 @@ void ImpressionEssai(ContexteImpression& c) {
 } // namespace
 
 TEST(Impression, LaRoutineInscriteDuRelais) {
+    InscrireRelais();
     const ImpressionRelais avant = ImpressionInscrite(8);
     InscrireImpressionRelais(8, ImpressionEssai);
     Essai x;
