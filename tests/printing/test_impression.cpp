@@ -196,6 +196,7 @@ void ImpressionEssai(ContexteImpression& c) {
 
 TEST(Impression, LaRoutineInscriteDuRelais) {
     InscrireRelais();
+    appels = 0;
     const ImpressionRelais avant = ImpressionInscrite(8);
     InscrireImpressionRelais(8, ImpressionEssai);
     Essai x;
