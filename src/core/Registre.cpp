@@ -10,6 +10,7 @@ namespace tournesol {
 namespace {
 std::array<FabriquePanneauRelais, NOMBRE_RELAIS> fabriques{};
 std::array<DefautsRelais, NOMBRE_RELAIS> defauts{};
+std::array<ResumeRelais, NOMBRE_RELAIS> resumes{};
 } // namespace
 
 const char* TitreReport(int cas) {
@@ -40,6 +41,21 @@ void InscrireDefautsRelais(int id_protection, DefautsRelais d) {
 void AppliquerDefautsRelais(Etude& e) {
     for (const DefautsRelais d : defauts)
         if (d != nullptr) d(e);
+}
+
+void InscrireResumeRelais(int id_protection, ResumeRelais resume) {
+    if (RelaisConnu(id_protection)) resumes[static_cast<std::size_t>(id_protection - 1)] = resume;
+}
+
+std::vector<ValeurResumee> ResumeDuRelais(const Etude& e) {
+    if (RelaisConnu(e.id_protection))
+        if (const ResumeRelais r = resumes[static_cast<std::size_t>(e.id_protection - 1)])
+            return r(e);
+    return {{"Maximal detectable resistance", e.Rreg_HT},
+            {"First zone reach", e.X1reg_HT},
+            {"Second zone reach", e.X2reg_HT},
+            {"Third zone reach", e.X3reg_HT},
+            {"Backward reach", e.X4reg_HT}};
 }
 
 bool PanneauRelaisInscrit(int id_protection) {

@@ -3,7 +3,9 @@
 
 #include <array>
 #include <memory>
+#include <string>
 #include <string_view>
+#include <vector>
 
 namespace tournesol {
 
@@ -56,5 +58,16 @@ bool PanneauRelaisInscrit(int id_protection);
 using DefautsRelais = void (*)(Etude&);
 void InscrireDefautsRelais(int id_protection, DefautsRelais defauts);
 void AppliquerDefautsRelais(Etude& e);
+
+// What the short settings page of a relay prints: its resistance and reaches, each in primary
+// ohms under its name. A relay that keeps them in its own record registers how to read them;
+// the others are read from the set values every relay shares (Rreg_HT, X1reg_HT to X4reg_HT).
+struct ValeurResumee {
+    std::string Libelle;
+    double Ohms = 0.0;
+};
+using ResumeRelais = std::vector<ValeurResumee> (*)(const Etude&);
+void InscrireResumeRelais(int id_protection, ResumeRelais resume);
+std::vector<ValeurResumee> ResumeDuRelais(const Etude& e);
 
 } // namespace tournesol

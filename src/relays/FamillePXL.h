@@ -10,6 +10,7 @@
 #include "core/Erreurs.h"
 #include "core/Etude.h"
 #include "core/Numerique.h"
+#include "core/Registre.h"
 #include "diagnostics/Diagnostics.h"
 #include "diagram/Plan.h"
 #include "relays/ChampRelais.h"
@@ -173,6 +174,13 @@ void ReglesCommunesPXL(Etude& e, const std::array<int, 6>& numeros,
                        const std::array<double, 5>& zonesHT, double bande);
 // Their texts, in the report and in the window.
 std::vector<TexteRegle> TextesReglesCommunesPXL(const std::array<int, 6>& numeros);
+
+// The resistance and reaches of the short settings page, in primary ohms.
+template <class R> std::vector<ValeurResumee> ResumePXL(const R& r) {
+    return {{"Maximal detectable resistance", r.Rmoc_HT}, {"First zone reach", r.ZonesHT[0]},
+            {"Second zone reach", r.ZonesHT[1]},          {"Third zone reach", r.ZonesHT[2]},
+            {"Forward pick up reach", r.ZonesHT[3]},      {"Backward reach", r.ZonesHT[4]}};
+}
 
 // The half width of the plane fitted on OK, in primary ohms: 1.2 times the largest of the
 // forward pick-up, Rmoc and the backward pick-up, at most 1000.

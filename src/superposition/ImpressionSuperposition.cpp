@@ -108,20 +108,14 @@ void PageCourte(ContexteImpression& c, Superposition& s, int n) {
                 c,
                 {{0, libelle}, {COLONNE_VALEURS, FormaterNombre(valeur, FORMAT_OHMS), true, " P"}});
     };
-    ohms("Maximal detectable resistance", e.Rreg_HT);
-    ohms("First zone reach", e.X1reg_HT);
-    ohms("Second zone reach", e.X2reg_HT);
-    ohms("Third zone reach", e.X3reg_HT);
-    ohms("Backward reach", e.X4reg_HT);
+    for (const ValeurResumee& v : ResumeDuRelais(e))
+        ohms(v.Libelle.c_str(), v.Ohms);
     AvancerProgression(e, c.etat, 1);
     const Entier16 tempos[] = {e.T1, e.T2, e.T3, e.T4};
     for (int t = 0; t < 4; ++t)
         if (tempos[t] != 0)
             ImprimerCellules(c, {{0, "Timer T" + std::to_string(t + 1)},
                                  {COLONNE_VALEURS, FormaterNombre(tempos[t], "###0") + " ms"}});
-    if (e.Rreg_HT == 0.0 && e.X1reg_HT == 0.0 && e.T1 == 0 && e.T2 == 0)
-        ImprimerCellules(c, {{0, "The settings of this relay are printed in full by its own "
-                                 "report."}});
     ImprimerCellules(c, {{0, ""}});
     ohms("Line resistance", e.RL_eq);
     ohms("Line reactance", e.XL_eq);

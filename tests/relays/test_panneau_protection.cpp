@@ -327,7 +327,7 @@ TEST_F(Panneau3, OuvrirPanneauParLaFabrique) {
     e.id_protection = 11;
     e.ShowValeurs = true;
     e.PanneauRelais = true;
-    InscrirePanneauRelais(11, &FabriquerPanneau<RelaisEssai>);
+    const FabriquePanneauRelais rxap = InscrirePanneauRelais(11, &FabriquerPanneau<RelaisEssai>);
     OptionsReport options;
     OuvrirPanneau(e, d, options, true);
     EXPECT_EQ(e.ErrCalcul, 0);
@@ -338,5 +338,5 @@ TEST_F(Panneau3, OuvrirPanneauParLaFabrique) {
     ASSERT_EQ(d.Messages().size(), 1U);
     EXPECT_EQ(d.Messages()[0].sMessage.rfind("The reckon is impossible with the entered data.", 0),
               0U);
-    InscrirePanneauRelais(11, nullptr);
+    InscrirePanneauRelais(11, rxap); // the RXAP's own panel back
 }

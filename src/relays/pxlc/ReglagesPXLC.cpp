@@ -108,6 +108,7 @@ void InscrirePXLC() {
     InscrireTraceRelais(ID_PXLC, &DrawPXLC);
     InscrireReglagesRelais(ID_PXLC, &EcrireListePXLC, &LireListePXLC);
     InscrireImpressionRelais(ID_PXLC, &ImprimerPXLC);
+    InscrireResumeRelais(ID_PXLC, [](const Etude& e) { return ResumePXL(e.PXLC); });
     InscrireReglesRelais(ID_PXLC, TextesReglesCommunesPXL(REGLES_PXLC));
 }
 

@@ -114,6 +114,7 @@ void InscrirePXLN() {
     InscrireTraceRelais(ID_PXLN, &DrawPXLN);
     InscrireReglagesRelais(ID_PXLN, &EcrireListePXLN, &LireListePXLN);
     InscrireImpressionRelais(ID_PXLN, &ImprimerPXLN);
+    InscrireResumeRelais(ID_PXLN, [](const Etude& e) { return ResumePXL(e.PXLN); });
     InscrireReglesRelais(
         ID_PXLN,
         {{.Numero = 44,

@@ -87,6 +87,7 @@ void InscrirePXLP() {
     InscrireTraceRelais(ID_PXLP, &DrawPXLP);
     InscrireReglagesRelais(ID_PXLP, &EcrireListePXLP, &LireListePXLP);
     InscrireImpressionRelais(ID_PXLP, &ImprimerPXLP);
+    InscrireResumeRelais(ID_PXLP, [](const Etude& e) { return ResumePXL(e.PXLP); });
     std::vector<TexteRegle> regles = TextesReglesCommunesPXL(REGLES_COMMUNES_PXLP);
     regles.push_back(
         {.Numero = 36,

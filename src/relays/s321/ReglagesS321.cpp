@@ -56,6 +56,15 @@ void InscrireS321() {
     InscrireTraceRelais(ID_S321, &DrawS321);
     InscrireReglagesRelais(ID_S321, &EcrireListeS321, &LireListeS321);
     InscrireImpressionRelais(ID_S321, &ImprimerS321);
+    // Its impedances are kept in primary ohms; the resistance is zone 1's quadrilateral.
+    InscrireResumeRelais(ID_S321, [](const Etude& e) -> std::vector<ValeurResumee> {
+        const RelaisS321& r = e.S321;
+        return {{"Maximal detectable resistance", r.KR * r.RG1},
+                {"First zone reach", r.XG1},
+                {"Second zone reach", r.XG2},
+                {"Forward reach", r.XG4},
+                {"Backward reach", r.XG3}};
+    });
     InscrireReglesRelais(
         ID_S321,
         {{.Numero = 79,

@@ -76,6 +76,15 @@ void InscrireSA511() {
     InscrireTraceRelais(ID_SA511, &DrawSA511);
     InscrireReglagesRelais(ID_SA511, &EcrireListeSA511, &LireListeSA511);
     InscrireImpressionRelais(ID_SA511, &ImprimerSA511);
+    // Its parameters are secondary ohms: their primary images by Kz.
+    InscrireResumeRelais(ID_SA511, [](const Etude& e) -> std::vector<ValeurResumee> {
+        const RelaisSA511& s = e.SA511;
+        return {{"Maximal detectable resistance", s.R1 * e.Kz},
+                {"First zone reach", s.X1 * e.Kz},
+                {"Second zone reach", s.X2 * e.Kz},
+                {"Forward pick up reach", s.XV * e.Kz},
+                {"Backward reach", s.XM * e.Kz}};
+    });
 }
 
 } // namespace tournesol
