@@ -3,15 +3,26 @@
 namespace tournesol {
 
 namespace {
+// The base's own words; the driver's ("Unable to fetch row") only when the base said nothing.
 std::string Texte(const QSqlError& erreur) {
-    const QString texte = erreur.text().trimmed();
+    QString texte = erreur.databaseText().trimmed();
+    if (texte.isEmpty()) texte = erreur.driverText().trimmed();
     return texte.isEmpty() ? std::string("unknown error of the base") : texte.toStdString();
 }
 } // namespace
 
 ErreurBase::ErreurBase(const QSqlError& erreur)
     : std::runtime_error(Texte(erreur)), verrou_(EstVerrou(erreur)),
-      pasUneBase_(erreur.nativeErrorCode() == QLatin1String("26")) {} // SQLITE_NOTADB
+      pasUneBase_(erreur.nativeErrorCode() == QLatin1String("26")), // SQLITE_NOTADB
+      lectureSeule_(EstLectureSeule(erreur)) {}
+
+bool EstLectureSeule(const QSqlError& erreur) {
+    const QString code = erreur.nativeErrorCode();
+    bool nombre = false;
+    const int n = code.toInt(&nombre);
+    if (nombre) return (n & 0xFF) == 8; // SQLITE_READONLY and its extended codes
+    return code == QLatin1String("25006") || code == QLatin1String("42501"); // PostgreSQL
+}
 
 bool EstVerrou(const QSqlError& erreur) {
     const QString code = erreur.nativeErrorCode();
@@ -43,6 +54,15 @@ Requete& Requete::operator<<(int entier) {
 
 Requete& Requete::operator<<(double reel) {
     return *this << QVariant(reel);
+}
+
+std::string Requete::Texte(int colonne) const {
+    const QVariant v = q_->value(colonne);
+    if (v.typeId() == QMetaType::QByteArray) {
+        const QByteArray octets = v.toByteArray();
+        return std::string(octets.constData(), static_cast<std::size_t>(octets.size()));
+    }
+    return v.toString().toStdString();
 }
 
 Requete& Requete::Executer() {
