@@ -751,6 +751,7 @@ std::vector<std::string> BaseEtudesSql::Postes() {
             // In the order of the names; each name once (a base of an earlier version may hold
             // one twice). A file gives the names' UTF-8 as it holds them.
             std::vector<std::string> noms;
+            if (postes_) noms.reserve(postes_->second.size() + 16);
             Requete r(Q(EstSqlite(Db()) ? R"(SELECT CAST("nom" AS BLOB) FROM "Poste")"
                                           R"( WHERE "nom" IS NOT NULL ORDER BY "nom")"
                                         : R"(SELECT "nom" FROM "Poste" WHERE "nom" IS NOT NULL)"

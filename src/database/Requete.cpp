@@ -9,6 +9,11 @@ std::string Texte(const QSqlError& erreur) {
     if (texte.isEmpty()) texte = erreur.driverText().trimmed();
     return texte.isEmpty() ? std::string("unknown error of the base") : texte.toStdString();
 }
+// A PostgreSQL server's error: its code is an SQLSTATE, which may be all digits ("25006").
+bool DuServeur(const QSqlError& erreur) {
+    return erreur.driverText().startsWith(QLatin1String("QPSQL"));
+}
+
 } // namespace
 
 ErreurBase::ErreurBase(const QSqlError& erreur)
@@ -18,21 +23,17 @@ ErreurBase::ErreurBase(const QSqlError& erreur)
 
 bool EstLectureSeule(const QSqlError& erreur) {
     const QString code = erreur.nativeErrorCode();
-    bool nombre = false;
-    const int n = code.toInt(&nombre);
-    if (nombre) return (n & 0xFF) == 8; // SQLITE_READONLY and its extended codes
-    return code == QLatin1String("25006") || code == QLatin1String("42501"); // PostgreSQL
+    if (DuServeur(erreur)) // a read-only transaction, a role without the right
+        return code == QLatin1String("25006") || code == QLatin1String("42501");
+    return (code.toInt() & 0xFF) == 8; // SQLITE_READONLY and its extended codes
 }
 
 bool EstVerrou(const QSqlError& erreur) {
     const QString code = erreur.nativeErrorCode();
-    bool nombre = false;
-    const int n = code.toInt(&nombre);
-    if (nombre) {
-        const int primaire = n & 0xFF; // SQLite: extended codes keep the primary in the low byte
-        return primaire == 5 || primaire == 6; // SQLITE_BUSY, SQLITE_LOCKED
-    }
-    return code == QLatin1String("55P03") || code == QLatin1String("40P01"); // PostgreSQL
+    if (DuServeur(erreur)) return code == QLatin1String("55P03") || code == QLatin1String("40P01");
+    // SQLite: extended codes keep the primary in the low byte.
+    const int primaire = code.toInt() & 0xFF;
+    return primaire == 5 || primaire == 6; // SQLITE_BUSY, SQLITE_LOCKED
 }
 
 Requete::Requete(const QSqlDatabase& db, const char* sql) : propre_(db) {

@@ -354,7 +354,7 @@ TEST_F(BaseEnLigne, DeuxSauvegardesSimultanees) {
     EXPECT_EQ(AutreCompte(R"(SELECT COUNT(DISTINCT "id_ligne") FROM "Tournesol")"), 2 * TOURS);
     EXPECT_EQ(AutreCompte(R"(SELECT COUNT(*) FROM "Ligne")"), 2 * TOURS);
     EXPECT_EQ(AutreCompte(R"(SELECT COUNT(*) FROM "Réglage")"), 2 * TOURS);
-    for (int t = 0; t < TOURS; t += 9) {
+    for (int t = 0; t < TOURS; ++t) {
         const std::string poste = "POSTE " + std::to_string(t);
         for (const auto& [depart, sauvee] :
              {std::pair{"L1", sauvees[t].first}, std::pair{"L2", sauvees[t].second}}) {

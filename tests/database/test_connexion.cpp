@@ -6,6 +6,9 @@
 
 #include <QFile>
 #include <QFileInfo>
+#include <grp.h>
+#include <sys/wait.h>
+#include <unistd.h>
 
 namespace essai {
 
@@ -326,6 +329,25 @@ TEST_F(Connexion, UneBaseEnLectureSeuleSeLitEtNEstPasTouchee) {
     EXPECT_EQ(Valeur(R"(SELECT "Up" FROM "Ligne")").toInt(), 400);
 }
 
+namespace {
+
+// What `travail` gives (0 to 254), run as a user whom the rights of files hold: this one, or,
+// when the tests run as root (whom no right stops), the user "nobody" in a child process.
+template <class Travail> int CommeUnUtilisateur(Travail travail) {
+    if (::geteuid() != 0) return travail();
+    const pid_t enfant = ::fork();
+    if (enfant == 0) {
+        if (::setgroups(0, nullptr) != 0 || ::setgid(65534) != 0 || ::setuid(65534) != 0)
+            ::_exit(255);
+        ::_exit(travail());
+    }
+    int statut = 0;
+    if (enfant < 0 || ::waitpid(enfant, &statut, 0) != enfant || !WIFEXITED(statut)) return 255;
+    return WEXITSTATUS(statut);
+}
+
+} // namespace
+
 TEST_F(Connexion, LEtatDuDossierDitPourquoiLaBaseNEstPasUtilisable) {
     if (SurServeur()) GTEST_SKIP() << "a folder";
     using G = EtatBase::Genre;
@@ -338,17 +360,26 @@ TEST_F(Connexion, LEtatDuDossierDitPourquoiLaBaseNEstPasUtilisable) {
     Etude e = Etude_("A", "B");
     ASSERT_TRUE(OuvrirEtSauver(e));
     FermerControle();
+    // The folder open to all for reading, the base readable by all and writable by none.
+    using P = QFileDevice;
+    ASSERT_TRUE(QFile::setPermissions(dossier_.path(), P::ReadOwner | P::WriteOwner | P::ExeOwner |
+                                                           P::ReadGroup | P::ExeGroup |
+                                                           P::ReadOther | P::ExeOther));
     QFile fichier(QString::fromStdString(base_->Fichier()));
     const auto droits = fichier.permissions();
-    ASSERT_TRUE(fichier.setPermissions(QFileDevice::ReadOwner | QFileDevice::ReadUser));
-    if (QFileInfo(fichier).isWritable()) {
-        fichier.setPermissions(droits);
-        GTEST_SKIP() << "the rights of files are not enforced for this user";
-    }
-    EXPECT_EQ(ExaminerBase(rep_).genre, G::LectureSeule);
-    EXPECT_EQ(base_->Postes(), std::vector<std::string>{"A"}); // reading still works
+    ASSERT_TRUE(fichier.setPermissions(P::ReadOwner | P::ReadGroup | P::ReadOther));
+    auto genre = [&] {
+        return CommeUnUtilisateur([&] { return static_cast<int>(ExaminerBase(rep_).genre); });
+    };
+    EXPECT_EQ(genre(), static_cast<int>(G::LectureSeule));
+    // Reading still works.
+    EXPECT_EQ(CommeUnUtilisateur([&] {
+                  BaseEtudesSql lecteur(rep_, 20);
+                  return lecteur.Postes() == std::vector<std::string>{"A"} ? 1 : 0;
+              }),
+              1);
     ASSERT_TRUE(fichier.setPermissions({}));
-    EXPECT_EQ(ExaminerBase(rep_).genre, G::Illisible);
+    EXPECT_EQ(genre(), static_cast<int>(G::Illisible));
     fichier.setPermissions(droits);
 }
 
