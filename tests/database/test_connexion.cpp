@@ -244,51 +244,6 @@ TEST_F(Connexion, UnFichierVideDevientUneBaseEtUneBaseAncienneEstMarqueeALaSauve
               1);
 }
 
-// A base of the previous version (without the index of the link rows by their setting row and,
-// in a file, without the count of the changes of the substations): read as it is, its lists
-// following every change; its next save adds what it lacks, once.
-TEST_F(Connexion, UneBaseDeLaVersionPrecedenteEstMiseAJourParLaSauvegarde) {
-    Etude e = Etude_("A", "B");
-    ASSERT_TRUE(OuvrirEtSauver(e));
-    Executer(R"(DROP INDEX "Tournesol_réglage")");
-    if (!SurServeur()) {
-        for (const char* declencheur : {"Poste_ajouté", "Poste_retiré", "Poste_renommé"})
-            Executer(std::string("DROP TRIGGER \"") + declencheur + "\"");
-        Executer(R"(DROP TABLE "Changements")");
-        Executer("PRAGMA user_version = 2");
-    }
-    FermerControle();
-    auto index = [&] {
-        return Valeur(SurServeur() ? R"(SELECT COUNT(*) FROM pg_catalog.pg_class WHERE)"
-                                     R"( "relname" = 'Tournesol_réglage' AND "relkind" = 'i')"
-                                   : R"(SELECT COUNT(*) FROM "sqlite_master" WHERE)"
-                                     R"( "type" = 'index' AND "name" = 'Tournesol_réglage')")
-            .toInt();
-    };
-    const QByteArray avant = Empreinte();
-    EXPECT_EQ(base_->Postes(), std::vector<std::string>{"A"});
-    Etude relue = Etude_("A", "B");
-    base_->Ouvrir(relue, d_);
-    EXPECT_EQ(relue.id_reglage, e.id_reglage);
-    EXPECT_EQ(Empreinte(), avant); // reading wrote nothing
-    EXPECT_EQ(index(), 0);
-    Executer(R"(UPDATE "Poste" SET "nom" = 'A2')");
-    EXPECT_EQ(base_->Postes(), std::vector<std::string>{"A2"});
-    Executer(R"(UPDATE "Poste" SET "nom" = 'A')");
-    EXPECT_EQ(base_->Postes(), std::vector<std::string>{"A"});
-
-    ASSERT_TRUE(base_->Sauver(relue, d_));
-    EXPECT_EQ(index(), 1);
-    if (!SurServeur()) {
-        EXPECT_EQ(Valeur("PRAGMA user_version").toInt(), VERSION_SCHEMA);
-        EXPECT_EQ(Compter("Changements"), 1);
-    }
-    EXPECT_EQ(Comptes(),
-              "Poste 1 Départ 1 Piquage 0 Protection 1 Tournesol 1 Réglage 1 TR 6 Ligne 1");
-    Executer(R"(UPDATE "Poste" SET "nom" = 'A3')");
-    EXPECT_EQ(base_->Postes(), std::vector<std::string>{"A3"});
-}
-
 // A base that may only be read (opened read-only, as SQLite opens a file the user may not write;
 // on a server in read-only transactions): it reads as ever; a save, of a saved line or of a new
 // one, and a deletion fail at their first write, say that the base is read-only, and leave it as
