@@ -1,9 +1,10 @@
 // The study base at two sizes, side by side: 100 lines, and a network region of 100,000 lines
 // and 500,000 relays, each relay with a list of thirty settings. Measured in each: saving one
-// study, opening it again, and each list of the opening dialog for it. Saving and opening are
-// also measured in a base of 10,000 lines on its file and on a PostgreSQL server side by side;
-// the server is the database named by TOURNESOL_SERVEUR_BANC (postgresql://user@host:port/base),
-// emptied and filled by the program.
+// study, opening it again, the superposition window's save of its relay, and each list of the
+// opening dialog for it (the substations also just after another user changed one). Saving and
+// opening are also measured in a base of 10,000 lines on its file and on a PostgreSQL server side
+// by side; the server is the database named by TOURNESOL_SERVEUR_BANC
+// (postgresql://user@host:port/base), emptied and filled by the program.
 #include "core/Dialogue.h"
 #include "core/Etude.h"
 #include "core/Magasin.h"
@@ -241,6 +242,20 @@ void BM_Sauver(benchmark::State& state) {
     }
 }
 
+// The superposition window's save: the setting row and the settings of one relay, and who saved
+// it on its link rows.
+void BM_SauverDepuisSuperposition(benchmark::State& state) {
+    Region& r = LaRegion(state);
+    if (!r.prete) return;
+    Etude e = r.EtudeMilieu();
+    r.base->Ouvrir(e, r.dialogue);
+    for (auto _ : state) {
+        e.X1_HT += 1.0;
+        if (!r.base->SauverDepuisSuperposition(e, r.dialogue))
+            state.SkipWithError("the save failed");
+    }
+}
+
 // A new line of a new substation each time: every key looked up and handed out.
 void BM_SauverNouvelleLigne(benchmark::State& state) {
     Region& r = LaRegion(state);
@@ -264,6 +279,29 @@ template <class Liste> void MesurerListe(benchmark::State& state, Liste&& liste)
 
 void BM_ListePostes(benchmark::State& state) {
     MesurerListe(state, [](BaseEtudesSql& b, const Etude&) { return b.Postes(); });
+}
+// The list of substations when another user changed one since the last fill: read whole.
+void BM_ListePostesApresUnChangement(benchmark::State& state) {
+    Region& r = LaRegion(state);
+    if (!r.prete) return;
+    bool bis = false;
+    for (auto _ : state) {
+        state.PauseTiming();
+        {
+            QSqlDatabase db = QSqlDatabase::addDatabase("QSQLITE", "autre");
+            db.setDatabaseName(QString::fromStdString(r.base->Fichier()));
+            db.open();
+            QSqlQuery q(db);
+            q.prepare(R"(UPDATE "Poste" SET "nom" = ? WHERE "id" = 1)");
+            q.addBindValue(NomPoste(1) + ((bis = !bis) ? " BIS" : ""));
+            if (!q.exec()) state.SkipWithError("the other user's change failed");
+            q = QSqlQuery();
+            db.close();
+        }
+        QSqlDatabase::removeDatabase("autre");
+        state.ResumeTiming();
+        benchmark::DoNotOptimize(r.base->Postes());
+    }
 }
 void BM_ListeDeparts(benchmark::State& state) {
     MesurerListe(state, [](BaseEtudesSql& b, const Etude& e) { return b.Departs(e.NomPoste); });
@@ -295,7 +333,9 @@ TOURNESOL_DEUX_TAILLES(BM_Sauver);
     BENCHMARK(f)->Args({10000, 0})->Args({10000, 1})->UseRealTime()->Unit(benchmark::kMillisecond)
 TOURNESOL_DEUX_BASES(BM_Ouvrir);
 TOURNESOL_DEUX_BASES(BM_Sauver);
+TOURNESOL_DEUX_TAILLES(BM_SauverDepuisSuperposition);
 TOURNESOL_DEUX_TAILLES(BM_ListePostes);
+TOURNESOL_DEUX_TAILLES(BM_ListePostesApresUnChangement);
 TOURNESOL_DEUX_TAILLES(BM_ListeDeparts);
 TOURNESOL_DEUX_TAILLES(BM_ListePiquages);
 TOURNESOL_DEUX_TAILLES(BM_ListeProtections);

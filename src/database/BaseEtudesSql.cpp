@@ -96,6 +96,14 @@ ValeurTR Decoder(const QVariant& valeur, const QVariant& type) {
     }
 }
 
+// What a failure of a statement tells of the base.
+EtatBase::Genre GenreDe(const std::exception& x) {
+    const auto* base = dynamic_cast<const ErreurBase*>(&x);
+    if (base && base->Verrou()) return EtatBase::Genre::Verrou;
+    if (base && base->LectureSeule()) return EtatBase::Genre::LectureSeule;
+    return EtatBase::Genre::Autre;
+}
+
 // The line as the messages name it.
 std::string NomLigne(const Etude& e) {
     std::string nom = " " + e.NomPoste + " - " + e.NomDepart;
@@ -216,6 +224,10 @@ BaseEtudesSql::Acces BaseEtudesSql::ClasserEchec(const ErreurBase& x, const char
         NoterEchec(G::Etrangere, fichier_ + " is not a base of TOURNESOL (" + x.what() + ")");
         return Acces::Etrangere;
     }
+    if (x.LectureSeule()) {
+        NoterEchec(G::LectureSeule, "the base " + fichier_ + " is read-only (" + x.what() + ")");
+        return Acces::Refuse;
+    }
     NoterEchec(G::Illisible,
                "the base " + fichier_ + " cannot be " + acces + " (" + x.what() + ")");
     return Acces::Refuse;
@@ -254,7 +266,7 @@ bool BaseEtudesSql::OuvrirFichier(bool lecture) {
     db.setDatabaseName(QString::fromStdString(fichier_));
     if (EstSqlite(db)) {
         QString options = QStringLiteral("QSQLITE_BUSY_TIMEOUT=%1").arg(attente_);
-        if (lecture) options += QStringLiteral(";QSQLITE_OPEN_READONLY");
+        if (lecture || lectureSeule_) options += QStringLiteral(";QSQLITE_OPEN_READONLY");
         db.setConnectOptions(options);
     }
     return db.open();
@@ -284,7 +296,8 @@ QSqlError BaseEtudesSql::PrendreEnEcriture() {
     // largest id plus one are then always those of the last committed save. Readers never wait
     // for it. A wait longer than the user's is the shared base of the retry dialog.
     if (!db.transaction()) return db.lastError();
-    QSqlError e = AttenteVerrou(db, attente_);
+    QSqlError e = lectureSeule_ ? Executer(db, "SET TRANSACTION READ ONLY") : QSqlError();
+    if (!e.isValid()) e = AttenteVerrou(db, attente_);
     if (!e.isValid()) e = Executer(db, "SELECT pg_advisory_xact_lock(?)", QVariant(MARQUE_BASE));
     if (e.isValid()) db.rollback();
     return e;
@@ -307,6 +320,10 @@ void BaseEtudesSql::MettreAJourSchema(Contenu contenu) {
             if (e.isValid()) throw ErreurBase(e);
         }
         if (EstSqlite(db)) {
+            for (const std::string& creation : CreationSqlite()) {
+                const QSqlError e = Executer(db, creation.c_str());
+                if (e.isValid()) throw ErreurBase(e);
+            }
             for (const std::string& marque :
                  {"PRAGMA application_id = " + std::to_string(MARQUE_BASE),
                   "PRAGMA user_version = " + std::to_string(VERSION_SCHEMA)}) {
@@ -354,6 +371,7 @@ BaseEtudesSql::Acces BaseEtudesSql::Tenter() {
         return ClasserEchec(ErreurBase(erreur), "written");
     }
     transaction_ = true;
+    lecture_ = false;
     try {
         const Contenu contenu = Reconnaitre(db);
         if (contenu == Contenu::Etrangere) {
@@ -370,6 +388,7 @@ BaseEtudesSql::Acces BaseEtudesSql::Tenter() {
             return Acces::Etrangere;
         }
         MettreAJourSchema(contenu);
+        contenu_ = Contenu::Systeme;
     } catch (const ErreurBase& x) {
         if (EstSqlite(db))
             Executer(db, "ROLLBACK");
@@ -413,8 +432,10 @@ BaseEtudesSql::Acces BaseEtudesSql::TenterLecture() {
         return Acces::Refuse;
     }
     transaction_ = true;
+    lecture_ = true;
     try {
-        switch (Reconnaitre(db)) {
+        contenu_ = Reconnaitre(db);
+        switch (contenu_) {
         case Contenu::Systeme:
         case Contenu::Ancienne:
             return Acces::Ouvert;
@@ -495,6 +516,9 @@ bool BaseEtudesSql::OuvrirConnexion(Etude& e, Dialogue& d) {
             if (echec_.genre == EtatBase::Genre::Etrangere)
                 e.sMessage = "The master base  (" + Fichier() +
                              ") is not a base of TOURNESOL.\r\n\r\n" + "Access rejected.";
+            else if (echec_.genre == EtatBase::Genre::LectureSeule)
+                e.sMessage = "The master base  (" + Fichier() + ") is read-only.\r\n\r\n" +
+                             "Access rejected.";
             else
                 e.sMessage = "The master base  (" + Fichier() + ") does not exist.\r\n\r\n" +
                              "Access rejected.";
@@ -530,7 +554,7 @@ bool BaseEtudesSql::FermerConnexion(Etude& e) {
     try {
         Confirmer();
     } catch (const ErreurBase& x) {
-        NoterEchec(x.Verrou() ? EtatBase::Genre::Verrou : EtatBase::Genre::Autre, x.what());
+        NoterEchec(GenreDe(x), x.what());
         ok = false;
     }
     if (ok)
@@ -585,13 +609,14 @@ bool BaseEtudesSql::Commande(Etude& e, Dialogue& d, const std::function<void()>&
         // meet the transaction it ended.
         const std::string cause = erreurMagasin_ ? *erreurMagasin_ : std::string(x.what());
         erreurMagasin_.reset();
-        const auto* base = dynamic_cast<const ErreurBase*>(&x);
-        NoterEchec(base && base->Verrou() ? EtatBase::Genre::Verrou : EtatBase::Genre::Autre,
-                   cause);
+        const EtatBase::Genre genre = GenreDe(x);
+        NoterEchec(genre, genre == EtatBase::Genre::LectureSeule
+                              ? "the base " + fichier_ + " is read-only (" + cause + ")"
+                              : cause);
         Abandonner(e);
         e.sTitre = "TOURNESOL : Attention !";
         e.IconeMessage = 2;
-        e.sMessage = echec + "\r\n\r\n(" + cause + ")";
+        e.sMessage = echec + "\r\n\r\n(" + echec_.raison + ")";
         const bool sablier = d.Sablier(false);
         AfficherMessage(e, d);
         d.Sablier(sablier);
@@ -711,12 +736,35 @@ void BaseEtudesSql::ChercherIdProtection(Etude& e) {
 std::vector<std::string> BaseEtudesSql::Postes() {
     return Lecture<std::vector<std::string>>(
         [&] {
+            // A region holds thousands of substations: the list read last is given again while
+            // the file's count of their changes stands where it stood.
+            const bool compte = lecture_ && EstSqlite(Db()) && contenu_ == Contenu::Systeme;
+            std::optional<std::int64_t> changements;
+            if (compte) {
+                Requete c(Q(std::string(R"(SELECT "compte" FROM ")") + TABLE_CHANGEMENTS +
+                            R"(" WHERE "nom" = 'Poste')"));
+                c.Executer();
+                if (c.Suivante() && !c.Valeur(0).isNull()) changements = c.Valeur(0).toLongLong();
+                if (changements && postes_ && postes_->first == *changements)
+                    return postes_->second;
+            }
+            // In the order of the names; each name once (a base of an earlier version may hold
+            // one twice). A file gives the names' UTF-8 as it holds them.
             std::vector<std::string> noms;
-            Requete r(Q(R"(SELECT DISTINCT "nom" FROM "Poste" WHERE "nom" IS NOT NULL)"
-                        R"( ORDER BY "nom")"));
+            if (postes_) noms.reserve(postes_->second.size() + 16);
+            Requete r(Q(EstSqlite(Db()) ? R"(SELECT CAST("nom" AS BLOB) FROM "Poste")"
+                                          R"( WHERE "nom" IS NOT NULL ORDER BY "nom")"
+                                        : R"(SELECT "nom" FROM "Poste" WHERE "nom" IS NOT NULL)"
+                                          R"( ORDER BY "nom")"));
             r.Executer();
-            while (r.Suivante())
-                noms.push_back(r.Texte(0));
+            while (r.Suivante()) {
+                std::string nom = r.Texte(0);
+                if (noms.empty() || noms.back() != nom) noms.push_back(std::move(nom));
+            }
+            if (changements)
+                postes_.emplace(*changements, noms);
+            else
+                postes_.reset();
             return noms;
         },
         {});
@@ -926,9 +974,7 @@ void BaseEtudesSql::Ouvrir(Etude& e, Dialogue& d) {
             if (erreurMagasin_) throw ErreurBase(*erreurMagasin_);
             lue = true;
         } catch (const std::exception& x) {
-            const auto* base = dynamic_cast<const ErreurBase*>(&x);
-            NoterEchec(base && base->Verrou() ? EtatBase::Genre::Verrou : EtatBase::Genre::Autre,
-                       x.what());
+            NoterEchec(GenreDe(x), x.what());
         }
         erreurMagasin_.reset();
         FinLecture();

@@ -17,6 +17,8 @@
 #include <functional>
 #include <optional>
 #include <string>
+#include <utility>
+#include <vector>
 
 class QSqlDatabase;
 
@@ -61,6 +63,12 @@ public:
     // The base file, or the server's address (without a password).
     const std::string& Fichier() const { return fichier_; }
     bool SurServeur() const { return serveur_.has_value() || adresseIllisible_; }
+
+    // Every command opens the base for reading only, as SQLite does itself with a file the
+    // user may not write (on a server, in read-only transactions): a consultation that must not
+    // touch the base. A save or a deletion then fails at its first write, the base as it was,
+    // with the cause "… is read-only".
+    void LectureSeule(bool oui) { lectureSeule_ = oui; }
 
     // Whether the base can be used, read in a read-only transaction that writes nothing.
     EtatBase Examiner();
@@ -208,6 +216,11 @@ private:
     int attente_;
     bool question_;
     bool transaction_ = false;
+    bool lecture_ = false; // the transaction under way is a read
+    bool lectureSeule_ = false;
+    Contenu contenu_ = Contenu::Vide; // what the last transaction found in the base
+    // The list of substations read last, with the file's count of their changes then.
+    std::optional<std::pair<std::int64_t, std::vector<std::string>>> postes_;
     bool fichierNeuf_ = false;   // the write connection made the file
     bool relaisInconnu_ = false; // the save met a relay outside the registry
     CacheRequetes cache_;

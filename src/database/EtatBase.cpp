@@ -27,21 +27,25 @@ Contenu Historique(const QSqlDatabase& db) {
 }
 
 // On a server the base is the current schema of the database: no table at all is a new base,
-// the eight tables of the system are a base of this system, anything else belongs to another.
+// the eight tables of the system are a base of this system, anything else belongs to another. A
+// base of this system without every column and index of this version is brought up to date by
+// the next save.
 Contenu ReconnaitreServeur(const QSqlDatabase& db) {
-    std::set<std::string> tables;
+    std::set<std::string> tables, index;
     {
         // The catalogue itself: its information_schema views are slow to read.
-        Requete r(db, "SELECT c.relname FROM pg_catalog.pg_class c JOIN pg_catalog.pg_namespace n"
-                      " ON n.oid = c.relnamespace WHERE n.nspname = current_schema()"
-                      " AND c.relkind IN ('r', 'p', 'v', 'm', 'f')");
+        Requete r(db, "SELECT c.relname, c.relkind = 'i' FROM pg_catalog.pg_class c JOIN"
+                      " pg_catalog.pg_namespace n ON n.oid = c.relnamespace WHERE n.nspname ="
+                      " current_schema() AND c.relkind IN ('r', 'p', 'v', 'm', 'f', 'i')");
         r.Executer();
         while (r.Suivante())
-            tables.insert(r.Texte(0));
+            (r.Valeur(1).toBool() ? index : tables).insert(r.Texte(0));
     }
     if (tables.empty()) return Contenu::Vide;
     for (const std::string& t : TablesDuSysteme())
         if (!tables.count(t)) return Contenu::Etrangere;
+    for (const std::string& i : IndexDuSysteme())
+        if (!index.count(i)) return Contenu::Ancienne;
     return Historique(db);
 }
 

@@ -24,14 +24,21 @@ public:
     bool Verrou() const { return verrou_; }
     // The file is not an SQLite base.
     bool PasUneBase() const { return pasUneBase_; }
+    // The base may be read but not written.
+    bool LectureSeule() const { return lectureSeule_; }
 
 private:
     bool verrou_ = false;
     bool pasUneBase_ = false;
+    bool lectureSeule_ = false;
 };
 
 // The base is held by another writer (SQLite busy or locked, PostgreSQL lock not available).
 bool EstVerrou(const QSqlError& erreur);
+// The base refused a write because it may only be read (an SQLite file opened read-only, as
+// SQLite does itself with a file the user may not write; on a server, a read-only transaction or
+// a role without the right to write).
+bool EstLectureSeule(const QSqlError& erreur);
 
 class Requete {
 public:
@@ -55,7 +62,9 @@ public:
     bool Suivante() { return q_->next(); }
     QVariant Valeur(int colonne) const { return q_->value(colonne); }
     int Entier(int colonne) const { return q_->value(colonne).toInt(); }
-    std::string Texte(int colonne) const { return q_->value(colonne).toString().toStdString(); }
+    // A text column; read as bytes (a text cast to a BLOB on SQLite), its UTF-8 as it stands,
+    // without the round trip through UTF-16 of a text value.
+    std::string Texte(int colonne) const;
     int LignesTouchees() const { return q_->numRowsAffected(); }
 
 private:

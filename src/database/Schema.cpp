@@ -174,20 +174,53 @@ std::vector<std::string> FaireCreation() {
         R"(CREATE TABLE IF NOT EXISTS "TR" ("id_key" INTEGER NOT NULL, "id_pos" INTEGER NOT NULL,)"
         R"( "Valeur" DOUBLE PRECISION, "TypeValeur" SMALLINT, PRIMARY KEY ("id_key", "id_pos")))",
         ligne,
-        // The look-ups of the store: names by their owner, link rows by their five keys, by their
-        // line and by their line end (the deletions), the settings by their key (the primary key
-        // of TR).
-        R"(CREATE INDEX IF NOT EXISTS "Poste_nom" ON "Poste" ("nom"))",
-        R"(CREATE INDEX IF NOT EXISTS "Départ_poste_nom" ON "Départ" ("id_poste", "nom"))",
-        R"(CREATE INDEX IF NOT EXISTS "Piquage_départ_nom" ON "Piquage")"
-        R"( ("id_départ", "id_poste", "nom"))",
-        R"(CREATE INDEX IF NOT EXISTS "Piquage_poste" ON "Piquage" ("id_poste"))",
-        R"(CREATE INDEX IF NOT EXISTS "Protection_nom" ON "Protection" ("nom"))",
-        R"(CREATE INDEX IF NOT EXISTS "Tournesol_cles" ON "Tournesol")"
-        R"( ("id_poste", "id_départ", "id_piquage", "id_protection", "id_numéro"))",
-        R"(CREATE INDEX IF NOT EXISTS "Tournesol_ligne" ON "Tournesol" ("id_ligne"))",
-        R"(CREATE INDEX IF NOT EXISTS "Tournesol_départ" ON "Tournesol" ("id_départ"))",
     };
+}
+
+// The indexes of the look-ups of the store, by name: names by their owner, link rows by their
+// five keys, by their line, by their line end (the deletions) and by their setting row (the
+// superposition's save); the settings by their key (the primary key of TR).
+struct Index {
+    const char* nom;
+    const char* table;
+    const char* colonnes;
+};
+constexpr Index INDEX[] = {
+    {"Poste_nom", "Poste", R"("nom")"},
+    {"Départ_poste_nom", "Départ", R"("id_poste", "nom")"},
+    {"Piquage_départ_nom", "Piquage", R"("id_départ", "id_poste", "nom")"},
+    {"Piquage_poste", "Piquage", R"("id_poste")"},
+    {"Protection_nom", "Protection", R"("nom")"},
+    {"Tournesol_cles", "Tournesol",
+     R"("id_poste", "id_départ", "id_piquage", "id_protection", "id_numéro")"},
+    {"Tournesol_ligne", "Tournesol", R"("id_ligne")"},
+    {"Tournesol_départ", "Tournesol", R"("id_départ")"},
+    {"Tournesol_réglage", "Tournesol", R"("id_réglage")"},
+};
+
+std::vector<std::string> FaireCreationComplete() {
+    std::vector<std::string> c = FaireCreation();
+    for (const Index& i : INDEX)
+        c.push_back(std::string(R"(CREATE INDEX IF NOT EXISTS ")") + i.nom + R"(" ON ")" + i.table +
+                    R"(" ()" + i.colonnes + ")");
+    return c;
+}
+
+std::vector<std::string> FaireCreationSqlite() {
+    std::vector<std::string> c = {
+        std::string(R"(CREATE TABLE IF NOT EXISTS ")") + TABLE_CHANGEMENTS +
+            R"(" ("nom" VARCHAR(255) NOT NULL PRIMARY KEY, "compte" INTEGER NOT NULL))",
+        std::string(R"(INSERT OR IGNORE INTO ")") + TABLE_CHANGEMENTS +
+            R"(" ("nom", "compte") VALUES ('Poste', abs(random() % 1000000000000)))",
+    };
+    const std::string compter = std::string(R"( BEGIN UPDATE ")") + TABLE_CHANGEMENTS +
+                                R"(" SET "compte" = "compte" + 1 WHERE "nom" = 'Poste'; END)";
+    c.push_back(R"(CREATE TRIGGER IF NOT EXISTS "Poste_ajouté" AFTER INSERT ON "Poste")" + compter);
+    c.push_back(R"(CREATE TRIGGER IF NOT EXISTS "Poste_retiré" AFTER DELETE ON "Poste")" + compter);
+    c.push_back(R"(CREATE TRIGGER IF NOT EXISTS "Poste_renommé" AFTER UPDATE OF "nom" ON "Poste")"
+                R"( WHEN OLD."nom" IS NOT NEW."nom")" +
+                compter);
+    return c;
 }
 
 } // namespace
@@ -214,7 +247,22 @@ const std::vector<std::string>& TablesDuSysteme() {
 }
 
 const std::vector<std::string>& CreationTables() {
-    static const std::vector<std::string> creation = FaireCreation();
+    static const std::vector<std::string> creation = FaireCreationComplete();
+    return creation;
+}
+
+const std::vector<std::string>& IndexDuSysteme() {
+    static const std::vector<std::string> noms = [] {
+        std::vector<std::string> n;
+        for (const Index& i : INDEX)
+            n.emplace_back(i.nom);
+        return n;
+    }();
+    return noms;
+}
+
+const std::vector<std::string>& CreationSqlite() {
+    static const std::vector<std::string> creation = FaireCreationSqlite();
     return creation;
 }
 

@@ -30,12 +30,13 @@ struct Sortie {
 // A run of the command line started in the background; Fin() waits for it.
 class Lancement {
 public:
-    explicit Lancement(const std::string& arguments) {
+    // `avant`: shell words put before the program (limits of the process, another user).
+    explicit Lancement(const std::string& arguments, const std::string& avant = "") {
         static int numero = 0;
         erreurs_ = fs::temp_directory_path() / ("tournesol-cli-base-" + std::to_string(::getpid()) +
                                                 "-" + std::to_string(++numero) + ".err");
         const std::string commande =
-            std::string(TOURNESOL_CLI) + " " + arguments + " 2>" + erreurs_.string();
+            avant + std::string(TOURNESOL_CLI) + " " + arguments + " 2>" + erreurs_.string();
         tube_ = popen(commande.c_str(), "r");
     }
     Sortie Fin() {
@@ -62,8 +63,8 @@ private:
     fs::path erreurs_;
 };
 
-Sortie Lancer(const std::string& arguments) {
-    return Lancement(arguments).Fin();
+Sortie Lancer(const std::string& arguments, const std::string& avant = "") {
+    return Lancement(arguments, avant).Fin();
 }
 
 // The SHA-256 of a file; empty when it does not exist. Never while this process holds a lock
@@ -250,6 +251,66 @@ TEST_F(BaseEnLigne, UnEcrivainQuiTientLaBase) {
     EXPECT_EQ(Empreinte(base_), avant);
 }
 
+// A save that the disk or the rights refuse: exit 1, the cause on stderr, nothing on stdout, the
+// base byte for byte as it was and no journal left beside it.
+TEST_F(BaseEnLigne, UneSauvegardeQueLeDisqueOuLesDroitsRefusentDitPourquoi) {
+    ASSERT_EQ(Lancer(Save(Etude("a", "A", "B"))).code, 0);
+    const fs::path journal = dossier_ / "bd1.mdb-journal";
+    auto refusee = [&](const Sortie& r, const char* cause, const char* quoi) {
+        EXPECT_EQ(r.code, 1) << quoi << "\n" << r.erreurs;
+        EXPECT_NE(r.erreurs.find(cause), std::string::npos) << quoi << "\n" << r.erreurs;
+        EXPECT_EQ(std::count(r.erreurs.begin(), r.erreurs.end(), '\n'), 1) << r.erreurs;
+        EXPECT_TRUE(r.sortie.empty()) << quoi;
+        EXPECT_FALSE(fs::exists(journal)) << quoi;
+    };
+
+    // The disk full: a limit on the size of the command's files, SIGXFSZ ignored, so that a
+    // write past it fails as on a full disk (SQLite then says "disk I/O error", where a full disk
+    // gives "database or disk is full"). First while the journal is written, before any page of
+    // the base is touched.
+    auto plein = [](std::uintmax_t octets) {
+        return "trap '' XFSZ; prlimit --fsize=" + std::to_string(octets) + " ";
+    };
+    QByteArray avant = Empreinte(base_);
+    refusee(Lancer(Save(Etude("plein", "C", "D")), plein(600)), "disk I/O error", "journal");
+    EXPECT_EQ(Empreinte(base_), avant);
+    // Then when the base itself must grow, at the commit, its journal written and some of its
+    // pages already: new lines are saved with a hundred bytes to spare until one needs a page
+    // more. Those that fit are saved whole.
+    int refus = 0;
+    for (int i = 0; i < 20 && refus == 0; ++i) {
+        avant = Empreinte(base_);
+        const std::string poste = "PLEIN " + std::to_string(i);
+        const Sortie r = Lancer(Save(Etude("plein" + std::to_string(i), poste, "L")),
+                                plein(fs::file_size(base_) + 100));
+        if (r.code == 0) {
+            EXPECT_EQ(Lancer(Open(poste, "L")).code, 0) << poste;
+            continue;
+        }
+        ++refus;
+        refusee(r, "disk I/O error", "commit");
+        EXPECT_EQ(Empreinte(base_), avant) << poste;
+        EXPECT_NE(Lancer(Open(poste, "L")).code, 0) << poste;
+    }
+    EXPECT_EQ(refus, 1);
+
+    // Read-only: the base and its folder belong to another user and may only be read. Run as
+    // root, the command runs as the user "nobody", whom the file's rights do hold.
+    fs::permissions(base_, fs::perms::owner_read | fs::perms::group_read | fs::perms::others_read);
+    fs::permissions(dossier_, fs::perms::owner_read | fs::perms::owner_exec |
+                                  fs::perms::group_read | fs::perms::group_exec |
+                                  fs::perms::others_read | fs::perms::others_exec);
+    const std::string autre =
+        ::geteuid() == 0 ? "setpriv --reuid=65534 --regid=65534 --clear-groups " : "";
+    avant = Empreinte(base_);
+    refusee(Lancer(Save(dossier_ / "a.json"), autre), "is read-only", "read-only");
+    EXPECT_EQ(Empreinte(base_), avant);
+    const Sortie lue = Lancer(Open("A", "B"), autre); // reading needs no right to write
+    EXPECT_EQ(lue.code, 0) << lue.erreurs;
+    fs::permissions(dossier_, fs::perms::owner_all | fs::perms::group_read | fs::perms::group_exec |
+                                  fs::perms::others_read | fs::perms::others_exec);
+}
+
 TEST_F(BaseEnLigne, UnLecteurQuiTientLaBaseFaitAttendreLaSauvegarde) {
     ASSERT_EQ(Lancer(Save(Etude("a", "A", "B"))).code, 0);
     const fs::path etude = Etude("c", "C", "D");
@@ -293,7 +354,7 @@ TEST_F(BaseEnLigne, DeuxSauvegardesSimultanees) {
     EXPECT_EQ(AutreCompte(R"(SELECT COUNT(DISTINCT "id_ligne") FROM "Tournesol")"), 2 * TOURS);
     EXPECT_EQ(AutreCompte(R"(SELECT COUNT(*) FROM "Ligne")"), 2 * TOURS);
     EXPECT_EQ(AutreCompte(R"(SELECT COUNT(*) FROM "Réglage")"), 2 * TOURS);
-    for (int t = 0; t < TOURS; t += 9) {
+    for (int t = 0; t < TOURS; ++t) {
         const std::string poste = "POSTE " + std::to_string(t);
         for (const auto& [depart, sauvee] :
              {std::pair{"L1", sauvees[t].first}, std::pair{"L2", sauvees[t].second}}) {

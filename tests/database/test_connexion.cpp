@@ -6,6 +6,9 @@
 
 #include <QFile>
 #include <QFileInfo>
+#include <grp.h>
+#include <sys/wait.h>
+#include <unistd.h>
 
 namespace essai {
 
@@ -241,6 +244,65 @@ TEST_F(Connexion, UnFichierVideDevientUneBaseEtUneBaseAncienneEstMarqueeALaSauve
               1);
 }
 
+// A base that may only be read (opened read-only, as SQLite opens a file the user may not write;
+// on a server in read-only transactions): it reads as ever; a save, of a saved line or of a new
+// one, and a deletion fail at their first write, say that the base is read-only, and leave it as
+// it was.
+TEST_F(Connexion, UneBaseEnLectureSeuleSeLitEtNEstPasTouchee) {
+    Etude e = Etude_("A", "B");
+    ASSERT_TRUE(OuvrirEtSauver(e));
+    FermerControle();
+    const QByteArray avant = Empreinte();
+    base_->LectureSeule(true);
+    EXPECT_EQ(base_->Postes(), std::vector<std::string>{"A"});
+    Etude relue = Etude_("A", "B");
+    base_->Ouvrir(relue, d_);
+    ASSERT_EQ(relue.id_reglage, e.id_reglage);
+
+    Etude nouvelle = Etude_("N", "M");
+    base_->Ouvrir(nouvelle, d_);
+    for (Etude* f : {&relue, &nouvelle}) {
+        f->Ligne_Up = 400;
+        f->Sauvegarde = true;
+        const std::string quoi = f->NomPoste;
+        EXPECT_FALSE(base_->Sauver(*f, d_)) << quoi;
+        EXPECT_EQ(base_->DernierEchec().genre, EtatBase::Genre::LectureSeule) << quoi;
+        EXPECT_NE(base_->DernierEchec().raison.find(base_->Fichier() + " is read-only"),
+                  std::string::npos)
+            << base_->DernierEchec().raison;
+        ASSERT_FALSE(d_.Messages().empty());
+        EXPECT_NE(d_.Messages().back().sMessage.find("read-only"), std::string::npos)
+            << d_.Messages().back().sMessage;
+        EXPECT_EQ(Empreinte(), avant) << quoi;
+    }
+    EXPECT_FALSE(base_->SupprimerProtection(relue, d_));
+    EXPECT_EQ(base_->DernierEchec().genre, EtatBase::Genre::LectureSeule);
+    EXPECT_EQ(Empreinte(), avant);
+
+    base_->LectureSeule(false);
+    EXPECT_TRUE(base_->Sauver(relue, d_));
+    EXPECT_EQ(Valeur(R"(SELECT "Up" FROM "Ligne")").toInt(), 400);
+}
+
+namespace {
+
+// What `travail` gives (0 to 254), run as a user whom the rights of files hold: this one, or,
+// when the tests run as root (whom no right stops), the user "nobody" in a child process.
+template <class Travail> int CommeUnUtilisateur(Travail travail) {
+    if (::geteuid() != 0) return travail();
+    const pid_t enfant = ::fork();
+    if (enfant == 0) {
+        if (::setgroups(0, nullptr) != 0 || ::setgid(65534) != 0 || ::setuid(65534) != 0)
+            ::_exit(255);
+        ::_exit(travail());
+    }
+    int statut = 0;
+    if (enfant < 0 || ::waitpid(enfant, &statut, 0) != enfant || !WIFEXITED(statut)) return 255;
+    return WEXITSTATUS(statut);
+}
+
+} // namespace
+
 TEST_F(Connexion, LEtatDuDossierDitPourquoiLaBaseNEstPasUtilisable) {
     if (SurServeur()) GTEST_SKIP() << "a folder";
     using G = EtatBase::Genre;
@@ -253,17 +315,26 @@ TEST_F(Connexion, LEtatDuDossierDitPourquoiLaBaseNEstPasUtilisable) {
     Etude e = Etude_("A", "B");
     ASSERT_TRUE(OuvrirEtSauver(e));
     FermerControle();
+    // The folder open to all for reading, the base readable by all and writable by none.
+    using P = QFileDevice;
+    ASSERT_TRUE(QFile::setPermissions(dossier_.path(), P::ReadOwner | P::WriteOwner | P::ExeOwner |
+                                                           P::ReadGroup | P::ExeGroup |
+                                                           P::ReadOther | P::ExeOther));
     QFile fichier(QString::fromStdString(base_->Fichier()));
     const auto droits = fichier.permissions();
-    ASSERT_TRUE(fichier.setPermissions(QFileDevice::ReadOwner | QFileDevice::ReadUser));
-    if (QFileInfo(fichier).isWritable()) {
-        fichier.setPermissions(droits);
-        GTEST_SKIP() << "the rights of files are not enforced for this user";
-    }
-    EXPECT_EQ(ExaminerBase(rep_).genre, G::LectureSeule);
-    EXPECT_EQ(base_->Postes(), std::vector<std::string>{"A"}); // reading still works
+    ASSERT_TRUE(fichier.setPermissions(P::ReadOwner | P::ReadGroup | P::ReadOther));
+    auto genre = [&] {
+        return CommeUnUtilisateur([&] { return static_cast<int>(ExaminerBase(rep_).genre); });
+    };
+    EXPECT_EQ(genre(), static_cast<int>(G::LectureSeule));
+    // Reading still works.
+    EXPECT_EQ(CommeUnUtilisateur([&] {
+                  BaseEtudesSql lecteur(rep_, 20);
+                  return lecteur.Postes() == std::vector<std::string>{"A"} ? 1 : 0;
+              }),
+              1);
     ASSERT_TRUE(fichier.setPermissions({}));
-    EXPECT_EQ(ExaminerBase(rep_).genre, G::Illisible);
+    EXPECT_EQ(genre(), static_cast<int>(G::Illisible));
     fichier.setPermissions(droits);
 }
 

@@ -23,7 +23,8 @@ constexpr Faute FAUTES[] = {
     {"Poste", "INSERT", true},       {"Protection", "INSERT", true}, {"Tournesol", "INSERT", true},
     {"Réglage", "INSERT", true},     {"TR", "INSERT", true},         {"Ligne", "UPDATE", false},
     {"Départ", "UPDATE", false},     {"Piquage", "UPDATE", false},   {"Poste", "UPDATE", false},
-    {"Protection", "UPDATE", false}, {"Réglage", "UPDATE", false},   {"TR", "UPDATE", false},
+    {"Protection", "UPDATE", false}, {"Tournesol", "UPDATE", false}, {"Réglage", "UPDATE", false},
+    {"TR", "UPDATE", false},
 };
 
 } // namespace

@@ -169,4 +169,31 @@ TEST_F(Ouverture, LesListesDuDialogueDOuverture) {
     EXPECT_TRUE(base_->Numeros("A", "C", "", "RXAP").empty());
 }
 
+// The list of substations read again only when they changed: whoever changed them (another
+// program's connection, this store's save or deletion), the next list shows it; names with
+// accents and quotes come back as they were written.
+TEST_F(Ouverture, LaListeDesPostesSuitChaqueChangement) {
+    using Noms = std::vector<std::string>;
+    for (Etude e : {Etude_("Sainte-Hélène", "B"), Etude_("A \"nord\"", "C")})
+        ASSERT_TRUE(OuvrirEtSauver(e));
+    const Noms premiers = {"A \"nord\"", "Sainte-Hélène"};
+    EXPECT_EQ(base_->Postes(), premiers);
+    EXPECT_EQ(base_->Postes(), premiers);
+
+    Executer(R"(INSERT INTO "Poste" ("id", "nom") VALUES (10, 'Z'))");
+    EXPECT_EQ(base_->Postes(), (Noms{"A \"nord\"", "Sainte-Hélène", "Z"}));
+    Executer(R"(UPDATE "Poste" SET "nom" = 'Y' WHERE "id" = 10)");
+    EXPECT_EQ(base_->Postes(), (Noms{"A \"nord\"", "Sainte-Hélène", "Y"}));
+    Executer(R"(INSERT INTO "Poste" ("id", "nom") VALUES (11, 'Y'))"); // each name once
+    EXPECT_EQ(base_->Postes(), (Noms{"A \"nord\"", "Sainte-Hélène", "Y"}));
+    Executer(R"(DELETE FROM "Poste" WHERE "id" >= 10)");
+    EXPECT_EQ(base_->Postes(), premiers);
+
+    Etude nouvelle = Etude_("Brême", "D");
+    ASSERT_TRUE(OuvrirEtSauver(nouvelle));
+    EXPECT_EQ(base_->Postes(), (Noms{"A \"nord\"", "Brême", "Sainte-Hélène"}));
+    ASSERT_TRUE(base_->SupprimerPoste(nouvelle, d_));
+    EXPECT_EQ(base_->Postes(), premiers);
+}
+
 } // namespace essai

@@ -88,16 +88,35 @@ TEST_F(Signature, ChaqueSauvegardeDitQuiEtQuandSurLeLienEtLaLigne) {
     EXPECT_EQ(Valeur(R"(SELECT "sauvé_par" FROM "Ligne")").toString(), "bmartin");
 }
 
-// A base of the previous version, without the columns: read as it is, and given them by the next
-// save, its rows kept.
+// A base of an earlier version, without the columns, the index of the link rows by their setting
+// row and, in a file, the count of the changes of the substations: read as it is (its list of
+// substations following every change), and given them by the next save, its rows kept.
 TEST_F(Signature, UneBaseSansLesColonnesLesRecoitALaSauvegarde) {
     Etude e = Etude_("A", "B");
     ASSERT_TRUE(OuvrirEtSauver(e));
     for (const ColonneHistorique& h : ColonnesHistorique())
         Executer(std::string("ALTER TABLE \"") + h.table + "\" DROP COLUMN \"" + h.colonne + "\"");
-    if (!SurServeur()) Executer("PRAGMA user_version = 1");
+    Executer(R"(DROP INDEX "Tournesol_réglage")");
+    if (!SurServeur()) {
+        for (const char* declencheur : {"Poste_ajouté", "Poste_retiré", "Poste_renommé"})
+            Executer(std::string("DROP TRIGGER \"") + declencheur + "\"");
+        Executer(R"(DROP TABLE "Changements")");
+        Executer("PRAGMA user_version = 1");
+    }
+    auto index = [&] {
+        return Valeur(SurServeur() ? R"(SELECT COUNT(*) FROM pg_catalog.pg_class WHERE)"
+                                     R"( "relname" = 'Tournesol_réglage' AND "relkind" = 'i')"
+                                   : R"(SELECT COUNT(*) FROM "sqlite_master" WHERE)"
+                                     R"( "type" = 'index' AND "name" = 'Tournesol_réglage')")
+            .toInt();
+    };
+    EXPECT_EQ(base_->Postes(), std::vector<std::string>{"A"});
+    Executer(R"(UPDATE "Poste" SET "nom" = 'A2')");
+    EXPECT_EQ(base_->Postes(), std::vector<std::string>{"A2"});
+    Executer(R"(UPDATE "Poste" SET "nom" = 'A')");
     FermerControle();
     const QByteArray avant = Empreinte();
+    EXPECT_EQ(base_->Postes(), std::vector<std::string>{"A"});
     EXPECT_TRUE(base_->DerniereSauvegarde("A", "B", "", "PD3A", 1).Vide());
     Etude relue = Etude_("A", "B");
     base_->Ouvrir(relue, d_);
@@ -111,8 +130,12 @@ TEST_F(Signature, UneBaseSansLesColonnesLesRecoitALaSauvegarde) {
     EXPECT_EQ(base_->DerniereSauvegarde("A", "B", "", "PD3A", 1).auteur, "adupont");
     EXPECT_EQ(Comptes(),
               "Poste 1 Départ 1 Piquage 0 Protection 1 Tournesol 1 Réglage 1 TR 6 Ligne 1");
+    EXPECT_EQ(index(), 1);
     if (!SurServeur()) {
         EXPECT_EQ(Valeur("PRAGMA user_version").toInt(), VERSION_SCHEMA);
+        EXPECT_EQ(Compter("Changements"), 1);
+        Executer(R"(UPDATE "Poste" SET "nom" = 'A3')");
+        EXPECT_EQ(base_->Postes(), std::vector<std::string>{"A3"});
     }
 }
 
