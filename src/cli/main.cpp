@@ -97,14 +97,8 @@ int Calc(const std::string& chemin) {
     return 0;
 }
 
-int Svg(const std::string& chemin, const std::optional<std::string>& sortie) {
-    Session s;
-    if (!Ouvrir(chemin, s)) return SORTIE_USAGE;
-    InitCouleurs(s.e);
-    SurfaceSvg surface(TAILLE_SVG, TAILLE_SVG);
-    Plan plan(s.e, surface);
-    if (s.e.ScaleWidth == 0.0f) ZoomIdeal(s.e);
-    DrawRelay(plan, OptionsAffichage{});
+// The drawing on stdout, or into the file named.
+int EcrireSvg(const SurfaceSvg& surface, const std::optional<std::string>& sortie) {
     if (!sortie) {
         std::cout << surface.Document();
         return 0;
@@ -116,6 +110,17 @@ int Svg(const std::string& chemin, const std::optional<std::string>& sortie) {
         return 1;
     }
     return 0;
+}
+
+int Svg(const std::string& chemin, const std::optional<std::string>& sortie) {
+    Session s;
+    if (!Ouvrir(chemin, s)) return SORTIE_USAGE;
+    InitCouleurs(s.e);
+    SurfaceSvg surface(TAILLE_SVG, TAILLE_SVG);
+    Plan plan(s.e, surface);
+    if (s.e.ScaleWidth == 0.0f) ZoomIdeal(s.e);
+    DrawRelay(plan, OptionsAffichage{});
+    return EcrireSvg(surface, sortie);
 }
 
 // The parameter listing of a PXLN study, on stdout or into a file.
@@ -221,17 +226,7 @@ int Superpose(const std::vector<std::string>& args) {
     Plan plan(e, surface);
     s.RetracerTout(plan);
     s.EcrireLegende(surface);
-    if (!sortie) {
-        std::cout << surface.Document();
-        return 0;
-    }
-    std::ofstream fichier(*sortie, std::ios::binary);
-    fichier << surface.Document();
-    if (!fichier) {
-        std::cerr << "tournesol-cli: cannot write " << *sortie << "\n";
-        return 1;
-    }
-    return 0;
+    return EcrireSvg(surface, sortie);
 }
 
 #ifdef TOURNESOL_AVEC_BASE

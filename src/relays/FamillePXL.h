@@ -175,6 +175,20 @@ void ReglesCommunesPXL(Etude& e, const std::array<int, 6>& numeros,
 // Their texts, in the report and in the window.
 std::vector<TexteRegle> TextesReglesCommunesPXL(const std::array<int, 6>& numeros);
 
+// The reaches in ohms worked out again from the percentages read back from the store; a Kz of
+// zero (a line not computed yet) leaves the secondary ones 0.
+template <class R> void ZonesLuesPXL(const Etude& e, R& r) {
+    for (std::size_t i = 0; i < 5; ++i) {
+        r.ZonesHT[i] = r.XPct[i] / 100.0 * e.XL_eq;
+        r.ZonesBT[i] = e.Kz == 0.0 ? 0.0 : r.ZonesHT[i] / e.Kz;
+    }
+}
+
+// The characteristic of a relay of the family from its record's set values.
+template <class R> void DessinerRelaisPXL(Plan& plan, const OptionsAffichage& options, const R& r) {
+    DessinerPXL(plan, options, SegmentsPXL(plan.etude(), r.Rmoc_HT, r.deltaR_HT, r.ZonesHT));
+}
+
 // The resistance and reaches of the short settings page, in primary ohms.
 template <class R> std::vector<ValeurResumee> ResumePXL(const R& r) {
     return {{"Maximal detectable resistance", r.Rmoc_HT}, {"First zone reach", r.ZonesHT[0]},

@@ -57,17 +57,11 @@ void EcrireListePXLC(Etude& e, MagasinReglages& m) {
 
 void LireListePXLC(Etude& e, MagasinReglages& m) {
     LireListe(e, m, [](Etude& x, auto&& f) { ListePXLC(x, f); });
-    // The zones in ohms follow the percentages read; a Kz of zero leaves the secondary ones 0.
-    RelaisPXLC& r = e.PXLC;
-    for (std::size_t i = 0; i < 5; ++i) {
-        r.ZonesHT[i] = r.XPct[i] / 100.0 * e.XL_eq;
-        r.ZonesBT[i] = e.Kz == 0.0 ? 0.0 : r.ZonesHT[i] / e.Kz;
-    }
+    ZonesLuesPXL(e, e.PXLC);
 }
 
 void DrawPXLC(Plan& plan, const OptionsAffichage& options) {
-    const RelaisPXLC& r = plan.etude().PXLC;
-    DessinerPXL(plan, options, SegmentsPXL(plan.etude(), r.Rmoc_HT, r.deltaR_HT, r.ZonesHT));
+    DessinerRelaisPXL(plan, options, plan.etude().PXLC);
 }
 
 void ImprimerPXLC(ContexteImpression& c) {

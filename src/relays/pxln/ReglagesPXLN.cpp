@@ -4,6 +4,7 @@
 #include "core/Registre.h"
 #include "diagnostics/Diagnostics.h"
 #include "printing/Impression.h"
+#include "relays/FamillePXL.h"
 #include "relays/pxln/CalculPXLN.h"
 #include "relays/pxln/ImpressionPXLN.h"
 #include "relays/pxln/PanneauPXLN.h"
@@ -99,12 +100,7 @@ void EcrireListePXLN(Etude& e, MagasinReglages& m) {
 void LireListePXLN(Etude& e, MagasinReglages& m) {
     DebutTR(e);
     ListePXLN(e, [&](auto&& v) { Lire(LireTR(e, m), std::forward<decltype(v)>(v)); });
-    // The zones in ohms follow the percentages read.
-    RelaisPXLN& r = e.PXLN;
-    for (std::size_t i = 0; i < 5; ++i) {
-        r.ZonesHT[i] = r.XPct[i] / 100.0 * e.XL_eq;
-        r.ZonesBT[i] = e.Kz == 0.0 ? 0.0 : r.ZonesHT[i] / e.Kz;
-    }
+    ZonesLuesPXL(e, e.PXLN);
 }
 
 } // namespace

@@ -57,17 +57,11 @@ void EcrireListePXLP(Etude& e, MagasinReglages& m) {
 
 void LireListePXLP(Etude& e, MagasinReglages& m) {
     LireListe(e, m, [](Etude& x, auto&& f) { ListePXLP(x, f); });
-    // The zones in ohms follow the percentages read; a Kz of zero leaves the secondary ones 0.
-    RelaisPXLP& r = e.PXLP;
-    for (std::size_t i = 0; i < 5; ++i) {
-        r.ZonesHT[i] = r.XPct[i] / 100.0 * e.XL_eq;
-        r.ZonesBT[i] = e.Kz == 0.0 ? 0.0 : r.ZonesHT[i] / e.Kz;
-    }
+    ZonesLuesPXL(e, e.PXLP);
 }
 
 void DrawPXLP(Plan& plan, const OptionsAffichage& options) {
-    const RelaisPXLP& r = plan.etude().PXLP;
-    DessinerPXL(plan, options, SegmentsPXL(plan.etude(), r.Rmoc_HT, r.deltaR_HT, r.ZonesHT));
+    DessinerRelaisPXL(plan, options, plan.etude().PXLP);
 }
 
 void ImprimerPXLP(ContexteImpression& c) {

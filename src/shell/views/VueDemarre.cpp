@@ -6,6 +6,7 @@
 #include "core/views/Lieur.h"
 #include "diagnostics/Diagnostics.h"
 #include "diagram/Plan.h"
+#include "diagram/views/BasDuDiagramme.h"
 #include "diagram/views/SurfaceQt.h"
 #include "printing/Impression.h"
 #include "printing/views/FenetreProgression.h"
@@ -247,19 +248,7 @@ VueDemarre::VueDemarre(PanneauDemarre& modele, Etude& e)
     };
     diagramme_->MenuPlume = [this](QPoint ou) { MenuPlume(ou); };
     gauche->addWidget(diagramme_, 1);
-    // Under the diagram, the coordinates and the status line: two lines each, whatever they
-    // say, so that the window keeps its size when they change.
-    auto* bas = new QHBoxLayout;
-    for (const char* nom : {"coordonnées", "status"}) {
-        auto* etiquette = new QLabel(this);
-        etiquette->setObjectName(nom);
-        etiquette->setWordWrap(true);
-        etiquette->setAlignment(Qt::AlignLeft | Qt::AlignTop);
-        etiquette->setSizePolicy(QSizePolicy::Ignored, QSizePolicy::Fixed);
-        etiquette->setFixedHeight(2 * etiquette->fontMetrics().lineSpacing() + 4);
-        bas->addWidget(etiquette, std::string(nom) == "status" ? 3 : 1);
-    }
-    gauche->addLayout(bas);
+    gauche->addLayout(BasDuDiagramme(this));
     corps->addLayout(gauche, 1);
 
     // The side column: the relay and the commands first, so that they show on a small screen;

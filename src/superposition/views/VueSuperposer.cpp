@@ -5,6 +5,7 @@
 #include "core/views/DialogueQt.h"
 #include "core/views/Lieur.h"
 #include "diagram/Plan.h"
+#include "diagram/views/BasDuDiagramme.h"
 #include "diagram/views/SurfaceQt.h"
 #include "printing/views/FenetreProgression.h"
 #include "printing/views/PageQt.h"
@@ -181,17 +182,7 @@ VueSuperposer::VueSuperposer(PanneauSuperposer& modele) : FenetrePanneau(modele)
         ApresHandler();
     };
     gauche->addWidget(diagramme_, 1);
-    auto* bas = new QHBoxLayout;
-    for (const char* nom : {"coordonnées", "status"}) {
-        auto* etiquette = new QLabel(this);
-        etiquette->setObjectName(nom);
-        etiquette->setWordWrap(true);
-        etiquette->setAlignment(Qt::AlignLeft | Qt::AlignTop);
-        etiquette->setSizePolicy(QSizePolicy::Ignored, QSizePolicy::Fixed);
-        etiquette->setFixedHeight(2 * etiquette->fontMetrics().lineSpacing() + 4);
-        bas->addWidget(etiquette, std::string(nom) == "status" ? 3 : 1);
-    }
-    gauche->addLayout(bas);
+    gauche->addLayout(BasDuDiagramme(this));
     corps->addLayout(gauche, 1);
 
     auto* colonne = new QWidget(this);
