@@ -123,8 +123,7 @@ void Superposition::NommerPlaces() {
     p2.Numero = e_.Numero2;
 }
 
-bool Superposition::ChargerPlace(int n, const Ouvreur& ouvrir) {
-    Place& p = PlaceNumero(n);
+void Superposition::NommerEtude(const Place& p) {
     e_.NomPoste = p.Poste;
     e_.NomDepart = p.Depart;
     e_.NomPiquage = p.Piquage;
@@ -132,6 +131,11 @@ bool Superposition::ChargerPlace(int n, const Ouvreur& ouvrir) {
     e_.IdxProtection = p.IdxProtection;
     e_.id_numero = p.Numero;
     e_.LigneTroisBouts = !p.Piquage.empty();
+}
+
+bool Superposition::ChargerPlace(int n, const Ouvreur& ouvrir) {
+    Place& p = PlaceNumero(n);
+    NommerEtude(p);
     if (p.IdProtection != 0) e_.id_protection = p.IdProtection;
     const bool ouvert = ouvrir ? ouvrir(e_) : true;
     p.Poste = e_.NomPoste;
@@ -162,13 +166,7 @@ bool Superposition::RestaurerPlace(int n) {
     if (!p.Gardee) return false;
     e_.id_protection = p.IdProtection;
     RestaurerReglage(e_, p.Bloc);
-    e_.NomPoste = p.Poste;
-    e_.NomDepart = p.Depart;
-    e_.NomPiquage = p.Piquage;
-    e_.NomProtection = p.Protection;
-    e_.IdxProtection = p.IdxProtection;
-    e_.id_numero = p.Numero;
-    e_.LigneTroisBouts = !p.Piquage.empty();
+    NommerEtude(p);
     e_.id_ligne = p.id_ligne;
     e_.id_reglage = p.id_reglage;
     e_.id_poste = p.id_poste;

@@ -127,6 +127,8 @@ public:
     void EcrireLegende(Surface& surface) const;
 
 private:
+    // The place's names and number into the study's.
+    void NommerEtude(const Place& p);
     Etude& e_;
     std::array<Place, 2> places_;
 };
