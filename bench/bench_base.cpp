@@ -280,7 +280,8 @@ template <class Liste> void MesurerListe(benchmark::State& state, Liste&& liste)
 void BM_ListePostes(benchmark::State& state) {
     MesurerListe(state, [](BaseEtudesSql& b, const Etude&) { return b.Postes(); });
 }
-// The list of substations when another user changed one since the last fill: read whole.
+// The list of substations when another user changed one since the last fill: brought up to date
+// by the journal of the names changed.
 void BM_ListePostesApresUnChangement(benchmark::State& state) {
     Region& r = LaRegion(state);
     if (!r.prete) return;

@@ -733,11 +733,48 @@ void BaseEtudesSql::ChercherIdProtection(Etude& e) {
 // ---------------------------------------------------------------------------------------------
 // The lists of the opening dialog
 
+bool BaseEtudesSql::SuivreJournalPostes(PostesLus& lus) {
+    if (!lus.journal) return false;
+    // Beyond a few hundred names changed, reading the list whole is as quick.
+    constexpr int MAX_CHANGES = 500;
+    Requete j(Q(std::string(R"(SELECT "n", "nom" FROM ")") + TABLE_JOURNAL_POSTES +
+                R"(" WHERE "n" > ? ORDER BY "n" LIMIT )" + std::to_string(MAX_CHANGES + 1)));
+    j << QVariant(static_cast<qlonglong>(*lus.journal));
+    j.Executer();
+    std::vector<std::string> touches;
+    std::int64_t fin = *lus.journal;
+    int lignes = 0;
+    while (j.Suivante()) {
+        ++lignes;
+        fin = j.Valeur(0).toLongLong();
+        if (!j.Valeur(1).isNull()) touches.push_back(j.Texte(1));
+    }
+    if (lignes > MAX_CHANGES) return false;
+    // The journal says which names changed; the table says whether each is still there (a base
+    // of an earlier version may hold a name twice).
+    for (const std::string& nom : touches) {
+        Requete r(Q(R"(SELECT 1 FROM "Poste" WHERE "nom" = ? LIMIT 1)"));
+        r << nom;
+        r.Executer();
+        const bool present = r.Suivante();
+        auto& noms = lus.noms;
+        const auto ou = std::lower_bound(noms.begin(), noms.end(), nom);
+        const bool garde = ou != noms.end() && *ou == nom;
+        if (present && !garde)
+            noms.insert(ou, nom);
+        else if (!present && garde)
+            noms.erase(ou);
+    }
+    lus.journal = fin;
+    return true;
+}
+
 std::vector<std::string> BaseEtudesSql::Postes() {
     return Lecture<std::vector<std::string>>(
         [&] {
             // A region holds thousands of substations: the list read last is given again while
-            // the file's count of their changes stands where it stood.
+            // the file's count of their changes stands where it stood, and brought up to date
+            // by the file's journal of the names changed since when it moved.
             const bool compte = lecture_ && EstSqlite(Db()) && contenu_ == Contenu::Systeme;
             std::optional<std::int64_t> changements;
             if (compte) {
@@ -745,13 +782,18 @@ std::vector<std::string> BaseEtudesSql::Postes() {
                             R"(" WHERE "nom" = 'Poste')"));
                 c.Executer();
                 if (c.Suivante() && !c.Valeur(0).isNull()) changements = c.Valeur(0).toLongLong();
-                if (changements && postes_ && postes_->first == *changements)
-                    return postes_->second;
+                if (changements && postes_) {
+                    if (postes_->compte == *changements) return postes_->noms;
+                    if (SuivreJournalPostes(*postes_)) {
+                        postes_->compte = *changements;
+                        return postes_->noms;
+                    }
+                }
             }
             // In the order of the names; each name once (a base of an earlier version may hold
             // one twice). A file gives the names' UTF-8 as it holds them.
             std::vector<std::string> noms;
-            if (postes_) noms.reserve(postes_->second.size() + 16);
+            if (postes_) noms.reserve(postes_->noms.size() + 16);
             Requete r(Q(EstSqlite(Db()) ? R"(SELECT CAST("nom" AS BLOB) FROM "Poste")"
                                           R"( WHERE "nom" IS NOT NULL ORDER BY "nom")"
                                         : R"(SELECT "nom" FROM "Poste" WHERE "nom" IS NOT NULL)"
@@ -761,10 +803,23 @@ std::vector<std::string> BaseEtudesSql::Postes() {
                 std::string nom = r.Texte(0);
                 if (noms.empty() || noms.back() != nom) noms.push_back(std::move(nom));
             }
-            if (changements)
-                postes_.emplace(*changements, noms);
-            else
+            if (!changements) {
                 postes_.reset();
+                return noms;
+            }
+            // Where the journal stands, if the file keeps one.
+            std::optional<std::int64_t> journal;
+            Requete t(Q(R"(SELECT COUNT(*) FROM "sqlite_master" WHERE "type" = 'table')"
+                        R"( AND "name" = ?)"));
+            t << std::string(TABLE_JOURNAL_POSTES);
+            t.Executer();
+            if (t.Suivante() && t.Valeur(0).toInt() > 0) {
+                Requete m(Q(std::string(R"(SELECT COALESCE(MAX("n"), 0) FROM ")") +
+                            TABLE_JOURNAL_POSTES + "\""));
+                m.Executer();
+                journal = m.Suivante() ? m.Valeur(0).toLongLong() : 0;
+            }
+            postes_.emplace(PostesLus{*changements, journal, noms});
             return noms;
         },
         {});

@@ -219,8 +219,17 @@ private:
     bool lecture_ = false; // the transaction under way is a read
     bool lectureSeule_ = false;
     Contenu contenu_ = Contenu::Vide; // what the last transaction found in the base
-    // The list of substations read last, with the file's count of their changes then.
-    std::optional<std::pair<std::int64_t, std::vector<std::string>>> postes_;
+    // The list of substations read last, with the file's count of their changes and the last
+    // entry of its journal then (none where the file keeps no journal).
+    struct PostesLus {
+        std::int64_t compte = 0;
+        std::optional<std::int64_t> journal;
+        std::vector<std::string> noms;
+    };
+    std::optional<PostesLus> postes_;
+    // The kept list brought up to the journal's end; false when it cannot be (no journal, or
+    // more changes than a whole read costs).
+    bool SuivreJournalPostes(PostesLus& lus);
     bool fichierNeuf_ = false;   // the write connection made the file
     bool relaisInconnu_ = false; // the save met a relay outside the registry
     CacheRequetes cache_;

@@ -220,6 +220,19 @@ std::vector<std::string> FaireCreationSqlite() {
     c.push_back(R"(CREATE TRIGGER IF NOT EXISTS "Poste_renommé" AFTER UPDATE OF "nom" ON "Poste")"
                 R"( WHEN OLD."nom" IS NOT NEW."nom")" +
                 compter);
+    const std::string journal =
+        std::string(R"(INSERT INTO ")") + TABLE_JOURNAL_POSTES + R"(" ("nom"))";
+    c.push_back(std::string(R"(CREATE TABLE IF NOT EXISTS ")") + TABLE_JOURNAL_POSTES +
+                R"(" ("n" INTEGER PRIMARY KEY AUTOINCREMENT, "nom" VARCHAR(255)))");
+    c.push_back(R"(CREATE TRIGGER IF NOT EXISTS "Poste_ajouté_au_journal" AFTER INSERT ON "Poste")"
+                R"( BEGIN )" +
+                journal + R"( VALUES (NEW."nom"); END)");
+    c.push_back(R"(CREATE TRIGGER IF NOT EXISTS "Poste_retiré_au_journal" AFTER DELETE ON "Poste")"
+                R"( BEGIN )" +
+                journal + R"( VALUES (OLD."nom"); END)");
+    c.push_back(R"(CREATE TRIGGER IF NOT EXISTS "Poste_renommé_au_journal" AFTER UPDATE OF "nom")"
+                R"( ON "Poste" WHEN OLD."nom" IS NOT NEW."nom" BEGIN )" +
+                journal + R"( VALUES (OLD."nom"); )" + journal + R"( VALUES (NEW."nom"); END)");
     return c;
 }
 

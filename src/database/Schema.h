@@ -17,7 +17,7 @@ struct Etude;
 inline constexpr int MARQUE_BASE = 0x546F7572; // "Tour"
 // Version 2 adds who saved and when to the link rows and the lines; version 3 the index of the
 // link rows by their setting row and, in a file, the count of the changes of the substations.
-inline constexpr int VERSION_SCHEMA = 3;
+inline constexpr int VERSION_SCHEMA = 4;
 
 // The statements that make the tables of a new base and the indexes of every look-up of the
 // store; each leaves an existing table or index alone. Run once per base: when a file has no mark
@@ -29,9 +29,12 @@ const std::vector<std::string>& IndexDuSysteme();
 // In a file, beside the tables: "Changements" holds, for "Poste", a count that every insert,
 // deletion or renaming of a substation raises, whoever writes it (triggers of the file). It
 // starts at a number drawn at random, so that two bases never show the same count by chance.
-// The list of substations is read again only when that count has moved.
+// The list of substations is read again only when that count has moved. "JournalPostes" keeps,
+// in the order of the changes, the name each one touched, so that a list read before is brought
+// up to date by the names changed since rather than read whole again.
 const std::vector<std::string>& CreationSqlite();
 inline constexpr const char* TABLE_CHANGEMENTS = "Changements";
+inline constexpr const char* TABLE_JOURNAL_POSTES = "JournalPostes";
 
 // Who saved and when, beside the columns of the system on the link rows (Tournesol) and the lines
 // (Ligne): the user's login and the UTC time of the save, as text.
