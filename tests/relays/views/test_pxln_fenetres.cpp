@@ -1,22 +1,13 @@
 // A PXLN set through its windows, offscreen: its panel, "&Parameters...", the rated voltage changed
 // on the sheet "Line" and confirmed, then the report written to PDF shows the change in the
 // listing, and the study saved and opened again has the same parameters.
-#include "../../core/views/Pilote.h"
-#include "../../shell/views/Gestes.h"
-#include "core/Etude.h"
-#include "core/FichierEtude.h"
-#include "core/Registre.h"
-#include "core/views/DialogueQt.h"
-#include "database/BaseEtudesSql.h"
+#include "Parcours.h"
 #include "database/Import.h"
 #include "diagnostics/Diagnostics.h"
 #include "printing/views/RapportPdf.h"
-#include "relays/Relais.h"
 #include "relays/pxln/CalculPXLN.h"
 #include "relays/pxln/PanneauPXLN.h"
 #include "relays/pxln/ParametresPXLN.h"
-#include "relays/views/FenetreRelais.h"
-#include "shell/Ouverture.h"
 
 #include <QLabel>
 #include <QLineEdit>
@@ -29,16 +20,6 @@
 using namespace tournesol;
 
 namespace {
-
-void OuvrirExemple(Etude& e, Dialogue& d) {
-    InscrireRelais();
-    InitRegistre(e);
-    PreparerOuverture(e);
-    LireFichierEtude(TOURNESOL_EXEMPLES "/champagnier-grande-ile-225kV-pxln.json", e);
-    OptionsReport options;
-    options.Choisir(e.TypeReportCharge);
-    InitEtude(e, d, options);
-}
 
 // The lines of the PDF as they stand on the page, every run of blanks made one blank.
 QStringList LignesDuPdf(const QString& pdf) {
@@ -58,7 +39,7 @@ TEST(FenetresPXLN, ParametreChangeImprimeSauveEtRelu) {
     ASSERT_TRUE(dossier.isValid());
     Etude e;
     DialogueSansFenetre sans; // the opening, headless
-    OuvrirExemple(e, sans);
+    OuvrirExemple(e, sans, "champagnier-grande-ile-225kV-pxln.json");
     DialogueQt d;
     InscrireFenetreRelais(d);
     ASSERT_EQ(e.ErrCalcul, 0);
