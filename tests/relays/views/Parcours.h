@@ -141,9 +141,9 @@ struct TitreBaseEtRetour {
     int id = 0;      // the relay chosen
     QString panneau; // the relay panel's name
     const LigneTapee* ligne = &LIGNE_90;
-    // What stays in memory moved off, once the study is chosen again, so that what comes back
-    // cannot be it.
-    std::function<void()> brouiller = [] {};
+    // On the opening dialog, once the study is chosen again: what stays in memory moved off, so
+    // that what comes back cannot be it.
+    std::function<void(QWidget*)> brouiller = [](QWidget*) {};
     // On the relay's panel, before OK; on the first working window, before the save; on the
     // window of the study opened again.
     std::function<void(QWidget*)> surPanneau = [](QWidget*) {}, premiere = [](QWidget*) {},
@@ -166,7 +166,7 @@ struct TitreBaseEtRetour {
                     NommerEtude(w, poste, depart, relais, numero);
                 } else if (titres == 2) {
                     EXPECT_TRUE(ChoisirEtude(w, poste, depart, relais, numero));
-                    brouiller();
+                    brouiller(w);
                 } else {
                     QuitterTitre(w);
                     return;

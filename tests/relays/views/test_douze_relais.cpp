@@ -1,6 +1,7 @@
 // Every relay that has a panel, set through the windows offscreen on a new 225 kV line: chosen in
 // the opening dialog, its panel opened and confirmed, its characteristic drawn, the study saved,
-// then opened again from the base with the same settings, value for value of its store list.
+// then opened again from the base's lists, signed, with the same line and the same settings, value
+// for value of its store list.
 #include "../../shell/Ligne225.h"
 #include "Parcours.h"
 #include "core/Etude.h"
@@ -74,17 +75,27 @@ TEST_P(DouzeRelais, DuTitreAuDiagrammePuisALaBaseEtRetour) {
     RemplirLigne225(e);
     std::size_t figures = 0;
     std::vector<ValeurTR> sauvee, rouverte;
-    TitreBaseEtRetour p{.poste = "CHAMPAGNIER",
-                        .depart = "GRANDE-ILE",
+    bool signe = false;
+    double xla = 0.0;
+    int up = 0, numero = 0;
+    // Names with quotes come back from the base's lists as they were typed.
+    TitreBaseEtRetour p{.poste = "SAINT-\"VICTOR\"",
+                        .depart = "L'ISLE",
                         .relais = texte(LEGENDES_PROTECTION[static_cast<std::size_t>(id - 1)]),
-                        .numero = "3",
+                        .numero = "2",
                         .id = id,
                         .panneau = texte(PANNEAUX_PROTECTION[static_cast<std::size_t>(id - 1)]),
                         .ligne = &LIGNE_225,
                         .brouiller =
-                            [&] {
+                            [&](QWidget* titre) {
+                                // Under the relay's number: who saved it, and when.
+                                const auto* signature = titre->findChild<QLabel*>("lblsauvé");
+                                signe = signature && !signature->isHidden() &&
+                                        signature->text().startsWith("saved by ");
                                 Brouiller(e);
                                 EXPECT_NE(Liste(e), sauvee);
+                                e.Ligne_XLA = 0.0;
+                                e.Ligne_Up = 400;
                             },
                         .premiere =
                             [&](QWidget*) {
@@ -92,13 +103,24 @@ TEST_P(DouzeRelais, DuTitreAuDiagrammePuisALaBaseEtRetour) {
                                 figures = FiguresDuRelais(e);
                                 sauvee = Liste(e);
                             },
-                        .seconde = [&](QWidget*) { rouverte = Liste(e); }};
+                        .seconde =
+                            [&](QWidget*) {
+                                rouverte = Liste(e);
+                                xla = e.Ligne_XLA;
+                                up = e.Ligne_Up;
+                                numero = e.id_numero;
+                            }};
     p.Mener(e);
     EXPECT_EQ(p.fenetres, 2);
     EXPECT_GE(p.panneaux, 1); // on the new line
     EXPECT_GT(figures, 0u) << "no characteristic drawn";
     EXPECT_FALSE(sauvee.empty());
     EXPECT_EQ(rouverte, sauvee);
+    // The line as its panels left it, and the relay's number.
+    EXPECT_TRUE(signe);
+    EXPECT_EQ(xla, 20.0);
+    EXPECT_EQ(up, 225);
+    EXPECT_EQ(numero, 2);
 }
 
 INSTANTIATE_TEST_SUITE_P(Relais, DouzeRelais, ::testing::Range(1, 13));

@@ -55,7 +55,7 @@ Resultat Parcourir(const Parcours& c) {
                         .numero = "1",
                         .id = c.id,
                         .panneau = c.panneau};
-    p.brouiller = [&] {
+    p.brouiller = [&](QWidget*) {
         e.X2_HT = e.X2reg_HT = e.X3reg_HT = e.X4reg_HT = e.R_HT = 0.0;
         e.teta = 0.0F;
         e.T3 = 0;

@@ -63,7 +63,7 @@ TEST(FenetresPD3A, DuTitreAuPanneauPuisALaBaseEtRetour) {
                         .id = 3,
                         .panneau = "frmPD3A",
                         .ligne = &LIGNE_225};
-    p.brouiller = [&] {
+    p.brouiller = [&](QWidget*) {
         e.X1_HT = e.X1reg_HT = e.X3reg_HT = e.R_HT = 0.0;
         e.PD3A.K1 = e.PD3A.Rd = 0;
         e.T2 = 0;

@@ -52,7 +52,7 @@ void TitrePanneauBaseEtRetour(const Cas& cas) {
                         .numero = "3",
                         .id = cas.id,
                         .panneau = cas.panneau};
-    p.brouiller = [&] { e.X3reg_HT = e.X1reg_HT = e.REZ1.Zpireg_HT = 0.0; };
+    p.brouiller = [&](QWidget*) { e.X3reg_HT = e.X1reg_HT = e.REZ1.Zpireg_HT = 0.0; };
     p.surPanneau = [&](QWidget* w) {
         etiquette = w->findChild<QLabel*>("lblRelais")->text().toStdString();
         auto* onglets = w->findChild<QTabWidget*>("Onglets");

@@ -40,7 +40,7 @@ TEST(FenetresRXAP, DuTitreALEllipsePuisALaBaseEtRetour) {
                         .numero = "1",
                         .id = 11,
                         .panneau = "frmRXAP"};
-    p.brouiller = [&] {
+    p.brouiller = [&](QWidget*) {
         e.RXAP = RelaisRXAP{};
         e.X1reg_HT = e.X2reg_HT = 0.0;
         e.T3 = 0;

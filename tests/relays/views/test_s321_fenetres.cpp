@@ -39,7 +39,7 @@ TEST(FenetresS321, DuTitreAuxQuadrilateresPuisALaBaseEtRetour) {
                         .numero = "2",
                         .id = 12,
                         .panneau = "frmS321"};
-    p.brouiller = [&] { e.S321 = RelaisS321{}; };
+    p.brouiller = [&](QWidget*) { e.S321 = RelaisS321{}; };
     p.surPanneau = [&](QWidget* w) {
         if (p.fenetres != 1 || p.panneaux != 3) return;
         // In "Modify": a second zone of 9.5 secondary ohms for the phase to earth loops, and a
