@@ -86,6 +86,19 @@ inline int PixelsChanges(const QImage& a, const QImage& b) {
     return n;
 }
 
+// The pixels of the working window's diagram that a gesture changes.
+inline int PixelsChangesPar(QWidget* fenetre, const std::function<void()>& geste) {
+    auto* diagramme = fenetre->findChild<QWidget*>("imgCaractéristique");
+    const QImage avant = diagramme->grab().toImage();
+    geste();
+    return PixelsChanges(avant, diagramme->grab().toImage());
+}
+
+// The relay's panel opened from the working window ("Modify" or "Return", as its box says).
+inline void ReglerLeRelais(QWidget* fenetre) {
+    QTest::mouseClick(fenetre->findChild<QPushButton*>("cmdextra"), Qt::LeftButton);
+}
+
 // A line as typed into the network panels of a new line: the first section's length, resistance
 // and reactance, and the neighbour reactance that the load report asks for.
 struct LigneTapee {

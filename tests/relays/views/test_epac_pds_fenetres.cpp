@@ -75,10 +75,7 @@ Resultat Parcourir(const Parcours& c) {
     };
     p.premiere = [&](QWidget* w) {
         w->findChild<QRadioButton*>("chkmaximal")->click();
-        auto* diagramme = w->findChild<QWidget*>("imgCaractéristique");
-        const QImage avant = diagramme->grab().toImage();
-        QTest::mouseClick(w->findChild<QPushButton*>("cmdextra"), Qt::LeftButton);
-        r.changes = PixelsChanges(avant, diagramme->grab().toImage());
+        r.changes = PixelsChangesPar(w, [w] { ReglerLeRelais(w); });
         r.sauves = LireReglages(e);
         r.kz = e.Kz;
     };

@@ -90,7 +90,7 @@ TEST(FenetresPD3A, DuTitreAuPanneauPuisALaBaseEtRetour) {
         avant = LireReglages(e);
         auto* diagramme = w->findChild<QWidget*>("imgCaractéristique");
         const QImage image = diagramme->grab().toImage();
-        QTest::mouseClick(w->findChild<QPushButton*>("cmdextra"), Qt::LeftButton);
+        ReglerLeRelais(w);
         sauves = LireReglages(e);
         // The new first zone on the diagram: its limit, dashed, across the parallelogram,
         // where there was none.

@@ -70,16 +70,13 @@ void TitrePanneauBaseEtRetour(const Cas& cas) {
         EXPECT_EQ(w->findChild<QLineEdit*>("txtX3reg_BT")->text(), cas.regle);
     };
     p.premiere = [&](QWidget* w) {
-        auto* diagramme = w->findChild<QWidget*>("imgCaractéristique");
-        const QImage avant = diagramme->grab().toImage();
         // The panel opened in "Modify", from the settings already computed.
         auto* modifier = w->findChild<QAbstractButton*>("chkpanneauprotection");
         ASSERT_NE(modifier, nullptr);
         if (!modifier->isChecked()) modifier->click();
         depuisLaFenetre = true;
-        QTest::mouseClick(w->findChild<QPushButton*>("cmdextra"), Qt::LeftButton);
+        changes = PixelsChangesPar(w, [w] { ReglerLeRelais(w); });
         depuisLaFenetre = false;
-        changes = PixelsChanges(avant, diagramme->grab().toImage());
         sauves = LireReglages(e);
     };
     p.seconde = [&](QWidget*) { rouverts = LireReglages(e); };

@@ -61,12 +61,9 @@ TEST(FenetresRXAP, DuTitreALEllipsePuisALaBaseEtRetour) {
         TaperLigne(w->findChild<QLineEdit*>("txtt3"), "650", true);
     };
     p.premiere = [&](QWidget* w) {
-        auto* diagramme = w->findChild<QWidget*>("imgCaractéristique");
         cercle = LireReglages(e);
-        const QImage avant = diagramme->grab().toImage();
-        QTest::mouseClick(w->findChild<QPushButton*>("cmdextra"), Qt::LeftButton);
+        changes = PixelsChangesPar(w, [w] { ReglerLeRelais(w); });
         sauves = LireReglages(e);
-        changes = PixelsChanges(avant, diagramme->grab().toImage());
     };
     p.seconde = [&](QWidget*) { rouverts = LireReglages(e); };
     p.Mener(e);

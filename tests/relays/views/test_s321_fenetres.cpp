@@ -54,14 +54,11 @@ TEST(FenetresS321, DuTitreAuxQuadrilateresPuisALaBaseEtRetour) {
     };
     p.premiere = [&](QWidget* w) {
         // The single-phase case: the quadrilaterals in place of the circles.
-        auto* diagramme = w->findChild<QWidget*>("imgCaractéristique");
-        const QImage cercles = diagramme->grab().toImage();
-        w->findChild<QRadioButton*>("chkmonophasé")->click();
-        cas = e.TypeReportCharge;
-        const QImage avant = diagramme->grab().toImage();
-        quadrilateres = PixelsChanges(cercles, avant);
-        QTest::mouseClick(w->findChild<QPushButton*>("cmdextra"), Qt::LeftButton);
-        changes = PixelsChanges(avant, diagramme->grab().toImage());
+        quadrilateres = PixelsChangesPar(w, [&] {
+            w->findChild<QRadioButton*>("chkmonophasé")->click();
+            cas = e.TypeReportCharge;
+        });
+        changes = PixelsChangesPar(w, [w] { ReglerLeRelais(w); });
         sauves = LireReglages(e);
     };
     p.seconde = [&](QWidget*) { rouverts = LireReglages(e); };
