@@ -7,6 +7,7 @@
 #include <nlohmann/json.hpp>
 #include <sstream>
 #include <sys/wait.h>
+#include <vector>
 
 namespace fs = std::filesystem;
 
@@ -17,6 +18,11 @@ struct Resultat {
     std::string sortie;
     std::string erreurs;
 };
+
+std::string Lire(const fs::path& chemin) {
+    std::ifstream f(chemin, std::ios::binary);
+    return {std::istreambuf_iterator<char>(f), {}};
+}
 
 Resultat Lancer(const std::string& arguments) {
     const fs::path erreurs = fs::temp_directory_path() / "tournesol-cli-test.err";
@@ -31,8 +37,7 @@ Resultat Lancer(const std::string& arguments) {
         r.sortie.append(tampon, n);
     const int statut = pclose(tube);
     r.code = WIFEXITED(statut) ? WEXITSTATUS(statut) : -1;
-    std::ifstream f(erreurs);
-    r.erreurs.assign(std::istreambuf_iterator<char>(f), {});
+    r.erreurs = Lire(erreurs);
     return r;
 }
 
@@ -43,35 +48,6 @@ fs::path Ecrire(const std::string& nom, const std::string& contenu) {
 }
 
 } // namespace
-
-// Every example runs from Open to the first drawing without error, prints the whole study, and
-// its output, read back, gives the same output.
-TEST(LigneDeCommande, CalcSurChaqueExemple) {
-    int exemples = 0;
-    for (const auto& entree : fs::directory_iterator(TOURNESOL_EXEMPLES)) {
-        if (entree.path().extension() != ".json") continue;
-        ++exemples;
-        const std::string nom = entree.path().filename().string();
-        const Resultat premier = Lancer("calc " + entree.path().string());
-        ASSERT_EQ(premier.code, 0) << nom << ": " << premier.erreurs;
-        EXPECT_TRUE(premier.erreurs.empty()) << nom;
-        const auto j = nlohmann::json::parse(premier.sortie);
-        EXPECT_EQ(j.at("ErrCalcul"), 0) << nom;
-        EXPECT_EQ(j.at("PointsTransit").size(), 9u) << nom;
-        EXPECT_EQ(j.at("PointsTransit")[0].size(), 2u) << nom;
-        EXPECT_GT(j.at("XL_eq").get<double>(), 0.1) << nom;
-        EXPECT_GT(j.at("Kz").get<double>(), 0.0) << nom;
-        for (const char* cle : {"fNoIntersect", "fNoUp", "fNoDown", "fNoP", "messages",
-                                "DiagDrapeaux", "DiagValeurs", "NomsProtection", "Ceq"})
-            EXPECT_TRUE(j.contains(cle)) << nom << " " << cle;
-
-        const fs::path sortie = Ecrire("tournesol-cli-" + nom, premier.sortie);
-        const Resultat second = Lancer("calc " + sortie.string());
-        ASSERT_EQ(second.code, 0) << second.erreurs;
-        EXPECT_EQ(second.sortie, premier.sortie) << nom;
-    }
-    EXPECT_GE(exemples, 5);
-}
 
 TEST(LigneDeCommande, MauvaiseEntreeCode2) {
     const struct {
@@ -97,11 +73,33 @@ TEST(LigneDeCommande, MauvaiseEntreeCode2) {
     }
 }
 
-// Each example saved into a new base and opened again by its names comes back as it was.
-TEST(LigneDeCommande, SaveEtOpenRendentLEtude) {
+// Every example runs from Open to the first drawing without error, prints the whole study, and
+// its output, read back, gives the same output; saved into a new base and opened again by its
+// names, it comes back as it was.
+TEST(LigneDeCommande, CalcSaveEtOpenSurChaqueExemple) {
+    int exemples = 0;
     for (const auto& entree : fs::directory_iterator(TOURNESOL_EXEMPLES)) {
         if (entree.path().extension() != ".json") continue;
+        ++exemples;
         const std::string nom = entree.path().filename().string();
+        const Resultat premier = Lancer("calc " + entree.path().string());
+        ASSERT_EQ(premier.code, 0) << nom << ": " << premier.erreurs;
+        EXPECT_TRUE(premier.erreurs.empty()) << nom;
+        const auto j = nlohmann::json::parse(premier.sortie);
+        EXPECT_EQ(j.at("ErrCalcul"), 0) << nom;
+        EXPECT_EQ(j.at("PointsTransit").size(), 9u) << nom;
+        EXPECT_EQ(j.at("PointsTransit")[0].size(), 2u) << nom;
+        EXPECT_GT(j.at("XL_eq").get<double>(), 0.1) << nom;
+        EXPECT_GT(j.at("Kz").get<double>(), 0.0) << nom;
+        for (const char* cle : {"fNoIntersect", "fNoUp", "fNoDown", "fNoP", "messages",
+                                "DiagDrapeaux", "DiagValeurs", "NomsProtection", "Ceq"})
+            EXPECT_TRUE(j.contains(cle)) << nom << " " << cle;
+
+        const fs::path sortie = Ecrire("tournesol-cli-" + nom, premier.sortie);
+        const Resultat second = Lancer("calc " + sortie.string());
+        ASSERT_EQ(second.code, 0) << second.erreurs;
+        EXPECT_EQ(second.sortie, premier.sortie) << nom;
+
         const fs::path base = fs::temp_directory_path() / ("tournesol-base-" + nom);
         fs::remove_all(base);
         fs::create_directories(base);
@@ -127,58 +125,7 @@ TEST(LigneDeCommande, SaveEtOpenRendentLEtude) {
         }
         fs::remove_all(base);
     }
-}
-
-// The report of an example as a PDF: its pages hold the fixed texts of the report.
-TEST(LigneDeCommande, RapportPdf) {
-    const fs::path pdf = fs::temp_directory_path() / "tournesol-rapport.pdf";
-    fs::remove(pdf);
-    const fs::path exemple = fs::path(TOURNESOL_EXEMPLES) / "champagnier-grande-ile-225kV.json";
-    const Resultat r = Lancer("report " + exemple.string() + " -o " + pdf.string());
-    ASSERT_EQ(r.code, 0) << r.erreurs;
-    ASSERT_TRUE(fs::exists(pdf));
-    std::ifstream f(pdf, std::ios::binary);
-    std::string debut(4, '\0');
-    f.read(debut.data(), 4);
-    EXPECT_EQ(debut, "%PDF");
-    const fs::path texte = fs::temp_directory_path() / "tournesol-rapport.txt";
-    ASSERT_EQ(std::system(("pdftotext -layout " + pdf.string() + " " + texte.string()).c_str()), 0);
-    std::ifstream t(texte);
-    const std::string contenu((std::istreambuf_iterator<char>(t)), {});
-    // The example's third zone goes beyond the remote transformers on the 6062's coarse wheel.
-    for (const char* attendu :
-         {"TOURNESOL", "CHAMPAGNIER", "Line characteristics", "Characteristics of the cell",
-          "Diagnostics",
-          "The forward pick up risks to see the faults beyond the transformers of the remote end",
-          "It might not overcome:", "characteristics", "PD3A 6062", "Potentiometers",
-          "Maximal detectable fault resistance", "zone reactance : X1", "K1 = 8", "Timers",
-          "acceleration"})
-        EXPECT_NE(contenu.find(attendu), std::string::npos) << attendu;
-
-    const Resultat sans = Lancer("report " + exemple.string());
-    EXPECT_EQ(sans.code, 2);
-}
-
-// The RAZOA's report: its characteristics under the line's, its settings on a third page, its
-// rules among the diagnostics.
-TEST(LigneDeCommande, RapportPdfRAZOA) {
-    const fs::path pdf = fs::temp_directory_path() / "tournesol-rapport-razoa.pdf";
-    fs::remove(pdf);
-    const fs::path exemple = fs::path(TOURNESOL_EXEMPLES) / "bayet-saint-pourcain-225kV.json";
-    const Resultat r = Lancer("report " + exemple.string() + " -o " + pdf.string());
-    ASSERT_EQ(r.code, 0) << r.erreurs;
-    const fs::path texte = fs::temp_directory_path() / "tournesol-rapport-razoa.txt";
-    ASSERT_EQ(std::system(("pdftotext -layout " + pdf.string() + " " + texte.string()).c_str()), 0);
-    std::ifstream t(texte);
-    const std::string contenu((std::istreambuf_iterator<char>(t)), {});
-    EXPECT_EQ(std::count(contenu.begin(), contenu.end(), '\f'), 3); // three pages
-    for (const char* attendu :
-         {"RAZOA n° 1", "The forward reach on phase to phase loop is lower than 1.2 times the",
-          "Relay characteristics", "the out of step is enabled", "circular characteristic",
-          "angle of the characteristic on balanced operation: 105°", "Acceleration", "Settings",
-          "Forward pick up : Zf", "A = 20", "Common zone parameters", "a=69", "p1=20",
-          "(str26) = 0N", "(T2) = 3", "Tripping timer of relay RGZ30"})
-        EXPECT_NE(contenu.find(attendu), std::string::npos) << attendu;
+    EXPECT_GE(exemples, 5);
 }
 
 // Files beyond the reader's bounds are refused by every verb that reads a study, with exit 2
@@ -249,24 +196,66 @@ TEST(LigneDeCommande, EchecDeCalculDansLesMessages) {
     }
 }
 
-// The 7SA511's report as a PDF: its settings pages carry the relay's parameter codes.
-TEST(LigneDeCommande, RapportPdfDu7SA511) {
-    const fs::path pdf = fs::temp_directory_path() / "tournesol-rapport-sa511.pdf";
-    fs::remove(pdf);
-    const fs::path exemple = fs::path(TOURNESOL_EXEMPLES) / "saint-alban-centrale-225kV-sa511.json";
-    const Resultat r = Lancer("report " + exemple.string() + " -o " + pdf.string());
-    ASSERT_EQ(r.code, 0) << r.erreurs;
-    const fs::path texte = fs::temp_directory_path() / "tournesol-rapport-sa511.txt";
-    ASSERT_EQ(std::system(("pdftotext " + pdf.string() + " " + texte.string()).c_str()), 0);
-    std::ifstream t(texte);
-    const std::string contenu((std::istreambuf_iterator<char>(t)), {});
-    for (const char* attendu :
+// The report of an example as a PDF, its pages read back as text: the fixed texts of the report,
+// and of each relay's own pages (the RAZOA's characteristics under the line's and its settings on
+// a third page; the 7SA511's parameter codes). Without a file to write, the usage error.
+TEST(LigneDeCommande, RapportPdf) {
+    const struct {
+        const char* exemple;
+        bool colonnes; // the text laid out as on the page
+        int pages;     // 0: not counted
+        std::vector<const char*> attendus;
+    } cas[] = {
+        // The example's third zone goes beyond the remote transformers on the 6062's coarse
+        // wheel.
+        {"champagnier-grande-ile-225kV.json",
+         true,
+         0,
+         {"TOURNESOL", "CHAMPAGNIER", "Line characteristics", "Characteristics of the cell",
+          "Diagnostics",
+          "The forward pick up risks to see the faults beyond the transformers of the remote end",
+          "It might not overcome:", "characteristics", "PD3A 6062", "Potentiometers",
+          "Maximal detectable fault resistance", "zone reactance : X1", "K1 = 8", "Timers",
+          "acceleration"}},
+        {"bayet-saint-pourcain-225kV.json",
+         true,
+         3,
+         {"RAZOA n° 1", "The forward reach on phase to phase loop is lower than 1.2 times the",
+          "Relay characteristics", "the out of step is enabled", "circular characteristic",
+          "angle of the characteristic on balanced operation: 105°", "Acceleration", "Settings",
+          "Forward pick up : Zf", "A = 20", "Common zone parameters", "a=69", "p1=20",
+          "(str26) = 0N", "(T2) = 3", "Tripping timer of relay RGZ30"}},
+        {"saint-alban-centrale-225kV-sa511.json",
+         false,
+         0,
          {"SA 511", "settings", "Secondary values", "(1117)", "(1124)",
           "X1 = First zone reactance (1302)", "Ra1 = Phase to phase pick up resistance", "(1624)",
           "Phia(1628)", "T1 1ph = first zone timer, phase to earth fault (1305)",
           "out of step blocks the first zone", "Out of tep bandwidth (2003)", "no signal",
-          "Relay performances", "phase to earth loop"})
-        EXPECT_NE(contenu.find(attendu), std::string::npos) << attendu;
+          "Relay performances", "phase to earth loop"}},
+    };
+    for (const auto& c : cas) {
+        SCOPED_TRACE(c.exemple);
+        const fs::path pdf = fs::temp_directory_path() / "tournesol-rapport.pdf";
+        const fs::path texte = fs::temp_directory_path() / "tournesol-rapport.txt";
+        fs::remove(pdf);
+        const fs::path exemple = fs::path(TOURNESOL_EXEMPLES) / c.exemple;
+        const Resultat r = Lancer("report " + exemple.string() + " -o " + pdf.string());
+        ASSERT_EQ(r.code, 0) << r.erreurs;
+        EXPECT_EQ(Lire(pdf).substr(0, 4), "%PDF");
+        const std::string commande = std::string("pdftotext ") + (c.colonnes ? "-layout " : "") +
+                                     pdf.string() + " " + texte.string();
+        ASSERT_EQ(std::system(commande.c_str()), 0);
+        const std::string contenu = Lire(texte);
+        if (c.pages > 0) {
+            EXPECT_EQ(std::count(contenu.begin(), contenu.end(), '\f'), c.pages);
+        }
+        for (const char* attendu : c.attendus)
+            EXPECT_NE(contenu.find(attendu), std::string::npos) << attendu;
+    }
+    const Resultat sans =
+        Lancer("report " + (fs::path(TOURNESOL_EXEMPLES) / cas[0].exemple).string());
+    EXPECT_EQ(sans.code, 2);
 }
 
 // The PXLN's parameter listing: one line per line of the listing, the same into a file, the
@@ -295,9 +284,7 @@ TEST(LigneDeCommande, ListingDuPXLN) {
 
     const fs::path fichier = fs::temp_directory_path() / "tournesol-cli-listing.txt";
     ASSERT_EQ(Lancer("listing " + exemple + " -o " + fichier.string()).code, 0);
-    std::ifstream f(fichier);
-    const std::string ecrit((std::istreambuf_iterator<char>(f)), {});
-    EXPECT_EQ(ecrit, r.sortie);
+    EXPECT_EQ(Lire(fichier), r.sortie);
 
     const Resultat pd3a =
         Lancer("listing " + std::string(TOURNESOL_EXEMPLES) + "/champagnier-grande-ile-225kV.json");
@@ -328,9 +315,7 @@ TEST(LigneDeCommande, SuperposeDeuxEtudes) {
     // The layout the names give is the second: asking for it draws the same.
     const fs::path fichier = fs::temp_directory_path() / "tournesol-superpose.svg";
     ASSERT_EQ(Lancer("superpose " + a + " " + b + " --position 2 -o " + fichier.string()).code, 0);
-    std::ifstream f(fichier);
-    const std::string ecrit((std::istreambuf_iterator<char>(f)), {});
-    EXPECT_EQ(ecrit, par.sortie);
+    EXPECT_EQ(Lire(fichier), par.sortie);
     const Resultat autre = Lancer("superpose " + a + " " + b + " --position 6");
     ASSERT_EQ(autre.code, 0);
     EXPECT_NE(autre.sortie, par.sortie);

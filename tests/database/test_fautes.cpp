@@ -10,21 +10,26 @@ namespace {
 
 struct Faute {
     const char* table;
-    const char* operation; // INSERT or UPDATE
-    bool nouvelle;         // the save of a new line (else of the line already saved)
+    const char* operation;      // INSERT or UPDATE
+    bool nouvelle;              // the save of a new line (else of the line already saved)
+    const char* condition = ""; // the rows refused; all when empty
 };
 
 // Every write of the save: a new line of a new substation with a tee and a relay type the base
 // does not hold inserts into every table, and updates the row of its line and the owners of its
-// line end and tee; a saved line updates every row it has.
+// line end and tee; a saved line updates every row it has. A setting refused in the middle of
+// its list undoes the values written before it.
 constexpr Faute FAUTES[] = {
-    {"Ligne", "INSERT", true},       {"Ligne", "UPDATE", true},      {"Départ", "INSERT", true},
-    {"Départ", "UPDATE", true},      {"Piquage", "INSERT", true},    {"Piquage", "UPDATE", true},
-    {"Poste", "INSERT", true},       {"Protection", "INSERT", true}, {"Tournesol", "INSERT", true},
-    {"Réglage", "INSERT", true},     {"TR", "INSERT", true},         {"Ligne", "UPDATE", false},
-    {"Départ", "UPDATE", false},     {"Piquage", "UPDATE", false},   {"Poste", "UPDATE", false},
-    {"Protection", "UPDATE", false}, {"Tournesol", "UPDATE", false}, {"Réglage", "UPDATE", false},
-    {"TR", "UPDATE", false},
+    {"Ligne", "INSERT", true},       {"Ligne", "UPDATE", true},
+    {"Départ", "INSERT", true},      {"Départ", "UPDATE", true},
+    {"Piquage", "INSERT", true},     {"Piquage", "UPDATE", true},
+    {"Poste", "INSERT", true},       {"Protection", "INSERT", true},
+    {"Tournesol", "INSERT", true},   {"Réglage", "INSERT", true},
+    {"TR", "INSERT", true},          {"TR", "INSERT", true, R"(NEW."id_pos" = 3)"},
+    {"Ligne", "UPDATE", false},      {"Départ", "UPDATE", false},
+    {"Piquage", "UPDATE", false},    {"Poste", "UPDATE", false},
+    {"Protection", "UPDATE", false}, {"Tournesol", "UPDATE", false},
+    {"Réglage", "UPDATE", false},    {"TR", "UPDATE", false},
 };
 
 } // namespace
@@ -36,9 +41,9 @@ TEST_F(Fautes, UneFauteAChaqueEtapeLaisseLeFichierIntact) {
     const QString journal = QString::fromStdString(base_->Fichier() + "-journal");
 
     for (const Faute& f : FAUTES) {
-        const std::string quoi =
-            std::string(f.operation) + " " + f.table + (f.nouvelle ? " (new line)" : "");
-        Refuser(f.table, f.operation, "refused by the disk");
+        const std::string quoi = std::string(f.operation) + " " + f.table +
+                                 (f.nouvelle ? " (new line) " : " ") + f.condition;
+        Refuser(f.table, f.operation, "refused by the disk", f.condition);
         FermerControle();
         const QByteArray avant = Empreinte();
 
@@ -54,6 +59,7 @@ TEST_F(Fautes, UneFauteAChaqueEtapeLaisseLeFichierIntact) {
         ASSERT_FALSE(d_.Messages().empty()) << quoi;
         const MessageAffiche& m = d_.Messages().back();
         EXPECT_EQ(m.sTitre, "TOURNESOL : Attention !") << quoi;
+        EXPECT_EQ(m.IconeMessage, 2) << quoi;
         EXPECT_NE(m.sMessage.find("The study is not saved"), std::string::npos) << quoi;
         EXPECT_NE(m.sMessage.find("refused by the disk"), std::string::npos) << quoi;
         EXPECT_EQ(std::tuple(e.id_ligne, e.id_poste, e.id_depart, e.id_piquage, e.id_reglage),
@@ -61,6 +67,7 @@ TEST_F(Fautes, UneFauteAChaqueEtapeLaisseLeFichierIntact) {
                              ouverte.id_piquage, ouverte.id_reglage))
             << quoi;
         EXPECT_TRUE(e.EtudeModifiee) << quoi;
+        EXPECT_FALSE(e.ConnexionOuverte) << quoi;
         Permettre(f.table);
     }
     // Nothing of the new line was ever written; the saved line is as the first save left it.
@@ -76,6 +83,7 @@ TEST_F(Fautes, UneFauteAChaqueEtapeLaisseLeFichierIntact) {
     Etude nouvelle = Etude_("N", "M", "P", RXAP);
     base_->Ouvrir(nouvelle, d_);
     EXPECT_TRUE(base_->Sauver(nouvelle, d_));
+    EXPECT_EQ(base_->Piquages("N", "M"), std::vector<std::string>{"P"});
     EXPECT_EQ(Comptes(),
               "Poste 2 Départ 2 Piquage 2 Protection 2 Tournesol 2 Réglage 2 TR 12 Ligne 2");
 }

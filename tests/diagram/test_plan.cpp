@@ -18,11 +18,13 @@ struct PlanEssai : ::testing::Test {
     Etude e;
     SurfaceEnregistree surface{1000.0, 1000.0};
     Plan plan{e, surface};
-    void SetUp() override {
-        e.ScaleLeft = -50.0f;
-        e.ScaleTop = 50.0f;
-        e.ScaleWidth = 100.0f;
-        e.ScaleHeight = -100.0f;
+    void SetUp() override { Echelle(-50.0f, 50.0f, 100.0f); }
+    // A square plane of that side, its upper left corner at (gauche, haut).
+    void Echelle(float gauche, float haut, float cote) {
+        e.ScaleLeft = gauche;
+        e.ScaleTop = haut;
+        e.ScaleWidth = cote;
+        e.ScaleHeight = -cote;
     }
     std::vector<Trace> DuGenre(Trace::Genre g) const {
         std::vector<Trace> r;
@@ -44,10 +46,7 @@ TEST(Graduations, PasSelonLaTailleDuPlan) {
 }
 
 TEST_F(PlanEssai, DessinDuPlan) {
-    e.ScaleLeft = -12.0f;
-    e.ScaleWidth = 24.0f;
-    e.ScaleTop = 12.0f;
-    e.ScaleHeight = -24.0f;
+    Echelle(-12.0f, 12.0f, 24.0f);
     plan.DrawPlan();
     EXPECT_EQ(e.PasGrad, 1); // s = 2
     ASSERT_EQ(plan.Segments().size(), 2u);
@@ -79,10 +78,7 @@ TEST_F(PlanEssai, LesValeursDesBordsSeLisentEntieres) {
     // their tick, would lose half of their text; they are moved inside the surface.
     SurfaceEnregistree petite(400.0, 400.0);
     Plan p(e, petite);
-    e.ScaleLeft = -80.0f;
-    e.ScaleWidth = 160.0f;
-    e.ScaleTop = 80.0f;
-    e.ScaleHeight = -160.0f;
+    Echelle(-80.0f, 80.0f, 160.0f);
     p.DrawPlan();
     int bords = 0;
     for (const Trace& t : petite.traces) {
@@ -123,10 +119,7 @@ TEST_F(PlanEssai, Zoom) {
 
 TEST_F(PlanEssai, SegmentSurPapier) {
     // A frame of 300 page units showing 0 to 3 ohms: 100 units an ohm.
-    e.ScaleLeft = 0.0f;
-    e.ScaleWidth = 3.0f;
-    e.ScaleTop = 1.5f;
-    e.ScaleHeight = -3.0f;
+    Echelle(0.0f, 1.5f, 3.0f);
     plan.PrintFrame = {100.0, 200.0, 300.0, 300.0};
     EXPECT_EQ(plan.PlanToPrintX(1.0), 200.0);
     EXPECT_EQ(plan.PlanToPrintY(0.5), 300.0);
@@ -340,10 +333,7 @@ TEST_F(PlanEssai, LesValeursDesGraduationsNeSeTouchentPas) {
     // along R a value every second graduation, along X, a line high, every one.
     SurfaceEnregistree etroite(200.0, 200.0);
     Plan p(e, etroite);
-    e.ScaleLeft = -100.0f;
-    e.ScaleWidth = 200.0f;
-    e.ScaleTop = 100.0f;
-    e.ScaleHeight = -200.0f;
+    Echelle(-100.0f, 100.0f, 200.0f);
     p.DrawPlan();
     ASSERT_EQ(e.PasGrad, 20);
     EXPECT_EQ(p.Marques().size(), 24u); // every graduation keeps its tick

@@ -1,9 +1,8 @@
 // The load area as drawn for each feed: which arcs, around which centres, with which names.
-#include "core/Couleurs.h"
+#include "LigneTransit.h"
 #include "core/Etude.h"
 #include "diagram/Plan.h"
 #include "diagram/SurfaceEnregistree.h"
-#include "network/Transit.h"
 
 #include <cmath>
 #include <gtest/gtest.h>
@@ -12,31 +11,6 @@
 using namespace tournesol;
 
 namespace {
-
-// The line and level of the transit tests: 20 ohms at 1.2 rad, Vmin 100, Vmax 115 or 120.
-Etude Ligne(int alim, double vmax, double zl) {
-    Etude e;
-    InitCouleurs(e);
-    e.Vmin = 100.0;
-    e.Vmax = vmax;
-    e.ZL_eq = zl;
-    e.PHI_eq = 1.2;
-    e.RL_eq = zl * std::cos(1.2);
-    e.XL_eq = zl * std::sin(1.2);
-    e.Ligne_Itmax = 1000.0;
-    e.TypeReportCharge = 2;
-    e.Ligne_alim = static_cast<Entier16>(alim);
-    e.Ligne_Pmax = 300.0f;
-    e.Ligne_Smax = 400.0f;
-    e.Ligne_XAM = 10.0f;
-    e.Ligne_XAV = 20.0f;
-    e.ScaleLeft = -150.0f;
-    e.ScaleTop = 150.0f;
-    e.ScaleWidth = 300.0f;
-    e.ScaleHeight = -300.0f;
-    TransitCalc(e);
-    return e;
-}
 
 struct Dessin {
     Etude e;
@@ -69,7 +43,7 @@ void ArcAttendu(const ArcImage& arc, const Complexe& centre, const Complexe& deb
 } // namespace
 
 TEST(TransitDessin, LigneMaillee) {
-    Dessin d(Ligne(0, 115.0, 20.0));
+    Dessin d(LigneTransit(0, 115.0, 20.0));
     ASSERT_FALSE(d.e.fNoIntersect);
     const auto& arcs = d.plan.Arcs();
     ASSERT_EQ(arcs.size(), 6u);
@@ -103,7 +77,7 @@ TEST(TransitDessin, LigneMaillee) {
 TEST(TransitDessin, CerclesQuiNeSeCoupentPas) {
     OptionsAffichage options;
     options.Cercles = true;
-    Dessin d(Ligne(0, 115.0, 2.0), options);
+    Dessin d(LigneTransit(0, 115.0, 2.0), options);
     ASSERT_TRUE(d.e.fNoIntersect);
     ASSERT_EQ(d.plan.Arcs().size(), 2u);
     ArcAttendu(d.plan.Arcs()[0], Cart(0, 0), d.N(2), d.N(1));
@@ -117,7 +91,7 @@ TEST(TransitDessin, CerclesQuiNeSeCoupentPas) {
 }
 
 TEST(TransitDessin, LiaisonCentraleDesDeuxCotes) {
-    Dessin d(Ligne(1, 120.0, 20.0));
+    Dessin d(LigneTransit(1, 120.0, 20.0));
     ASSERT_FALSE(d.e.fNoUp);
     ASSERT_FALSE(d.e.fNoDown);
     const double h = 1.5 * 10000.0 / 300.0;
@@ -134,7 +108,7 @@ TEST(TransitDessin, LiaisonCentraleDesDeuxCotes) {
     EXPECT_EQ(d.Noms(), (std::set<std::string>{"N1", "N2", "N4", "N5", "N6", "C2", "C3", "C4"}));
 
     // From the far end: the same arcs, turned half round about the middle of the line.
-    Dessin loin(Ligne(2, 120.0, 20.0));
+    Dessin loin(LigneTransit(2, 120.0, 20.0));
     const auto& miroir = loin.plan.Arcs();
     ASSERT_EQ(miroir.size(), 4u);
     ArcAttendu(miroir[0], w, loin.N(5), loin.N(2));
@@ -149,7 +123,7 @@ TEST(TransitDessin, LiaisonCentraleDesDeuxCotes) {
 }
 
 TEST(TransitDessin, LiaisonCentraleCourteEtLiaisonClient) {
-    Dessin courte(Ligne(1, 120.0, 1.0));
+    Dessin courte(LigneTransit(1, 120.0, 1.0));
     ASSERT_TRUE(courte.e.fNoUp);
     const auto& arcs = courte.plan.Arcs();
     ASSERT_EQ(arcs.size(), 3u);
@@ -158,7 +132,7 @@ TEST(TransitDessin, LiaisonCentraleCourteEtLiaisonClient) {
     EXPECT_EQ(courte.Noms().count("C3"), 0u);
     EXPECT_EQ(courte.Noms().count("C2"), 1u);
 
-    Etude client = Ligne(3, 115.0, 20.0);
+    Etude client = LigneTransit(3, 115.0, 20.0);
     client.Ligne_itclient = 400.0;
     TransitCalc(client);
     Dessin radiale(client);
@@ -176,7 +150,7 @@ TEST(TransitDessin, EntreesDeLaLegende) {
     options.Transit1 = false;
     options.Transit3 = false;
     options.Etiquettes = false;
-    Dessin d(Ligne(0, 115.0, 20.0), options);
+    Dessin d(LigneTransit(0, 115.0, 20.0), options);
     EXPECT_TRUE(d.plan.Arcs().empty());
     EXPECT_EQ(d.plan.Segments().size(), 4u); // axes and the line image only
     EXPECT_TRUE(d.Noms().empty());

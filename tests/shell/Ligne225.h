@@ -1,5 +1,5 @@
 // The line of the shell's tests: 75 km of 225 kV meshed line, its transits and the neighbour
-// link of its load report.
+// link of its load report; and the plane of the start, -20 to 20 ohms both ways.
 #pragma once
 
 #include "core/Etude.h"
@@ -20,6 +20,13 @@ inline void RemplirLigne225(Etude& e) {
     e.Ligne_Itmono = 1700.0;
     e.Ligne_Itmax = 1900.0;
     e.Ligne_XLA = 20.0;
+}
+
+inline void PlanDeDepart(Etude& e) {
+    e.ScaleLeft = -20.0f;
+    e.ScaleWidth = 40.0f;
+    e.ScaleTop = 20.0f;
+    e.ScaleHeight = -40.0f;
 }
 
 } // namespace tournesol

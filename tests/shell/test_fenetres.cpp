@@ -22,6 +22,24 @@ void Saisir(Panneau& p, const std::string& champ, const std::string& texte) {
     p.Changer(champ);
     p.Quitter(champ);
 }
+
+// The opening dialog: a line and its relay typed, then Open.
+void Ouvrir(Panneau& t, const std::string& poste, const std::string& depart,
+            const std::string& relais) {
+    Saisir(t, "txtposte", poste);
+    Saisir(t, "txtDépart", depart);
+    Saisir(t, "txtProtection", relais);
+    t.Entrer("txtposte");
+    t.Cliquer("cmdOK");
+}
+
+// The relay choice answered with that relay.
+void ChoisirRelais(DialogueScripte& d, int id) {
+    d.QuandPanneau("frmChoixProtection", [id](Panneau& p) {
+        p.Cliquer("Option3D1(" + std::to_string(id) + ")");
+        p.Cliquer("Command1");
+    });
+}
 } // namespace
 
 TEST(Titre, IndicesEtBoutonOuvrir) {
@@ -87,11 +105,7 @@ TEST(Titre, ChoixDeLaProtectionAnnuleOuValide) {
         p.Cliquer("Command1");
     });
     PanneauTitre t(e, d, nullptr);
-    Saisir(t, "txtposte", "A");
-    Saisir(t, "txtDépart", "B");
-    Saisir(t, "txtProtection", "RXAP");
-    t.Entrer("txtposte");
-    t.Cliquer("cmdOK");
+    Ouvrir(t, "A", "B", "RXAP");
     EXPECT_FALSE(e.OuvertureOK);
     EXPECT_FALSE(t.Ferme());
     EXPECT_EQ(e.ErrCalcul, -1);
@@ -118,16 +132,9 @@ TEST(Demarre, BoucleEtOptionsDeReport) {
             p.Cliquer("cmdQuitter");
             return;
         }
-        Saisir(p, "txtposte", "CHAMPAGNIER");
-        Saisir(p, "txtDépart", "GRANDE-ILE");
-        Saisir(p, "txtProtection", "PD3A");
-        p.Entrer("txtposte");
-        p.Cliquer("cmdOK");
+        Ouvrir(p, "CHAMPAGNIER", "GRANDE-ILE", "PD3A");
     });
-    d.QuandPanneau("frmChoixProtection", [](Panneau& p) {
-        p.Cliquer("Option3D1(7)"); // PXLN: no single phase report
-        p.Cliquer("Command1");
-    });
+    ChoisirRelais(d, 7); // PXLN: no single phase report
     d.QuandPanneau("frmDémarre", [&](Panneau& p) {
         ++fenetres;
         auto& w = dynamic_cast<PanneauDemarre&>(p);
@@ -163,10 +170,7 @@ TEST(Demarre, OutilsDeDessinEtCoordonnees) {
     EXPECT_EQ(PanneauDemarre::TexteOutil(3), "Drawing option : rubber");
 
     Etude e;
-    e.ScaleLeft = -20.0f;
-    e.ScaleWidth = 40.0f;
-    e.ScaleTop = 20.0f;
-    e.ScaleHeight = -40.0f;
+    PlanDeDepart(e);
     DialogueSansFenetre d;
     OptionsReport options;
     PanneauDemarre w(e, d, options, nullptr, std::nullopt);
@@ -212,10 +216,7 @@ TEST(Demarre, OutilsDeDessinEtCoordonnees) {
 
 TEST(Demarre, LOutilEnForceResteEnfonceEtLaLigneDEtatLeDit) {
     Etude e;
-    e.ScaleLeft = -20.0f;
-    e.ScaleWidth = 40.0f;
-    e.ScaleTop = 20.0f;
-    e.ScaleHeight = -40.0f;
+    PlanDeDepart(e);
     DialogueSansFenetre d;
     OptionsReport options;
     PanneauDemarre w(e, d, options, nullptr, std::nullopt);
@@ -249,10 +250,7 @@ TEST(Demarre, LOutilEnForceResteEnfonceEtLaLigneDEtatLeDit) {
 TEST(Demarre, ImpressionApresLeDialogueDImpression) {
     Etude e;
     RemplirLigne225(e);
-    e.ScaleWidth = 40.0f;
-    e.ScaleLeft = -20.0f;
-    e.ScaleTop = 20.0f;
-    e.ScaleHeight = -40.0f;
+    PlanDeDepart(e);
     DialogueScripte d;
     int annulations = 0;
     d.QuandPanneau("frmPrint", [&annulations](Panneau& p) {
@@ -318,17 +316,8 @@ TEST(Demarre, UneNouvelleLigneMailleeJusquAuReportTriphase) {
     BaseSansLigne base;
     DialogueScripte d;
     std::vector<std::string> panneaux;
-    d.QuandPanneau("frmtitre", [](Panneau& p) {
-        Saisir(p, "txtposte", "BAYET");
-        Saisir(p, "txtDépart", "COMMENTRY");
-        Saisir(p, "txtProtection", "PD3A");
-        p.Entrer("txtposte");
-        p.Cliquer("cmdOK");
-    });
-    d.QuandPanneau("frmChoixProtection", [](Panneau& p) {
-        p.Cliquer("Option3D1(3)");
-        p.Cliquer("Command1");
-    });
+    d.QuandPanneau("frmtitre", [](Panneau& p) { Ouvrir(p, "BAYET", "COMMENTRY", "PD3A"); });
+    ChoisirRelais(d, 3);
     d.QuandPanneau("frmRéseauOptions", [&](Panneau& p) {
         panneaux.push_back(p.Nom());
         p.Valider();

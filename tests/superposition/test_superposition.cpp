@@ -27,6 +27,9 @@ namespace fs = std::filesystem;
 namespace {
 
 const fs::path EXEMPLES = TOURNESOL_EXEMPLES;
+// The two ends of one 225 kV line: the PD3A at CHAMPAGNIER, the S 321-5 at GRANDE ILE.
+const fs::path BOUTS[2] = {EXEMPLES / "champagnier-grande-ile-225kV.json",
+                           EXEMPLES / "grande-ile-champagnier-225kV-s321.json"};
 
 // An example study run from Open to the first drawing, as the command line runs it.
 bool Charger(Etude& e, const fs::path& fichier) {
@@ -71,23 +74,22 @@ bool Proche(const Complexe& c, double r, double x) {
 } // namespace
 
 TEST(Positions, LesQuatrePositionsDUnePlaceEtLesSeptDispositions) {
-    // A point of an image, the far end of the other line at (3, 10).
-    const Complexe p = Cart(2.0, 5.0);
-    EXPECT_TRUE(Proche(PlacerPoint(p, 1, 3.0, 10.0), 2.0, 5.0));
-    EXPECT_TRUE(Proche(PlacerPoint(p, 2, 3.0, 10.0), 1.0, 5.0));
-    EXPECT_TRUE(Proche(PlacerPoint(p, 3, 3.0, 10.0), 5.0, 15.0));
-    EXPECT_TRUE(Proche(PlacerPoint(p, 4, 3.0, 10.0), -2.0, -5.0));
-    // The line image (R, X) = (1, 4) of each position.
-    const LignePlacee l2 = PlacerLigne(2, 1.0, 4.0, 3.0, 10.0);
-    EXPECT_TRUE(Proche(l2.De, 3.0, 10.0));
-    EXPECT_TRUE(Proche(l2.A, 2.0, 6.0));
-    const LignePlacee l3 = PlacerLigne(3, 1.0, 4.0, 3.0, 10.0);
-    EXPECT_TRUE(Proche(l3.De, 3.0, 10.0));
-    EXPECT_TRUE(Proche(l3.A, 4.0, 14.0));
-    const LignePlacee l4 = PlacerLigne(4, 1.0, 4.0, 3.0, 10.0);
-    EXPECT_TRUE(Proche(l4.De, 0.0, 0.0));
-    EXPECT_TRUE(Proche(l4.A, -1.0, -4.0));
-    EXPECT_TRUE(Proche(PlacerLigne(1, 1.0, 4.0, 3.0, 10.0).A, 1.0, 4.0));
+    // In each position, the point (2, 5) of an image and the line image (R, X) = (1, 4), the far
+    // end of the other line at (3, 10).
+    const struct {
+        int position;
+        double pr, px, der, dex, ar, ax;
+    } places[] = {{1, 2.0, 5.0, 0.0, 0.0, 1.0, 4.0},
+                  {2, 1.0, 5.0, 3.0, 10.0, 2.0, 6.0},
+                  {3, 5.0, 15.0, 3.0, 10.0, 4.0, 14.0},
+                  {4, -2.0, -5.0, 0.0, 0.0, -1.0, -4.0}};
+    for (const auto& c : places) {
+        EXPECT_TRUE(Proche(PlacerPoint(Cart(2.0, 5.0), c.position, 3.0, 10.0), c.pr, c.px))
+            << c.position;
+        const LignePlacee l = PlacerLigne(c.position, 1.0, 4.0, 3.0, 10.0);
+        EXPECT_TRUE(Proche(l.De, c.der, c.dex)) << c.position;
+        EXPECT_TRUE(Proche(l.A, c.ar, c.ax)) << c.position;
+    }
 
     // The seven layout buttons and their positions.
     const int attendues[7][2] = {{1, 1}, {1, 2}, {2, 1}, {1, 3}, {3, 1}, {1, 4}, {4, 1}};
@@ -181,8 +183,7 @@ TEST(BlocsDeReglages, ChaqueRelaisDesExemplesRevientTelQuel) {
         const Entier16 pp = e.Ligne_pp;
 
         Etude f;
-        ASSERT_TRUE(
-            Charger(f, chemin == autre ? EXEMPLES / "champagnier-grande-ile-225kV.json" : autre));
+        ASSERT_TRUE(Charger(f, chemin == autre ? BOUTS[0] : autre));
         f.id_protection = bloc.IdProtection;
         ASSERT_TRUE(RestaurerReglage(f, bloc));
         BlocReglages encore;
@@ -248,7 +249,7 @@ TEST(BlocsDeReglages, ChaqueListeInscriteEstUnMiroir) {
 
 TEST(BlocsDeReglages, DeuxPlacesDuMemeRelaisRestentSeparees) {
     Etude e;
-    ASSERT_TRUE(Charger(e, EXEMPLES / "champagnier-grande-ile-225kV.json"));
+    ASSERT_TRUE(Charger(e, BOUTS[0]));
     Superposition s(e);
     s.NommerPlaces();
     s.PlaceCourante = 1;
@@ -274,14 +275,13 @@ TEST(BlocsDeReglages, DeuxPlacesDuMemeRelaisRestentSeparees) {
     EXPECT_EQ(e.Ligne_pp, pp1);
 }
 
-// The two ends of one 225 kV line: the PD3A at CHAMPAGNIER, the S 321-5 at GRANDE ILE.
+// The two ends of the line superposed.
 class DeuxBoutsSuperposes : public ::testing::Test {
 protected:
     void SetUp() override {
         s.PlaceNumero(1).IdProtection = 0;
         for (const int n : {1, 2}) {
-            const fs::path fichier = EXEMPLES / (n == 1 ? "champagnier-grande-ile-225kV.json"
-                                                        : "grande-ile-champagnier-225kV-s321.json");
+            const fs::path& fichier = BOUTS[n - 1];
             ASSERT_TRUE(s.ChargerPlace(n, [&](Etude& x) { return Charger(x, fichier); }));
             s.PlaceCourante = n;
             s.SauverPlace();
@@ -468,9 +468,7 @@ TEST(PanneauSuperposer, CadresDispositionsAffichageEtReglage) {
     PanneauSuperposer::Services services;
     services.OuvrirPlace = [](Etude& x, int place) {
         Etude lue;
-        const bool ok =
-            Charger(lue, EXEMPLES / (place == 1 ? "champagnier-grande-ile-225kV.json"
-                                                : "grande-ile-champagnier-225kV-s321.json"));
+        const bool ok = Charger(lue, BOUTS[place - 1]);
         x = std::move(lue);
         return ok;
     };

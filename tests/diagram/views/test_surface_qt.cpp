@@ -1,9 +1,8 @@
 // The plane drawn through QPainter into an image, as the diagram widget and the printer draw it.
-#include "core/Couleurs.h"
+#include "../LigneTransit.h"
 #include "core/Etude.h"
 #include "diagram/Plan.h"
 #include "diagram/views/SurfaceQt.h"
-#include "network/Transit.h"
 
 #include <QApplication>
 #include <QImage>
@@ -14,21 +13,7 @@
 using namespace tournesol;
 
 TEST(SurfaceQt, PlanEtZoneDeTransitDansUneImage) {
-    Etude e;
-    InitCouleurs(e);
-    e.Vmin = 100.0;
-    e.Vmax = 115.0;
-    e.ZL_eq = 20.0;
-    e.PHI_eq = 1.2;
-    e.RL_eq = 20.0 * std::cos(1.2);
-    e.XL_eq = 20.0 * std::sin(1.2);
-    e.Ligne_Itmax = 1000.0;
-    e.TypeReportCharge = 2;
-    TransitCalc(e);
-    e.ScaleLeft = -150.0f;
-    e.ScaleTop = 150.0f;
-    e.ScaleWidth = 300.0f;
-    e.ScaleHeight = -300.0f;
+    Etude e = LigneTransit(0, 115.0, 20.0);
 
     QImage image(600, 600, QImage::Format_RGB32);
     image.fill(Qt::gray);

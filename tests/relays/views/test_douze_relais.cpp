@@ -1,29 +1,15 @@
 // Every relay that has a panel, set through the windows offscreen on a new 225 kV line: chosen in
 // the opening dialog, its panel opened and confirmed, its characteristic drawn, the study saved,
-// then opened again from the base with the same settings, value for value of its store list.
-#include "../../core/views/Pilote.h"
+// then opened again from the base's lists, signed, with the same line and the same settings, value
+// for value of its store list.
 #include "../../shell/Ligne225.h"
-#include "../../shell/views/Gestes.h"
-#include "../../shell/views/Vues.h"
 #include "Parcours.h"
 #include "core/Etude.h"
 #include "core/Magasin.h"
-#include "core/Registre.h"
-#include "core/views/DialogueQt.h"
-#include "database/BaseEtudesSql.h"
 #include "diagram/Plan.h"
 #include "diagram/SurfaceEnregistree.h"
 #include "relays/Relais.h"
-#include "shell/Application.h"
-#include "shell/PanneauDemarre.h"
 
-#include <QAction>
-#include <QLabel>
-#include <QLineEdit>
-#include <QPointer>
-#include <QPushButton>
-#include <QTemporaryDir>
-#include <QTimer>
 #include <gtest/gtest.h>
 #include <type_traits>
 #include <variant>
@@ -82,69 +68,59 @@ TEST_P(DouzeRelais, DuTitreAuDiagrammePuisALaBaseEtRetour) {
     InscrireRelais();
     const int id = GetParam();
     if (!PanneauRelaisInscrit(id)) GTEST_SKIP() << "no panel for relay " << id;
-    const QString relais = QString::fromUtf8(
-        LEGENDES_PROTECTION[static_cast<std::size_t>(id - 1)].data(),
-        static_cast<qsizetype>(LEGENDES_PROTECTION[static_cast<std::size_t>(id - 1)].size()));
-    const std::string_view p = PANNEAUX_PROTECTION[static_cast<std::size_t>(id - 1)];
-    const QString panneau = QString::fromUtf8(p.data(), static_cast<qsizetype>(p.size()));
-    QTemporaryDir dossier;
-    ASSERT_TRUE(dossier.isValid());
-    BaseEtudesSql base(dossier.path().toStdString() + "/");
+    const auto texte = [](std::string_view s) {
+        return QString::fromUtf8(s.data(), static_cast<qsizetype>(s.size()));
+    };
     Etude e;
     RemplirLigne225(e);
-    DialogueQt d;
-    InscrireVues(d, e);
-    Application app(e, d, &base, std::nullopt);
-
-    int titres = 0, fenetres = 0, panneaux = 0, attentes = 0;
     std::size_t figures = 0;
     std::vector<ValeurTR> sauvee, rouverte;
-    std::function<void(QWidget*)> agir = [&](QWidget* w) {
-        const QString nom = w->objectName();
-        if (nom == "frmtitre") {
-            ++titres;
-            if (titres == 1) {
-                NommerEtude(w, "CHAMPAGNIER", "GRANDE-ILE", relais, "3");
-            } else if (titres == 2) {
-                EXPECT_TRUE(ChoisirEtude(w, "CHAMPAGNIER", "GRANDE-ILE", relais, "3"));
-                Brouiller(e);
-                EXPECT_NE(Liste(e), sauvee);
-            } else {
-                QuitterTitre(w);
-                return;
-            }
-            ConfirmerTitre(w);
-        } else if (nom == "frmChoixProtection") {
-            ChoisirRelais(w, id);
-        } else if (nom == panneau) {
-            ++panneaux;
-            QTest::mouseClick(w->findChild<QPushButton*>("Command1"), Qt::LeftButton);
-        } else if (nom == "frmDémarre") {
-            if (AttendreFenetre(w, e, fenetres, panneaux, attentes, agir)) return;
-            ++fenetres;
-            if (fenetres == 1) {
-                EXPECT_EQ(e.ErrCalcul, 0);
-                figures = FiguresDuRelais(e);
-                sauvee = Liste(e);
-                QTest::mouseClick(w->findChild<QPushButton*>("cmdsave"), Qt::LeftButton);
-            } else {
-                rouverte = Liste(e);
-            }
-            w->findChild<QAction*>("mnuChangerPoste")->trigger();
-        } else if (RepondreReseau(w, LIGNE_225)) {
-        } else {
-            RepondreParDefaut(w);
-        }
-    };
-    {
-        Pilote pilote(agir);
-        app.Main();
-    }
-    EXPECT_EQ(fenetres, 2);
-    EXPECT_GE(panneaux, 1); // on the new line
+    bool signe = false;
+    double xla = 0.0;
+    int up = 0, numero = 0;
+    // Names with quotes come back from the base's lists as they were typed.
+    TitreBaseEtRetour p{.poste = "SAINT-\"VICTOR\"",
+                        .depart = "L'ISLE",
+                        .relais = texte(LEGENDES_PROTECTION[static_cast<std::size_t>(id - 1)]),
+                        .numero = "2",
+                        .id = id,
+                        .panneau = texte(PANNEAUX_PROTECTION[static_cast<std::size_t>(id - 1)]),
+                        .ligne = &LIGNE_225,
+                        .brouiller =
+                            [&](QWidget* titre) {
+                                // Under the relay's number: who saved it, and when.
+                                const auto* signature = titre->findChild<QLabel*>("lblsauvé");
+                                signe = signature && !signature->isHidden() &&
+                                        signature->text().startsWith("saved by ");
+                                Brouiller(e);
+                                EXPECT_NE(Liste(e), sauvee);
+                                e.Ligne_XLA = 0.0;
+                                e.Ligne_Up = 400;
+                            },
+                        .premiere =
+                            [&](QWidget*) {
+                                EXPECT_EQ(e.ErrCalcul, 0);
+                                figures = FiguresDuRelais(e);
+                                sauvee = Liste(e);
+                            },
+                        .seconde =
+                            [&](QWidget*) {
+                                rouverte = Liste(e);
+                                xla = e.Ligne_XLA;
+                                up = e.Ligne_Up;
+                                numero = e.id_numero;
+                            }};
+    p.Mener(e);
+    EXPECT_EQ(p.fenetres, 2);
+    EXPECT_GE(p.panneaux, 1); // on the new line
     EXPECT_GT(figures, 0u) << "no characteristic drawn";
     EXPECT_FALSE(sauvee.empty());
     EXPECT_EQ(rouverte, sauvee);
+    // The line as its panels left it, and the relay's number.
+    EXPECT_TRUE(signe);
+    EXPECT_EQ(xla, 20.0);
+    EXPECT_EQ(up, 225);
+    EXPECT_EQ(numero, 2);
 }
 
 INSTANTIATE_TEST_SUITE_P(Relais, DouzeRelais, ::testing::Range(1, 13));

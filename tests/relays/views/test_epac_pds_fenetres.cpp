@@ -2,44 +2,20 @@
 // relay's panel on a new 90 kV line, a reach typed in mode "Modify" and taken to the relay's
 // steps, a timer beyond its range, the diagram following, then the study saved and opened again
 // with the same settings.
-#include "../../core/views/Pilote.h"
-#include "../../shell/views/Gestes.h"
-#include "../../shell/views/Vues.h"
 #include "Parcours.h"
 #include "core/Etude.h"
-#include "core/views/DialogueQt.h"
-#include "database/BaseEtudesSql.h"
 #include "relays/pds/CalculPDS.h"
-#include "shell/Application.h"
-#include "shell/PanneauDemarre.h"
 
-#include <QAction>
-#include <QImage>
-#include <QLabel>
 #include <QLineEdit>
-#include <QPointer>
 #include <QPushButton>
 #include <QRadioButton>
 #include <QTabWidget>
-#include <QTemporaryDir>
-#include <QTimer>
 #include <cmath>
 #include <gtest/gtest.h>
 
 using namespace tournesol;
 
 namespace {
-
-// 32 km of 90 kV meshed line.
-void RemplirLigne90(Etude& e) {
-    e.Ligne_Up = 90;
-    e.Ligne_Ip = 800;
-    e.Ligne_Icc = 20;
-    e.Ligne_lc = true;
-    e.Ligne_Ittri = 480.0;
-    e.Ligne_Itmono = 520.0;
-    e.Ligne_Itmax = 560.0;
-}
 
 // The settings both relays keep in the shared values, to compare a study with itself.
 struct Reglages {
@@ -50,15 +26,6 @@ struct Reglages {
 };
 Reglages LireReglages(const Etude& e) {
     return {e.X2_HT, e.X2reg_HT, e.X3reg_HT, e.X4reg_HT, e.R_HT, e.teta, e.T3};
-}
-
-int PixelsChanges(const QImage& a, const QImage& b) {
-    if (a.size() != b.size()) return -1;
-    int n = 0;
-    for (int y = 0; y < a.height(); ++y)
-        for (int x = 0; x < a.width(); ++x)
-            n += a.pixel(x, y) != b.pixel(x, y) ? 1 : 0;
-    return n;
 }
 
 struct Parcours {
@@ -78,77 +45,44 @@ struct Resultat {
     double kz = 0.0;
 };
 
-Resultat Parcourir(const Parcours& p) {
-    QTemporaryDir dossier;
-    EXPECT_TRUE(dossier.isValid());
-    BaseEtudesSql base(dossier.path().toStdString() + "/");
+Resultat Parcourir(const Parcours& c) {
     Etude e;
     RemplirLigne90(e);
-    DialogueQt d;
-    InscrireVues(d, e);
-    Application app(e, d, &base, std::nullopt);
-
     Resultat r;
-    int titres = 0, attentes = 0;
-    std::function<void(QWidget*)> agir = [&](QWidget* w) {
-        const QString nom = w->objectName();
-        if (nom == "frmtitre") {
-            ++titres;
-            if (titres == 1) {
-                NommerEtude(w, "PONTCHARRA", "VALLON", p.relais, "1");
-            } else if (titres == 2) {
-                EXPECT_TRUE(ChoisirEtude(w, "PONTCHARRA", "VALLON", p.relais, "1"));
-                // What stays in memory must not be what comes back.
-                e.X2_HT = e.X2reg_HT = e.X3reg_HT = e.X4reg_HT = e.R_HT = 0.0;
-                e.teta = 0.0F;
-                e.T3 = 0;
-            } else {
-                QuitterTitre(w);
-                return;
-            }
-            ConfirmerTitre(w);
-        } else if (nom == "frmChoixProtection") {
-            ChoisirRelais(w, p.id);
-        } else if (nom == p.panneau) {
-            ++r.panneaux;
-            if (r.fenetres == 1 && r.panneaux == 3) {
-                EXPECT_FALSE(e.PanneauRelais);
-                TaperLigne(w->findChild<QLineEdit*>("txtX2_bt"), p.x2, true);
-                r.x2attendu = p.x2Regle(e);
-                EXPECT_EQ(w->findChild<QLineEdit*>("txtX2reg_BT")->text(),
-                          QString::number(r.x2attendu, 'f', 2));
-                auto* feuilles = w->findChild<QTabWidget*>();
-                EXPECT_NE(feuilles, nullptr);
-                if (feuilles) feuilles->setCurrentIndex(2);
-                TaperLigne(w->findChild<QLineEdit*>("txtt3"), "12345", true);
-                EXPECT_EQ(w->findChild<QLineEdit*>("txtt3")->text(), p.t3Limite);
-            }
-            QTest::mouseClick(w->findChild<QPushButton*>("Command1"), Qt::LeftButton);
-        } else if (nom == "frmDémarre") {
-            if (AttendreFenetre(w, e, r.fenetres, r.panneaux, attentes, agir)) return;
-            ++r.fenetres;
-            auto* diagramme = w->findChild<QWidget*>("imgCaractéristique");
-            if (r.fenetres == 1) {
-                w->findChild<QRadioButton*>("chkmaximal")->click();
-                const QImage avant = diagramme->grab().toImage();
-                QTest::mouseClick(w->findChild<QPushButton*>("cmdextra"), Qt::LeftButton);
-                r.changes = PixelsChanges(avant, diagramme->grab().toImage());
-                r.sauves = LireReglages(e);
-                r.kz = e.Kz;
-                QTest::mouseClick(w->findChild<QPushButton*>("cmdsave"), Qt::LeftButton);
-            } else {
-                r.rouverts = LireReglages(e);
-            }
-            w->findChild<QAction*>("mnuChangerPoste")->trigger();
-        } else if (RepondreReseau(w, LIGNE_90)) {
-        } else {
-            RepondreParDefaut(w);
-        }
+    TitreBaseEtRetour p{.poste = "PONTCHARRA",
+                        .depart = "VALLON",
+                        .relais = c.relais,
+                        .numero = "1",
+                        .id = c.id,
+                        .panneau = c.panneau};
+    p.brouiller = [&](QWidget*) {
+        e.X2_HT = e.X2reg_HT = e.X3reg_HT = e.X4reg_HT = e.R_HT = 0.0;
+        e.teta = 0.0F;
+        e.T3 = 0;
     };
-    {
-        Pilote pilote(agir);
-        app.Main();
-    }
+    p.surPanneau = [&](QWidget* w) {
+        if (p.fenetres != 1 || p.panneaux != 3) return;
+        EXPECT_FALSE(e.PanneauRelais);
+        TaperLigne(w->findChild<QLineEdit*>("txtX2_bt"), c.x2, true);
+        r.x2attendu = c.x2Regle(e);
+        EXPECT_EQ(w->findChild<QLineEdit*>("txtX2reg_BT")->text(),
+                  QString::number(r.x2attendu, 'f', 2));
+        auto* feuilles = w->findChild<QTabWidget*>();
+        ASSERT_NE(feuilles, nullptr);
+        feuilles->setCurrentIndex(2);
+        TaperLigne(w->findChild<QLineEdit*>("txtt3"), "12345", true);
+        EXPECT_EQ(w->findChild<QLineEdit*>("txtt3")->text(), c.t3Limite);
+    };
+    p.premiere = [&](QWidget* w) {
+        w->findChild<QRadioButton*>("chkmaximal")->click();
+        r.changes = PixelsChangesPar(w, [w] { ReglerLeRelais(w); });
+        r.sauves = LireReglages(e);
+        r.kz = e.Kz;
+    };
+    p.seconde = [&](QWidget*) { r.rouverts = LireReglages(e); };
+    p.Mener(e);
+    r.fenetres = p.fenetres;
+    r.panneaux = p.panneaux;
     return r;
 }
 

@@ -1,8 +1,7 @@
 // The window of a relay panel, offscreen, on a small relay of two sheets: the twins side by side,
 // the exit of a field, the set values shown only, the sheets as the model allows them, the Alt
 // shortcuts, and the dialogue that opens every relay panel in that window.
-#include "../../core/views/Pilote.h"
-#include "../../shell/views/Gestes.h"
+#include "Parcours.h"
 #include "core/Erreurs.h"
 #include "core/Etude.h"
 #include "core/views/DialogueQt.h"
@@ -135,10 +134,7 @@ QLabel* Etiquette(QWidget* cadre, const QString& texte) {
 
 TEST_F(FenetreRelaisEssai, LesJumeauxCoteACoteSousLeursColonnes) {
     EXPECT_EQ(fenetre.objectName(), "frmRXAP");
-    EXPECT_TRUE(fenetre.Liaison()->ChampsSansWidget().isEmpty())
-        << fenetre.Liaison()->ChampsSansWidget().join(", ").toStdString();
-    EXPECT_TRUE(fenetre.Liaison()->WidgetsSansChamp().isEmpty())
-        << fenetre.Liaison()->WidgetsSansChamp().join(", ").toStdString();
+    LiaisonComplete(fenetre);
     ASSERT_EQ(Onglets()->count(), 2);
     EXPECT_EQ(Onglets()->tabText(0), "zones");
     EXPECT_EQ(Onglets()->tabText(1), "timers");

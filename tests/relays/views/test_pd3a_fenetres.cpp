@@ -1,33 +1,17 @@
 // A PD3A set through the windows, offscreen: from the opening dialog to its panel, a desired
 // reach changed in mode "Modify", the zone on the diagram, the diagnostics, then the study saved
 // and opened again with the same settings.
-#include "../../core/views/Pilote.h"
 #include "../../shell/Ligne225.h"
-#include "../../shell/views/Gestes.h"
-#include "../../shell/views/Vues.h"
 #include "Parcours.h"
 #include "core/Etude.h"
-#include "core/views/DialogueQt.h"
-#include "database/BaseEtudesSql.h"
 #include "diagnostics/FenetreDiagnostics.h"
-#include "shell/Application.h"
-#include "shell/PanneauDemarre.h"
-#include "shell/PanneauTitre.h"
-#include "shell/views/VueDemarre.h"
-#include "shell/views/VueTitre.h"
 
 #include <QAbstractButton>
-#include <QAction>
 #include <QDialog>
-#include <QImage>
-#include <QLabel>
 #include <QLineEdit>
-#include <QPointer>
 #include <QPushButton>
 #include <QRadioButton>
 #include <QTabWidget>
-#include <QTemporaryDir>
-#include <QTimer>
 #include <cmath>
 #include <gtest/gtest.h>
 
@@ -67,103 +51,72 @@ Reglages LireReglages(const Etude& e) {
 } // namespace
 
 TEST(FenetresPD3A, DuTitreAuPanneauPuisALaBaseEtRetour) {
-    QTemporaryDir dossier;
-    ASSERT_TRUE(dossier.isValid());
-    BaseEtudesSql base(dossier.path().toStdString() + "/");
     Etude e;
     RemplirLigne225(e);
-    DialogueQt d;
-    InscrireVues(d, e);
-    Application app(e, d, &base, std::nullopt);
-
-    int titres = 0, fenetres = 0, panneaux = 0, attentes = 0;
     Reglages avant{}, sauves{}, rouverts{};
     int colonnes = 0, largeur = 0;
     bool regle17 = false, conforme = true;
-    std::function<void(QWidget*)> agir = [&](QWidget* w) {
-        const QString nom = w->objectName();
-        if (nom == "frmtitre") {
-            ++titres;
-            if (titres == 1) {
-                NommerEtude(w, "CHAMPAGNIER", "GRANDE-ILE", "PD3A", "1");
-            } else if (titres == 2) {
-                EXPECT_TRUE(ChoisirEtude(w, "CHAMPAGNIER", "GRANDE-ILE", "PD3A", "1"));
-                // What stays in memory must not be what comes back.
-                e.X1_HT = e.X1reg_HT = e.X3reg_HT = e.R_HT = 0.0;
-                e.PD3A.K1 = e.PD3A.Rd = 0;
-                e.T2 = 0;
-            } else {
-                QuitterTitre(w);
-                return;
-            }
-            ConfirmerTitre(w);
-        } else if (nom == "frmChoixProtection") {
-            ChoisirRelais(w, 3);
-        } else if (nom == "frmPD3A") {
-            ++panneaux;
-            EXPECT_EQ(w->windowTitle(), "TOURNESOL [CHAMPAGNIER]");
-            if (fenetres == 1 && panneaux == 3) {
-                // In "Modify" a desired first zone of 12 secondary ohms, and a timer.
-                EXPECT_FALSE(e.PanneauRelais);
-                TaperLigne(w->findChild<QLineEdit*>("txtX1_bt"), "12", true);
-                // The timers are on the third sheet, enabled once it is in front.
-                auto* feuilles = w->findChild<QTabWidget*>();
-                ASSERT_NE(feuilles, nullptr);
-                feuilles->setCurrentIndex(2);
-                TaperLigne(w->findChild<QLineEdit*>("txtt2"), "257", true);
-                EXPECT_EQ(w->findChild<QLineEdit*>("txtt2")->text(), "250");
-            }
-            QTest::mouseClick(w->findChild<QPushButton*>("Command1"), Qt::LeftButton);
-        } else if (nom == "frmDémarre") {
-            if (AttendreFenetre(w, e, fenetres, panneaux, attentes, agir)) return;
-            ++fenetres;
-            auto* diagramme = w->findChild<QWidget*>("imgCaractéristique");
-            if (fenetres == 1) {
-                // A new line: its network typed in the panels that came up with the window and
-                // the relay computed; a report case computes it again.
-                EXPECT_EQ(panneaux, 1);
-                w->findChild<QRadioButton*>("chkmaximal")->click();
-                EXPECT_EQ(panneaux, 2);
-                avant = LireReglages(e);
-                const QImage image = diagramme->grab().toImage();
-                QTest::mouseClick(w->findChild<QPushButton*>("cmdextra"), Qt::LeftButton);
-                sauves = LireReglages(e);
-                // The new first zone on the diagram: its limit, dashed, across the
-                // parallelogram, where there was none.
-                const double t = std::tan(e.teta * 3.14159265358979 / 180.0);
-                const double rt = e.Rreg_HT / 2.0 * (1.0 / (std::sqrt(3.0) * t) + 1.0);
-                const double r1 = -rt + e.X1reg_HT / t, r2 = rt + e.X1reg_HT / t;
-                const QImage apres = diagramme->grab().toImage();
-                colonnes = ColonnesChangees(image, apres, e, e.X1reg_HT, r1, r2);
-                largeur = static_cast<int>((r2 - r1) * apres.width() / e.ScaleWidth);
-                // The diagnostics of the new settings, in their window.
-                auto* bouton = w->findChild<QAbstractButton*>("cmdDiagnostics");
-                bouton->click();
-                if (auto* fenetre = w->findChild<QDialog*>("frmDiagnostics")) {
-                    auto* texte = fenetre->findChild<QLabel*>(
-                        QString::fromStdString(FenetreDiagnostics::NomTexte(17)));
-                    regle17 = texte && texte->isVisible();
-                    auto* ok = fenetre->findChild<QLabel*>(
-                        QString::fromStdString(FenetreDiagnostics::NomConforme(3)));
-                    conforme = ok && ok->isVisible();
-                }
-                bouton->click();
-                QTest::mouseClick(w->findChild<QPushButton*>("cmdsave"), Qt::LeftButton);
-            } else {
-                rouverts = LireReglages(e);
-            }
-            w->findChild<QAction*>("mnuChangerPoste")->trigger();
-        } else if (RepondreReseau(w, LIGNE_225)) {
-        } else {
-            RepondreParDefaut(w);
-        }
+    TitreBaseEtRetour p{.poste = "CHAMPAGNIER",
+                        .depart = "GRANDE-ILE",
+                        .relais = "PD3A",
+                        .numero = "1",
+                        .id = 3,
+                        .panneau = "frmPD3A",
+                        .ligne = &LIGNE_225};
+    p.brouiller = [&](QWidget*) {
+        e.X1_HT = e.X1reg_HT = e.X3reg_HT = e.R_HT = 0.0;
+        e.PD3A.K1 = e.PD3A.Rd = 0;
+        e.T2 = 0;
     };
-    {
-        Pilote pilote(agir);
-        app.Main();
-    }
-    EXPECT_EQ(fenetres, 2);
-    EXPECT_GE(panneaux, 2);
+    p.surPanneau = [&](QWidget* w) {
+        EXPECT_EQ(w->windowTitle(), "TOURNESOL [CHAMPAGNIER]");
+        if (p.fenetres != 1 || p.panneaux != 3) return;
+        // In "Modify" a desired first zone of 12 secondary ohms, and a timer.
+        EXPECT_FALSE(e.PanneauRelais);
+        TaperLigne(w->findChild<QLineEdit*>("txtX1_bt"), "12", true);
+        // The timers are on the third sheet, enabled once it is in front.
+        auto* feuilles = w->findChild<QTabWidget*>();
+        ASSERT_NE(feuilles, nullptr);
+        feuilles->setCurrentIndex(2);
+        TaperLigne(w->findChild<QLineEdit*>("txtt2"), "257", true);
+        EXPECT_EQ(w->findChild<QLineEdit*>("txtt2")->text(), "250");
+    };
+    p.premiere = [&](QWidget* w) {
+        // A new line: its network typed in the panels that came up with the window and the
+        // relay computed; a report case computes it again.
+        EXPECT_EQ(p.panneaux, 1);
+        w->findChild<QRadioButton*>("chkmaximal")->click();
+        EXPECT_EQ(p.panneaux, 2);
+        avant = LireReglages(e);
+        auto* diagramme = w->findChild<QWidget*>("imgCaractéristique");
+        const QImage image = diagramme->grab().toImage();
+        ReglerLeRelais(w);
+        sauves = LireReglages(e);
+        // The new first zone on the diagram: its limit, dashed, across the parallelogram,
+        // where there was none.
+        const double t = std::tan(e.teta * 3.14159265358979 / 180.0);
+        const double rt = e.Rreg_HT / 2.0 * (1.0 / (std::sqrt(3.0) * t) + 1.0);
+        const double r1 = -rt + e.X1reg_HT / t, r2 = rt + e.X1reg_HT / t;
+        const QImage apres = diagramme->grab().toImage();
+        colonnes = ColonnesChangees(image, apres, e, e.X1reg_HT, r1, r2);
+        largeur = static_cast<int>((r2 - r1) * apres.width() / e.ScaleWidth);
+        // The diagnostics of the new settings, in their window.
+        auto* bouton = w->findChild<QAbstractButton*>("cmdDiagnostics");
+        bouton->click();
+        if (auto* fenetre = w->findChild<QDialog*>("frmDiagnostics")) {
+            auto* texte = fenetre->findChild<QLabel*>(
+                QString::fromStdString(FenetreDiagnostics::NomTexte(17)));
+            regle17 = texte && texte->isVisible();
+            auto* ok = fenetre->findChild<QLabel*>(
+                QString::fromStdString(FenetreDiagnostics::NomConforme(3)));
+            conforme = ok && ok->isVisible();
+        }
+        bouton->click();
+    };
+    p.seconde = [&](QWidget*) { rouverts = LireReglages(e); };
+    p.Mener(e);
+    EXPECT_EQ(p.fenetres, 2);
+    EXPECT_GE(p.panneaux, 2);
     // 12 secondary ohms: 12 x 5.18 = 62.16, step 99 (60) below it.
     EXPECT_NEAR(sauves.x1, 12.0 * 2.2, 1e-9);
     EXPECT_NEAR(sauves.x1reg, 60.0 / 5.18 * 2.2, 1e-3);

@@ -1,22 +1,13 @@
 // A PXLN set through its windows, offscreen: its panel, "&Parameters...", the rated voltage changed
 // on the sheet "Line" and confirmed, then the report written to PDF shows the change in the
-// listing, and the study saved and opened again has the same parameters.
-#include "../../core/views/Pilote.h"
-#include "../../shell/views/Gestes.h"
-#include "core/Etude.h"
-#include "core/FichierEtude.h"
-#include "core/Registre.h"
-#include "core/views/DialogueQt.h"
-#include "database/BaseEtudesSql.h"
-#include "database/Import.h"
+// listing (its parameters saved and opened again are checked with every example by the command
+// line's tests, and through the windows with every relay).
+#include "Parcours.h"
 #include "diagnostics/Diagnostics.h"
 #include "printing/views/RapportPdf.h"
-#include "relays/Relais.h"
 #include "relays/pxln/CalculPXLN.h"
 #include "relays/pxln/PanneauPXLN.h"
 #include "relays/pxln/ParametresPXLN.h"
-#include "relays/views/FenetreRelais.h"
-#include "shell/Ouverture.h"
 
 #include <QLabel>
 #include <QLineEdit>
@@ -29,16 +20,6 @@
 using namespace tournesol;
 
 namespace {
-
-void OuvrirExemple(Etude& e, Dialogue& d) {
-    InscrireRelais();
-    InitRegistre(e);
-    PreparerOuverture(e);
-    LireFichierEtude(TOURNESOL_EXEMPLES "/champagnier-grande-ile-225kV-pxln.json", e);
-    OptionsReport options;
-    options.Choisir(e.TypeReportCharge);
-    InitEtude(e, d, options);
-}
 
 // The lines of the PDF as they stand on the page, every run of blanks made one blank.
 QStringList LignesDuPdf(const QString& pdf) {
@@ -58,7 +39,7 @@ TEST(FenetresPXLN, ParametreChangeImprimeSauveEtRelu) {
     ASSERT_TRUE(dossier.isValid());
     Etude e;
     DialogueSansFenetre sans; // the opening, headless
-    OuvrirExemple(e, sans);
+    OuvrirExemple(e, sans, "champagnier-grande-ile-225kV-pxln.json");
     DialogueQt d;
     InscrireFenetreRelais(d);
     ASSERT_EQ(e.ErrCalcul, 0);
@@ -125,22 +106,4 @@ TEST(FenetresPXLN, ParametreChangeImprimeSauveEtRelu) {
         << lignes.join('\n').toStdString();
     EXPECT_TRUE(lignes.contains("*LIGN\\acquisition of line parameters"));
     EXPECT_TRUE(lignes.contains("First zone reactance 11.05 Ω/ph. 24.30 Ω P 80. %"));
-
-    // Saved in a base and opened again by its names: the same parameters and settings.
-    BaseEtudesSql base(dossier.path().toStdString() + "/");
-    ASSERT_TRUE(ImporterEtude(base, e, sans));
-    Etude relue;
-    InitRegistre(relue);
-    PreparerOuverture(relue);
-    relue.NomPoste = e.NomPoste;
-    relue.NomDepart = e.NomDepart;
-    relue.NomProtection = e.NomProtection;
-    relue.id_numero = e.id_numero;
-    relue.id_protection = relue.ProtectionChoisie = ID_PXLN;
-    base.Ouvrir(relue, sans);
-    ASSERT_GE(relue.id_reglage, 1);
-    EXPECT_EQ(relue.PXLN.ParamPXLN, e.PXLN.ParamPXLN);
-    EXPECT_EQ(relue.PXLN.XPct, e.PXLN.XPct);
-    EXPECT_EQ(relue.PXLN.Rmoc_BT, e.PXLN.Rmoc_BT);
-    EXPECT_EQ(relue.T3, e.T3);
 }

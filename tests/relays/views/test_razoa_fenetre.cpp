@@ -1,67 +1,32 @@
 // The RAZOA's panel in its window, offscreen, on the meshed example line: its five sheets, a
 // first zone typed and coded again as a fraction, the warning of a narrow out-of-step width,
 // and the lens chosen.
-#include "../../shell/views/Gestes.h"
-#include "core/Dialogue.h"
-#include "core/Etude.h"
-#include "core/FichierEtude.h"
-#include "core/Registre.h"
-#include "core/views/Lieur.h"
-#include "relays/Relais.h"
+#include "Parcours.h"
 #include "relays/razoa/PanneauRAZOA.h"
 #include "relays/razoa/TraceRAZOA.h"
-#include "relays/views/FenetreRelais.h"
-#include "shell/Ouverture.h"
 
 #include <QLabel>
 #include <QLineEdit>
 #include <QRadioButton>
 #include <QTabWidget>
-#include <filesystem>
 #include <gtest/gtest.h>
 
 using namespace tournesol;
 
 namespace {
 
-Etude LigneMaillee() {
-    InscrireRelais();
-    Etude e;
-    InitRegistre(e);
-    PreparerOuverture(e);
-    LireFichierEtude(std::filesystem::path(TOURNESOL_EXEMPLES) / "bayet-saint-pourcain-225kV.json",
-                     e);
-    DialogueSansFenetre d;
-    OptionsReport options;
-    options.Choisir(e.TypeReportCharge);
-    InitEtude(e, d, options);
-    return e;
-}
-
 // The panel opened in mode "Modify" on the example's settings, then its window.
-struct FenetreRAZOA : ::testing::Test {
-    template <class W = QLineEdit> W* Trouver(const char* nom) {
-        auto* w = fenetre.findChild<W*>(QString::fromUtf8(nom));
-        EXPECT_NE(w, nullptr) << nom;
-        return w;
-    }
-    Etude e = LigneMaillee();
-    DialogueSansFenetre d;
-    PanneauRAZOA relais{e, d};
-    bool ouvert = (relais.Ouvrir(), true);
-    FenetreRelais fenetre{relais};
+struct FenetreRAZOA : FenetreSurExemple<PanneauRAZOA> {
+    FenetreRAZOA() : FenetreSurExemple("bayet-saint-pourcain-225kV.json", false, false) {}
 };
 
 } // namespace
 
 TEST_F(FenetreRAZOA, CinqOngletsEtChaqueChampASonWidget) {
     ASSERT_EQ(e.ErrCalcul, 0);
-    EXPECT_EQ(fenetre.objectName(), "frmRAZOA");
-    EXPECT_TRUE(fenetre.Liaison()->ChampsSansWidget().isEmpty())
-        << fenetre.Liaison()->ChampsSansWidget().join(", ").toStdString();
-    EXPECT_TRUE(fenetre.Liaison()->WidgetsSansChamp().isEmpty())
-        << fenetre.Liaison()->WidgetsSansChamp().join(", ").toStdString();
-    auto* onglets = fenetre.findChild<QTabWidget*>("Onglets");
+    EXPECT_EQ(fenetre->objectName(), "frmRAZOA");
+    LiaisonComplete(*fenetre);
+    QTabWidget* onglets = Onglets();
     ASSERT_NE(onglets, nullptr);
     ASSERT_EQ(onglets->count(), 5);
     const char* titres[] = {"Zones", "pick up", "out of step", "Others", "Timers"};
@@ -85,11 +50,11 @@ TEST_F(FenetreRAZOA, UneZoneSaisieEstCodeeDeNouveau) {
 }
 
 TEST_F(FenetreRAZOA, UneLargeurTropEtroiteEstSignalee) {
-    QLabel* erreur = fenetre.findChild<QLabel*>("txtq1err");
+    QLabel* erreur = fenetre->findChild<QLabel*>("txtq1err");
     ASSERT_NE(erreur, nullptr);
     EXPECT_TRUE(erreur->isHidden());
-    fenetre.findChild<QTabWidget*>("Onglets")->setCurrentIndex(2);
-    ASSERT_EQ(relais.OngletCourant(), 2);
+    Onglets()->setCurrentIndex(2);
+    ASSERT_EQ(relais->OngletCourant(), 2);
     // 5 secondary ohms on Is 1: q = 14, q1 = 13, below 22.
     TaperLigne(Trouver("txtZ2_bt"), "5", true);
     EXPECT_EQ(Trouver("txtq1")->text(), "13");
@@ -102,7 +67,7 @@ TEST_F(FenetreRAZOA, LaLentilleChoisie) {
     ASSERT_NE(lentille, nullptr);
     // Only the sheet in front takes a click.
     EXPECT_FALSE(lentille->isEnabled());
-    fenetre.findChild<QTabWidget*>("Onglets")->setCurrentIndex(1);
+    Onglets()->setCurrentIndex(1);
     ASSERT_TRUE(lentille->isEnabled());
     lentille->click();
     EXPECT_TRUE(e.RAZOA.Lentille);

@@ -2,68 +2,35 @@
 // widget and every widget its field, the five sheets in the order of the chain, the parameter
 // codes in the captions, a reactance typed with its primary image beside it, the signalling
 // options and the timers of the scheme chosen.
-#include "../../shell/views/Gestes.h"
-#include "core/Dialogue.h"
-#include "core/Etude.h"
-#include "core/FichierEtude.h"
-#include "core/Registre.h"
-#include "core/views/Lieur.h"
-#include "relays/Relais.h"
+#include "Parcours.h"
 #include "relays/sa511/PanneauSA511.h"
-#include "relays/views/FenetreRelais.h"
-#include "shell/Ouverture.h"
 
 #include <QCheckBox>
 #include <QLabel>
 #include <QLineEdit>
 #include <QRadioButton>
 #include <QTabWidget>
-#include <QTest>
 #include <gtest/gtest.h>
 
 using namespace tournesol;
 
 namespace {
 
-struct FenetreSA511 : ::testing::Test {
-    FenetreSA511() {
-        InscrireRelais();
-        InitRegistre(e);
-        PreparerOuverture(e);
-        LireFichierEtude(TOURNESOL_EXEMPLES "/chesnoy-villevaude-400kV-double.json", e);
-        options.Choisir(e.TypeReportCharge);
-        InitEtude(e, d, options);
-        e.PanneauRelais = true;
-        relais = std::make_unique<PanneauSA511>(e, d);
-        relais->Ouvrir();
-        fenetre = std::make_unique<FenetreRelais>(*relais);
-        fenetre->show();
-    }
-    template <class W = QLineEdit> W* Trouver(const char* nom) {
-        auto* w = fenetre->findChild<W*>(QString::fromUtf8(nom));
-        EXPECT_NE(w, nullptr) << nom;
-        return w;
-    }
+// The panel in mode "Return", its window shown.
+struct FenetreSA511 : FenetreSurExemple<PanneauSA511> {
+    FenetreSA511() : FenetreSurExemple("chesnoy-villevaude-400kV-double.json", true, true) {}
     // A caption of the window that reads exactly that.
     bool Legende(const QString& texte) {
         for (QLabel* l : fenetre->findChildren<QLabel*>())
             if (l->text() == texte) return true;
         return false;
     }
-    Etude e;
-    OptionsReport options;
-    DialogueSansFenetre d;
-    std::unique_ptr<PanneauSA511> relais;
-    std::unique_ptr<FenetreRelais> fenetre;
 };
 
 TEST_F(FenetreSA511, ChaqueChampASonWidgetEtLesCodesSontDansLesLegendes) {
     ASSERT_EQ(e.ErrCalcul, 0);
-    EXPECT_TRUE(fenetre->Liaison()->ChampsSansWidget().isEmpty())
-        << fenetre->Liaison()->ChampsSansWidget().join(", ").toStdString();
-    EXPECT_TRUE(fenetre->Liaison()->WidgetsSansChamp().isEmpty())
-        << fenetre->Liaison()->WidgetsSansChamp().join(", ").toStdString();
-    auto* onglets = fenetre->findChild<QTabWidget*>("Onglets");
+    LiaisonComplete(*fenetre);
+    QTabWidget* onglets = Onglets();
     ASSERT_NE(onglets, nullptr);
     ASSERT_EQ(onglets->count(), 5);
     EXPECT_EQ(onglets->tabText(0), "&Out of step");
@@ -81,7 +48,7 @@ TEST_F(FenetreSA511, ChaqueChampASonWidgetEtLesCodesSontDansLesLegendes) {
 }
 
 TEST_F(FenetreSA511, UneReactanceSaisieEtLaSignalisation) {
-    auto* onglets = fenetre->findChild<QTabWidget*>("Onglets");
+    QTabWidget* onglets = Onglets();
     onglets->setCurrentIndex(2); // forward: no question
     EXPECT_EQ(relais->OngletCourant(), 2);
     QLineEdit* x2 = Trouver("txtx2");

@@ -146,10 +146,7 @@ TEST(Boucle, DuTitreALaFenetreDeTravailEtRetour) {
 
 TEST(Boucle, ChaqueChampASonWidget) {
     Etude e;
-    e.ScaleWidth = 40.0f;
-    e.ScaleLeft = -20.0f;
-    e.ScaleTop = 20.0f;
-    e.ScaleHeight = -40.0f;
+    PlanDeDepart(e);
     DialogueSansFenetre d;
     PanneauTitre titre(e, d, nullptr);
     VueTitre vueTitre(titre);

@@ -1,13 +1,11 @@
 // The first start on a desktop, in a temporary home: the user's folders as Qt names them, the
 // path file made there, and the base found in the data folder after a restart.
+#include "Vues.h"
 #include "core/Dialogue.h"
 #include "core/Etude.h"
-#include "core/FichierEtude.h"
 #include "core/FichierIni.h"
-#include "core/Registre.h"
 #include "database/BaseEtudesSql.h"
 #include "database/Import.h"
-#include "relays/Relais.h"
 #include "shell/Ouverture.h"
 
 #include <QCoreApplication>
@@ -68,13 +66,7 @@ TEST(Configuration, PremierDemarragePuisBaseRetrouvee) {
     ASSERT_EQ(d.Messages().size(), 1u);
 
     // A study saved into the base of the first start...
-    InscrireRelais();
-    InitRegistre(e);
-    PreparerOuverture(e);
-    LireFichierEtude(fs::path(TOURNESOL_EXEMPLES) / "champagnier-grande-ile-225kV.json", e);
-    OptionsReport options;
-    options.Choisir(e.TypeReportCharge);
-    InitEtude(e, d, options);
+    OuvrirExemple(e, d, "champagnier-grande-ile-225kV.json");
     {
         BaseEtudesSql base(e.Rep_appli);
         ASSERT_TRUE(ImporterEtude(base, e, d));

@@ -4,7 +4,6 @@
 #include "Vues.h"
 #include "core/Dialogue.h"
 #include "core/Etude.h"
-#include "core/FichierEtude.h"
 #include "core/Registre.h"
 #include "core/views/DialogueQt.h"
 #include "core/views/Lieur.h"
@@ -15,7 +14,6 @@
 #include "network/ReportCharge.h"
 #include "relays/PanneauProtection.h"
 #include "relays/Relais.h"
-#include "shell/Ouverture.h"
 #include "shell/PanneauDemarre.h"
 #include "shell/PanneauTitre.h"
 #include "shell/views/VueDemarre.h"
@@ -32,7 +30,6 @@
 #include <QTabBar>
 #include <QTabWidget>
 #include <QTest>
-#include <filesystem>
 #include <gtest/gtest.h>
 
 using namespace tournesol;
@@ -42,17 +39,6 @@ namespace {
 // The room a window has on the smaller of the two screens, its frame and title and a task bar
 // taken away.
 const QSize PLACE(1280 - 16, 720 - 48);
-
-void Ouvrir(const char* exemple, Etude& e) {
-    InscrireRelais();
-    InitRegistre(e);
-    PreparerOuverture(e);
-    LireFichierEtude(std::filesystem::path(TOURNESOL_EXEMPLES) / exemple, e);
-    DialogueSansFenetre d;
-    OptionsReport options;
-    options.Choisir(e.TypeReportCharge);
-    InitEtude(e, d, options);
-}
 
 // The window fits the room, and each of the named widgets is seen whole inside it once the
 // window takes the room's size.
@@ -78,8 +64,8 @@ void Tient(QWidget& fenetre, std::initializer_list<const char*> visibles = {}) {
 
 TEST(FenetresPortables, LaFenetreDeTravailEtLePanneauDuRelaisTiennent) {
     Etude e;
-    Ouvrir("champagnier-grande-ile-225kV.json", e);
     DialogueSansFenetre d;
+    OuvrirExemple(e, d, "champagnier-grande-ile-225kV.json");
     OptionsReport options;
     options.Choisir(e.TypeReportCharge);
     PanneauDemarre demarre(e, d, options, nullptr, std::nullopt);
@@ -112,8 +98,8 @@ TEST(FenetresPortables, ChaquePanneauDuReseauTient) {
     for (const char* exemple :
          {"champagnier-grande-ile-225kV.json", "beaurepaire-montmeyran-laroche-90kV-3bouts.json"}) {
         Etude e;
-        Ouvrir(exemple, e);
         DialogueSansFenetre d;
+        OuvrirExemple(e, d, exemple);
         std::vector<std::unique_ptr<Panneau>> panneaux;
         panneaux.push_back(std::make_unique<PanneauOptionsReseau>(e));
         panneaux.push_back(std::make_unique<PanneauValeursReseau>(e));
@@ -204,7 +190,8 @@ TEST(FenetresPortables, LAProposSeFermeAuPremierGesteEtMontreSonLogo) {
 
 TEST(FenetresPortables, LesCadresSansObjetSeCachentEtLAideSuitLePointeur) {
     Etude e;
-    Ouvrir("champagnier-grande-ile-225kV.json", e); // two ends, 225 kV
+    DialogueSansFenetre d;
+    OuvrirExemple(e, d, "champagnier-grande-ile-225kV.json"); // two ends, 225 kV
     PanneauOptionsReseau options(e);
     FenetrePanneau fenetre(options);
     fenetre.ConstruireGenerique();
@@ -232,8 +219,8 @@ TEST(FenetresPortables, LesCadresSansObjetSeCachentEtLAideSuitLePointeur) {
 
 TEST(FenetresPortables, LOutilEnfonceEtLaLegendeEchantillonnee) {
     Etude e;
-    Ouvrir("champagnier-grande-ile-225kV.json", e);
     DialogueSansFenetre d;
+    OuvrirExemple(e, d, "champagnier-grande-ile-225kV.json");
     OptionsReport options;
     options.Choisir(e.TypeReportCharge);
     PanneauDemarre demarre(e, d, options, nullptr, std::nullopt);

@@ -6,9 +6,7 @@
 #include "../../shell/views/Vues.h"
 #include "core/Dialogue.h"
 #include "core/Etude.h"
-#include "core/FichierEtude.h"
 #include "core/Magasin.h"
-#include "core/Registre.h"
 #include "core/views/DialogueQt.h"
 #include "core/views/Lieur.h"
 #include "database/BaseEtudesSql.h"
@@ -33,14 +31,8 @@ namespace {
 
 void Importer(BaseEtudesSql& base, const char* fichier) {
     Etude e;
-    InscrireRelais();
-    InitRegistre(e);
-    PreparerOuverture(e);
-    LireFichierEtude(std::string(TOURNESOL_EXEMPLES) + "/" + fichier, e);
     DialogueSansFenetre d;
-    OptionsReport options;
-    options.Choisir(e.TypeReportCharge);
-    InitEtude(e, d, options);
+    OuvrirExemple(e, d, fichier);
     ASSERT_TRUE(ImporterEtude(base, e, d)) << fichier;
 }
 
