@@ -158,4 +158,28 @@ DescriptionChamp ChampTempo(std::string nom, std::string legende, std::string gr
     return d;
 }
 
+void ZonesSouhaiteesDeLaLigne(Etude& e) {
+    if (e.PanneauRelais) {
+        e.X1_HT = e.Ligne_Xprim1;
+        e.X2_HT = e.Ligne_Xprim2;
+        e.X3_HT = e.Ligne_Xprim3;
+        e.X4_HT = e.Ligne_Xprim3 - e.XL_eq;
+    }
+    e.X1_BT = Div(e.X1_HT, e.Kz);
+    e.X2_BT = Div(e.X2_HT, e.Kz);
+    e.X3_BT = Div(e.X3_HT, e.Kz);
+    e.X4_BT = Div(e.X4_HT, e.Kz);
+}
+
+void ZonesEnPrimaire(Etude& e) {
+    e.X1_HT = Verifier(e.X1_BT * e.Kz);
+    e.X2_HT = Verifier(e.X2_BT * e.Kz);
+    e.X3_HT = Verifier(e.X3_BT * e.Kz);
+    e.X4_HT = Verifier(e.X4_BT * e.Kz);
+    e.X1reg_HT = Verifier(e.X1reg_BT * e.Kz);
+    e.X2reg_HT = Verifier(e.X2reg_BT * e.Kz);
+    e.X3reg_HT = Verifier(e.X3reg_BT * e.Kz);
+    e.X4reg_HT = Verifier(e.X4reg_BT * e.Kz);
+}
+
 } // namespace tournesol

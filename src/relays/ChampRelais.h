@@ -210,4 +210,11 @@ double ArrondirAuPas(const DescriptionChamp& d, double valeur);
 // a multiple of it up to the noise of the division stays where it is; nothing without a step.
 double ArrondirAuPas(double valeur, double pas, ModeArrondi arrondi);
 
+// The four reaches the zone relays share (X1 to X4, desired then set): in mode "Return" the
+// desired ones from the line (zones 1 to 3, the backward zone the third less the line), then
+// their secondary values.
+void ZonesSouhaiteesDeLaLigne(Etude& e);
+// The primary images of the four desired and the four set reaches.
+void ZonesEnPrimaire(Etude& e);
+
 } // namespace tournesol

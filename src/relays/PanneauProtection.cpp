@@ -335,3 +335,22 @@ bool PanneauProtection::Fermer() {
 }
 
 } // namespace tournesol
+
+namespace tournesol {
+
+std::vector<DescriptionChamp> ChampsTemposEtTeleaction(const std::string& feuille,
+                                                       const std::array<const char*, 4>& legendes,
+                                                       double max, double pas) {
+    static constexpr std::array<Entier16 Etude::*, 4> TEMPOS{&Etude::T1, &Etude::T2, &Etude::T3,
+                                                             &Etude::T4};
+    std::vector<DescriptionChamp> t;
+    for (std::size_t i = 0; i < 4; ++i)
+        if (legendes[i])
+            t.push_back(ChampTempo("txtt" + std::to_string(i + 1), legendes[i],
+                                   GroupeFeuille(feuille, "Timers"), TEMPOS[i], max, pas));
+    const auto signal = ChampsTeleaction(GroupeFeuille(feuille, "Signalling scheme"));
+    t.insert(t.end(), signal.begin(), signal.end());
+    return t;
+}
+
+} // namespace tournesol

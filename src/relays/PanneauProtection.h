@@ -18,6 +18,7 @@
 #include "relays/ChampRelais.h"
 #include "relays/PanneauTable.h"
 
+#include <array>
 #include <functional>
 #include <memory>
 #include <string>
@@ -176,7 +177,7 @@ private:
 
     int id_;
     std::vector<EtapeCalcul> etapes_;
-    std::string avisCentrale_; // the plant link notice; empty without it
+    std::string avisCentrale_;                  // the plant link notice; empty without it
     const Signalisation* teleaction_ = nullptr; // the signalling options, when the panel has them
     bool altActif_ = false;
     bool chaineArretee_ = false;
@@ -190,6 +191,13 @@ ChampsTeleaction(const std::string& groupe,
                  const std::string& legendeAcceleration = "acceleration",
                  const std::string& legendeVerrouillage = "Blocking overreach",
                  const Signalisation& options = SignalisationCommune());
+
+// The sheet of the four step timers txtt1 to txtt4 (frame "Timers", T1 to T4 up to `max` ms, to
+// the relay's step) and the common signalling options (frame "Signalling scheme"). A timer
+// without a caption has no field (a relay whose first zone is instantaneous).
+std::vector<DescriptionChamp> ChampsTemposEtTeleaction(const std::string& feuille,
+                                                       const std::array<const char*, 4>& legendes,
+                                                       double max, double pas);
 
 // The drawing that OK runs in mode "Return", once the plane is fitted: whoever owns the plane
 // registers it; without it the diagram is only marked as out of date.

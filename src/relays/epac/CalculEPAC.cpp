@@ -41,38 +41,16 @@ void ArrondirZonesEPAC(Etude& e) {
     e.X2reg_BT = Portee(e.X2_BT, unite, ModeArrondi::Dessus);
     e.X3reg_BT = Portee(e.X3_BT, unite, ModeArrondi::Dessus);
     e.X4reg_BT = Portee(e.X4_BT, unite, ModeArrondi::Dessus);
-    e.X1_HT = Verifier(e.X1_BT * e.Kz);
-    e.X2_HT = Verifier(e.X2_BT * e.Kz);
-    e.X3_HT = Verifier(e.X3_BT * e.Kz);
-    e.X4_HT = Verifier(e.X4_BT * e.Kz);
-    e.X1reg_HT = Verifier(e.X1reg_BT * e.Kz);
-    e.X2reg_HT = Verifier(e.X2reg_BT * e.Kz);
-    e.X3reg_HT = Verifier(e.X3reg_BT * e.Kz);
-    e.X4reg_HT = Verifier(e.X4reg_BT * e.Kz);
+    ZonesEnPrimaire(e);
 }
 
 void CalculZonesEPAC(Etude& e) {
-    if (e.PanneauRelais) {
-        e.X1_HT = e.Ligne_Xprim1;
-        e.X2_HT = e.Ligne_Xprim2;
-        e.X3_HT = e.Ligne_Xprim3;
-        e.X4_HT = e.Ligne_Xprim3 - e.XL_eq;
-    }
-    e.X1_BT = Div(e.X1_HT, e.Kz);
-    e.X2_BT = Div(e.X2_HT, e.Kz);
-    e.X3_BT = Div(e.X3_HT, e.Kz);
-    e.X4_BT = Div(e.X4_HT, e.Kz);
+    ZonesSouhaiteesDeLaLigne(e);
     ArrondirZonesEPAC(e);
 }
 
 void BandesPompageEPAC(Etude& e) {
-    RelaisEPAC& r = e.EPAC;
-    if (e.Pompage) {
-        r.BandeX = static_cast<float>(Div(11.0 * e.Kz, e.Is));
-        r.BandeR = static_cast<float>(Div(7.5 * e.Kz, e.Is));
-    } else {
-        r.BandeX = r.BandeR = 0.0F;
-    }
+    BandesPompage(e, e.EPAC.BandeX, e.EPAC.BandeR);
 }
 
 void CalculResistanceEPAC(Etude& e, Dialogue& d) {

@@ -138,21 +138,14 @@ std::vector<DescriptionChamp> ChampsDeMiseEnRoute() {
     return t;
 }
 
-DescriptionChamp Tempo(std::string nom, std::string legende, Entier16 Etude::*t) {
-    return ChampTempo(std::move(nom), std::move(legende), GroupeFeuille(TIMERS, "Timers"), t,
-                      T_MAX_EPAC, 10.0);
-}
-
 const TableChamps& ChampsEPAC() {
     static const TableChamps table = [] {
         std::vector<DescriptionChamp> t;
-        for (auto&& partie :
-             {ChampsDesZones(), ChampsDeMiseEnRoute(),
-              std::vector<DescriptionChamp>{Tempo("txtt1", "First zone T1 =", &Etude::T1),
-                                            Tempo("txtt2", "Second zone T2 =", &Etude::T2),
-                                            Tempo("txtt3", "Third zone T3 =", &Etude::T3),
-                                            Tempo("txtt4", "Backward zone T4 =", &Etude::T4)},
-              ChampsTeleaction(GroupeFeuille(TIMERS, "Signalling scheme"))})
+        for (auto&& partie : {ChampsDesZones(), ChampsDeMiseEnRoute(),
+                              ChampsTemposEtTeleaction(TIMERS,
+                                                       {"First zone T1 =", "Second zone T2 =",
+                                                        "Third zone T3 =", "Backward zone T4 ="},
+                                                       T_MAX_EPAC, 10.0)})
             t.insert(t.end(), partie.begin(), partie.end());
         return TableChamps(std::move(t));
     }();

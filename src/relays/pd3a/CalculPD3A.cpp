@@ -6,6 +6,7 @@
 #include "core/Numerique.h"
 #include "diagnostics/Diagnostics.h"
 #include "network/Transit.h"
+#include "relays/ChampRelais.h"
 
 #include <algorithm>
 #include <array>
@@ -151,27 +152,21 @@ void ArrondirZonesPD3A(Etude& e) {
 }
 
 void CalculZonesPD3A(Etude& e) {
-    if (e.PanneauRelais) {
-        e.X1_HT = e.Ligne_Xprim1;
-        e.X2_HT = e.Ligne_Xprim2;
-        e.X3_HT = e.Ligne_Xprim3;
-        e.X4_HT = e.Ligne_Xprim3 - e.XL_eq;
-    }
-    e.X1_BT = Div(e.X1_HT, e.Kz);
-    e.X2_BT = Div(e.X2_HT, e.Kz);
-    e.X3_BT = Div(e.X3_HT, e.Kz);
-    e.X4_BT = Div(e.X4_HT, e.Kz);
+    ZonesSouhaiteesDeLaLigne(e);
     ArrondirZonesPD3A(e);
 }
 
-void BandesPompagePD3A(Etude& e) {
-    RelaisPD3A& r = e.PD3A;
+void BandesPompage(const Etude& e, float& bandeX, float& bandeR) {
     if (e.Pompage) {
-        r.BandeX = static_cast<float>(Div(11.0 * e.Kz, e.Is));
-        r.BandeR = static_cast<float>(Div(7.5 * e.Kz, e.Is));
+        bandeX = static_cast<float>(Div(11.0 * e.Kz, e.Is));
+        bandeR = static_cast<float>(Div(7.5 * e.Kz, e.Is));
     } else {
-        r.BandeX = r.BandeR = 0.0F;
+        bandeX = bandeR = 0.0F;
     }
+}
+
+void BandesPompagePD3A(Etude& e) {
+    BandesPompage(e, e.PD3A.BandeX, e.PD3A.BandeR);
 }
 
 double DistanceTransitPD3A(const Etude& e) {

@@ -49,7 +49,9 @@ void ResistanceTransitParallelogramme(Etude& e, Dialogue& d, double bandeR);
 // the margin 0.9 / 1.1, once the area is pulled to the 30, 150, 210 and 330 degree sectors.
 double DistanceTransitPD3A(const Etude& e);
 
-// The out-of-step bands in primary ohms, from Pompage.
+// The out-of-step bands in primary ohms, from Pompage: 11 and 7.5 secondary ohms at 1 A; the
+// EPAC's are the same.
+void BandesPompage(const Etude& e, float& bandeX, float& bandeR);
 void BandesPompagePD3A(Etude& e);
 
 // The desired secondary resistance typed by the user: within 0 to 80, its primary image, the

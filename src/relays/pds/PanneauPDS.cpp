@@ -105,25 +105,18 @@ std::vector<DescriptionChamp> ChampsDuDemarrage() {
     return t;
 }
 
-DescriptionChamp Tempo(std::string nom, std::string legende, Entier16 Etude::*t) {
-    return ChampTempo(std::move(nom), std::move(legende), GroupeFeuille(TIMERS, "Timers"), t,
-                      9900.0, 100.0);
-}
-
 const TableChamps& ChampsPDS() {
     static const TableChamps table = [] {
         std::vector<DescriptionChamp> t;
         for (auto&& partie :
              {ChampsDesZones(), ChampsDuDemarrage(),
-              std::vector<DescriptionChamp>{
-                  {.Nom = "lblT1",
-                   .Legende = "First zone: instantaneous",
-                   .Groupe = GroupeFeuille(TIMERS, "Timers"),
-                   .Genre = GenreChamp::Etiquette},
-                  Tempo("txtt2", "Second zone T2 =", &Etude::T2),
-                  Tempo("txtt3", "Third zone (forward starting) T3 =", &Etude::T3),
-                  Tempo("txtt4", "Fourth zone (backward starting) T4 =", &Etude::T4)},
-              ChampsTeleaction(GroupeFeuille(TIMERS, "Signalling scheme"))})
+              std::vector<DescriptionChamp>{ChampEtiquette("lblT1", "First zone: instantaneous",
+                                                           GroupeFeuille(TIMERS, "Timers"))},
+              ChampsTemposEtTeleaction(TIMERS,
+                                       {nullptr,
+                                        "Second zone T2 =", "Third zone (forward starting) T3 =",
+                                        "Fourth zone (backward starting) T4 ="},
+                                       9900.0, 100.0)})
             t.insert(t.end(), partie.begin(), partie.end());
         return TableChamps(std::move(t));
     }();

@@ -8,6 +8,7 @@
 #include "diagnostics/Diagnostics.h"
 #include "diagnostics/ReglesGuide.h"
 #include "network/Transit.h"
+#include "relays/ChampRelais.h"
 #include "relays/pd3a/CalculPD3A.h"
 
 #include <algorithm>
@@ -44,27 +45,11 @@ void ArrondirReactances(Etude& e, const GammeReglage& gamme) {
     e.X2reg_BT = ReglerAuPas(e.X2_BT, gamme, is, ModeArrondi::Dessus);
     e.X3reg_BT = ReglerAuPas(e.X3_BT, gamme, is, ModeArrondi::Dessus);
     e.X4reg_BT = ReglerAuPas(e.X4_BT, gamme, is, ModeArrondi::Dessus);
-    e.X1_HT = Verifier(e.X1_BT * e.Kz);
-    e.X2_HT = Verifier(e.X2_BT * e.Kz);
-    e.X3_HT = Verifier(e.X3_BT * e.Kz);
-    e.X4_HT = Verifier(e.X4_BT * e.Kz);
-    e.X1reg_HT = Verifier(e.X1reg_BT * e.Kz);
-    e.X2reg_HT = Verifier(e.X2reg_BT * e.Kz);
-    e.X3reg_HT = Verifier(e.X3reg_BT * e.Kz);
-    e.X4reg_HT = Verifier(e.X4reg_BT * e.Kz);
+    ZonesEnPrimaire(e);
 }
 
 void CalculZonesREL100(Etude& e) {
-    if (e.PanneauRelais) {
-        e.X1_HT = e.Ligne_Xprim1;
-        e.X2_HT = e.Ligne_Xprim2;
-        e.X3_HT = e.Ligne_Xprim3;
-        e.X4_HT = e.Ligne_Xprim3 - e.XL_eq;
-    }
-    e.X1_BT = Div(e.X1_HT, e.Kz);
-    e.X2_BT = Div(e.X2_HT, e.Kz);
-    e.X3_BT = Div(e.X3_HT, e.Kz);
-    e.X4_BT = Div(e.X4_HT, e.Kz);
+    ZonesSouhaiteesDeLaLigne(e);
     ArrondirZonesREL100(e);
 }
 

@@ -136,27 +136,16 @@ std::vector<DescriptionChamp> ChampsResistance() {
     return t;
 }
 
-DescriptionChamp Tempo(const char* nom, const char* legende, Entier16 Etude::*v) {
-    return ChampTempo(nom, legende, GroupeFeuille(TEMPOS, "Timers"), v, 9990.0, 10.0);
-}
-
-std::vector<DescriptionChamp> ChampsTempos() {
-    std::vector<DescriptionChamp> t{
-        Tempo("txtt1", "T1 = first zone timer", &Etude::T1),
-        Tempo("txtt2", "T2 = second zone timer", &Etude::T2),
-        Tempo("txtt3", "T3 = forward pick up timer", &Etude::T3),
-        Tempo("txtt4", "T4 = backward pick up timer", &Etude::T4),
-    };
-    const auto signal = ChampsTeleaction(GroupeFeuille(TEMPOS, "Signalling scheme"));
-    t.insert(t.end(), signal.begin(), signal.end());
-    return t;
-}
-
 // Every field of the panel, in the order of its sheets, under the relay's label.
 const TableChamps& ChampsREL100() {
     static const TableChamps table = [] {
         std::vector<DescriptionChamp> t{ChampEtiquette("lblRelais", PanneauREL100::LIBELLE, "")};
-        for (auto&& partie : {ChampsZones(), ChampsResistance(), ChampsTempos()})
+        for (auto&& partie : {ChampsZones(), ChampsResistance(),
+                              ChampsTemposEtTeleaction(
+                                  TEMPOS,
+                                  {"T1 = first zone timer", "T2 = second zone timer",
+                                   "T3 = forward pick up timer", "T4 = backward pick up timer"},
+                                  9990.0, 10.0)})
             t.insert(t.end(), partie.begin(), partie.end());
         return TableChamps(std::move(t));
     }();

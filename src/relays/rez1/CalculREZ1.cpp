@@ -5,22 +5,14 @@
 #include "core/Numerique.h"
 #include "diagnostics/Diagnostics.h"
 #include "diagnostics/ReglesGuide.h"
+#include "relays/ChampRelais.h"
 
 #include <algorithm>
 
 namespace tournesol {
 
 void CalculZonesREZ1(Etude& e) {
-    if (e.PanneauRelais) {
-        e.X1_HT = e.Ligne_Xprim1;
-        e.X2_HT = e.Ligne_Xprim2;
-        e.X3_HT = e.Ligne_Xprim3;
-        e.X4_HT = e.Ligne_Xprim3 - e.XL_eq;
-    }
-    e.X1_BT = Div(e.X1_HT, e.Kz);
-    e.X2_BT = Div(e.X2_HT, e.Kz);
-    e.X3_BT = Div(e.X3_HT, e.Kz);
-    e.X4_BT = Div(e.X4_HT, e.Kz);
+    ZonesSouhaiteesDeLaLigne(e);
     ArrondirReactances(e, GAMME_X_REZ1);
 }
 
