@@ -110,26 +110,10 @@ std::vector<DescriptionChamp> ChampsResistance() {
          .Groupe = portee,
          .Valeur = Lien(&Etude::REL100, &RelaisREL100::RsurX)},
     };
-    const std::string angle = GroupeFeuille(RESISTANCE, "Characteristic angle and earth factor");
-    t.push_back({.Nom = "txtteta",
-                 .Legende = "Characteristic angle (45 to 85, steps of 5)",
-                 .Unite = "degrees",
-                 .Format = "#0",
-                 .Min = GAMME_ANGLE_REL100.Min,
-                 .Max = GAMME_ANGLE_REL100.Max,
-                 .Groupe = angle,
-                 .Saisie = true,
-                 .Valeur = Lien(&Etude::teta),
-                 .Pas = GAMME_ANGLE_REL100.Pas});
-    t.push_back({.Nom = "txtko",
-                 .Legende = "Earth factor ko (0 to 2.5, steps of 0.05)",
-                 .Format = "#0.00",
-                 .Min = GAMME_KO_REL100.Min,
-                 .Max = GAMME_KO_REL100.Max,
-                 .Groupe = angle,
-                 .Saisie = true,
-                 .Valeur = Lien(&Etude::ko_reg),
-                 .Pas = GAMME_KO_REL100.Pas});
+    const auto angle = ChampsAngleEtKo(RESISTANCE, GAMME_ANGLE_REL100, GAMME_KO_REL100,
+                                       "Characteristic angle (45 to 85, steps of 5)",
+                                       "Earth factor ko (0 to 2.5, steps of 0.05)", "#0.00");
+    t.insert(t.end(), angle.begin(), angle.end());
     t.push_back(ChampEtiquette("lblPompage",
                                "The external out of step zone is the pick up enlarged 1.25 times",
                                GroupeFeuille(RESISTANCE, "Out of step")));
@@ -181,6 +165,31 @@ void PanneauREL100::ApresSaisie(const DescriptionChamp& champ, double /*valeur*/
         ArrondirResistanceREL100(e_);
         RecalculDepuis("Tempos");
     }
+}
+
+std::vector<DescriptionChamp> ChampsAngleEtKo(const std::string& feuille, const GammeReglage& angle,
+                                              const GammeReglage& ko, std::string legendeAngle,
+                                              std::string legendeKo, std::string formatKo) {
+    const std::string cadre = GroupeFeuille(feuille, "Characteristic angle and earth factor");
+    return {{.Nom = "txtteta",
+             .Legende = std::move(legendeAngle),
+             .Unite = "degrees",
+             .Format = "#0",
+             .Min = angle.Min,
+             .Max = angle.Max,
+             .Groupe = cadre,
+             .Saisie = true,
+             .Valeur = Lien(&Etude::teta),
+             .Pas = angle.Pas},
+            {.Nom = "txtko",
+             .Legende = std::move(legendeKo),
+             .Format = std::move(formatKo),
+             .Min = ko.Min,
+             .Max = ko.Max,
+             .Groupe = cadre,
+             .Saisie = true,
+             .Valeur = Lien(&Etude::ko_reg),
+             .Pas = ko.Pas}};
 }
 
 } // namespace tournesol

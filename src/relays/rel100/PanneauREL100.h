@@ -6,6 +6,10 @@
 #pragma once
 
 #include "relays/PanneauProtection.h"
+#include "relays/rel100/CalculREL100.h"
+
+#include <string>
+#include <vector>
 
 namespace tournesol {
 
@@ -20,5 +24,11 @@ protected:
     CadrePlan CadreDuPlan() override;
     void ApresSaisie(const DescriptionChamp& champ, double valeur) override;
 };
+
+// The frame "Characteristic angle and earth factor" of the sheet `feuille`, which the REZ1 shares:
+// the angle teta in degrees and the earth factor ko, typed within their ranges to their steps.
+std::vector<DescriptionChamp> ChampsAngleEtKo(const std::string& feuille, const GammeReglage& angle,
+                                              const GammeReglage& ko, std::string legendeAngle,
+                                              std::string legendeKo, std::string formatKo);
 
 } // namespace tournesol

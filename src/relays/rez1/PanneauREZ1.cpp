@@ -1,6 +1,7 @@
 #include "relays/rez1/PanneauREZ1.h"
 
 #include "core/Etude.h"
+#include "relays/rel100/PanneauREL100.h"
 #include "relays/rez1/CalculREZ1.h"
 
 #include <array>
@@ -143,26 +144,10 @@ std::vector<DescriptionChamp> ChampsResistance() {
          .Groupe = portee,
          .Valeur = Rez1(&RelaisREZ1::RsurX)},
     };
-    const std::string angle = GroupeFeuille(RESISTANCE, "Characteristic angle and earth factor");
-    t.push_back({.Nom = "txtteta",
-                 .Legende = "Characteristic angle (50 to 85, steps of 5)",
-                 .Unite = "degrees",
-                 .Format = "#0",
-                 .Min = GAMME_ANGLE_REZ1.Min,
-                 .Max = GAMME_ANGLE_REZ1.Max,
-                 .Groupe = angle,
-                 .Saisie = true,
-                 .Valeur = Lien(&Etude::teta),
-                 .Pas = GAMME_ANGLE_REZ1.Pas});
-    t.push_back({.Nom = "txtko",
-                 .Legende = "Earth factor ko (0 to 3, steps of 0.1)",
-                 .Format = "#0.0",
-                 .Min = GAMME_KO_REZ1.Min,
-                 .Max = GAMME_KO_REZ1.Max,
-                 .Groupe = angle,
-                 .Saisie = true,
-                 .Valeur = Lien(&Etude::ko_reg),
-                 .Pas = GAMME_KO_REZ1.Pas});
+    const auto angle = ChampsAngleEtKo(RESISTANCE, GAMME_ANGLE_REZ1, GAMME_KO_REZ1,
+                                       "Characteristic angle (50 to 85, steps of 5)",
+                                       "Earth factor ko (0 to 3, steps of 0.1)", "#0.0");
+    t.insert(t.end(), angle.begin(), angle.end());
     return t;
 }
 
